@@ -1,0 +1,79 @@
+# Helpers that make a layer, a test or a bench of one line.
+
+# One precompiled header for everything that includes Qt.
+add_library(OrimPch OBJECT "${CMAKE_CURRENT_LIST_DIR}/pch.cpp")
+target_link_libraries(OrimPch PUBLIC ${ORIM_QT}::Widgets)
+set_target_properties(OrimPch PROPERTIES AUTOMOC OFF AUTORCC OFF)
+if(ORIM_PCH)
+  target_precompile_headers(OrimPch PRIVATE <QtWidgets> <algorithm> <array> <cmath> <functional> <limits> <map> <memory>
+                            <string> <vector>)
+endif()
+
+function(orim_use_pch target)
+  if(ORIM_PCH)
+    target_precompile_headers(${target} REUSE_FROM OrimPch)
+  endif()
+endfunction()
+
+# orim_add_layer(name SOURCES ... BELOW layer ...)
+# A folder of contracts. It sees its own headers and those of the layers below it, and no others, so that an include
+# which points up does not compile.
+function(orim_add_layer name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;BELOW" ${ARGN})
+  if(NOT ARG_SOURCES)
+    target_include_directories(OrimContracts PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
+    return()
+  endif()
+  add_library(OrimLayer_${name} OBJECT ${ARG_SOURCES})
+  target_compile_definitions(OrimLayer_${name} PRIVATE OrimContracts_EXPORTS)
+  target_include_directories(OrimLayer_${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}"
+                             "${CMAKE_BINARY_DIR}/contracts")
+  foreach(below IN LISTS ARG_BELOW)
+    target_include_directories(OrimLayer_${name} PRIVATE "${CMAKE_SOURCE_DIR}/contracts/${below}")
+  endforeach()
+  target_link_libraries(OrimLayer_${name} PUBLIC ${ORIM_QT}::Widgets)
+  orim_use_pch(OrimLayer_${name})
+  target_sources(OrimContracts PRIVATE $<TARGET_OBJECTS:OrimLayer_${name}>)
+  target_include_directories(OrimContracts PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
+endfunction()
+
+# orim_add_test(tst_name [LIBS target ...] [SOURCES extra.cpp ...] [LABELS label ...] [TIMEOUT seconds] [PLAIN])
+# A test program tst_name.cpp under CTest: offscreen, own home, C locale, UTC. PLAIN leaves out the Qt test rules on
+# warnings, for programs that are no QtTest.
+function(orim_add_test name)
+  cmake_parse_arguments(ARG "PLAIN" "TIMEOUT" "LIBS;SOURCES;LABELS" ${ARGN})
+  add_executable(${name} ${name}.cpp ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE OrimTestSupport ${ARG_LIBS} ${ORIM_QT}::Test ${ORIM_QT}::Widgets)
+  target_compile_definitions(${name} PRIVATE "ORIM_RECORDINGS_DIR=\"${ORIM_RECORDINGS_DIR}\"")
+  orim_use_pch(${name})
+  add_test(NAME ${name} COMMAND ${name})
+  orim_stage_test(${name} TIMEOUT ${ARG_TIMEOUT} LABELS ${ARG_LABELS})
+  if(NOT ARG_PLAIN)
+    set_tests_properties(${name} PROPERTIES FAIL_REGULAR_EXPRESSION "QWARN|QCRITICAL|QSYSTEM")
+  endif()
+endfunction()
+
+# orim_stage_test(name [TIMEOUT seconds] [LABELS label ...])
+# The environment of a test that exists: a home inside the build tree, never the user's.
+function(orim_stage_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "LABELS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  set(home "${CMAKE_BINARY_DIR}/homes/${name}")
+  file(MAKE_DIRECTORY "${home}/config" "${home}/data" "${home}/cache" "${home}/run")
+  file(CHMOD "${home}/run" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${ARG_TIMEOUT}
+    LABELS "${ARG_LABELS}"
+    ENVIRONMENT
+    "HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home}/run;QT_QPA_PLATFORM=offscreen;QT_NO_GLIB=1;QT_LOGGING_RULES=qt.qpa.*=false;LC_ALL=C;TZ=UTC;ASAN_OPTIONS=detect_leaks=1:abort_on_error=0;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+# orim_add_bench(bench_name [LIBS target ...])
+function(orim_add_bench name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  add_executable(${name} ${name}.cpp)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} ${ORIM_QT}::Widgets benchmark::benchmark)
+  orim_use_pch(${name})
+endfunction()

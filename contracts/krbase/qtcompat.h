@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_QTCOMPAT_H
+#define ORIM_QTCOMPAT_H
+
+// The one header that asks for the Qt version. All other code names what stands here.
+
+#include <QMouseEvent>
+#include <QPoint>
+#include <QPointF>
+#include <QtGlobal>
+#include <QWheelEvent>
+
+#include <cstdlib>
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+#include <QEnterEvent>
+using EnterEvent = QEnterEvent; //!< what enterEvent() receives
+
+//! Position of a mouse event in the widget, px.
+inline QPointF Position(QMouseEvent const * event) { return event->position(); }
+//! Position of a mouse event on the screen, px.
+inline QPointF GlobalPosition(QMouseEvent const * event) { return event->globalPosition(); }
+#else
+#include <QEvent>
+using EnterEvent = QEvent; //!< what enterEvent() receives
+
+inline QPointF Position(QMouseEvent const * event) { return event->localPos(); }
+inline QPointF GlobalPosition(QMouseEvent const * event) { return event->screenPos(); }
+#endif
+
+//! Turn of a wheel in eighths of a degree: the part of the angle that is larger in magnitude.
+inline int WheelDelta(QWheelEvent const * event)
+{
+    QPoint const angle = event->angleDelta();
+    return std::abs(angle.x()) > std::abs(angle.y()) ? angle.x() : angle.y();
+}
+
+#endif

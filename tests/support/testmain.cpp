@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "testmain.h"
+
+#include <QDir>
+#include <QFont>
+#include <QFontDatabase>
+#include <QLocale>
+
+#include <clocale>
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+//! The folder that holds bin/ of the build tree this program was built in.
+QString BuildRoot() { return QDir(QStringLiteral(ORIM_TEST_BUILD_ROOT)).canonicalPath(); }
+
+bool ConfigurationIsOurs()
+{
+    QString const config = QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).canonicalPath();
+    return !config.isEmpty() && config.startsWith(BuildRoot() + QLatin1Char('/'));
+}
+
+//! A program started by hand, outside CTest, gets a home of its own in the build tree.
+void ProvideHome()
+{
+    if (ConfigurationIsOurs())
+        return;
+    QString const home = BuildRoot() + QLatin1String("/homes/by-hand");
+    for (auto const & [variable, folder] : { std::pair { "HOME", "" }, { "XDG_CONFIG_HOME", "/config" },
+                                             { "XDG_DATA_HOME", "/data" }, { "XDG_CACHE_HOME", "/cache" } }) {
+        QString const path = home + QLatin1String(folder);
+        QDir().mkpath(path);
+        qputenv(variable, path.toLocal8Bit());
+    }
+}
+
+} // namespace
+
+void TestStage::BeforeApplication()
+{
+    ProvideHome();
+    if (!ConfigurationIsOurs()) {
+        std::fprintf(stderr, "The configuration root lies outside the build tree: refusing to run.\n");
+        std::exit(2);
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_NO_GLIB", "1");
+    qputenv("TZ", "UTC");
+    tzset();
+    std::setlocale(LC_ALL, "C");
+    QLocale::setDefault(QLocale::c());
+}
+
+void TestStage::AfterApplication()
+{
+    std::setlocale(LC_ALL, "C");
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+}

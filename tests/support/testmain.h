@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_TESTMAIN_H
+#define ORIM_TESTMAIN_H
+
+#include <QApplication>
+#include <QtTest>
+
+namespace TestStage {
+
+//! Sets the stage before the application object exists: offscreen platform, C locale, UTC, and a configuration root that
+//! must lie inside the build tree, so that no test can touch the settings of the user who runs it. Ends the process with
+//! code 2 when it does not.
+void BeforeApplication();
+//! Sets the stage after it exists: the DejaVu font at 9 points, C locale for Qt, a store in memory.
+void AfterApplication();
+
+} // namespace TestStage
+
+//! The main function of a test of widgets.
+#define ORIM_TEST_MAIN(TestClass)                                                                                      \
+    int main(int argc, char * argv[])                                                                                  \
+    {                                                                                                                  \
+        TestStage::BeforeApplication();                                                                                \
+        QApplication application(argc, argv);                                                                          \
+        TestStage::AfterApplication();                                                                                 \
+        TestClass test;                                                                                                \
+        return QTest::qExec(&test, argc, argv);                                                                        \
+    }
+
+//! The main function of a test of cores, without a display.
+#define ORIM_CORE_TEST_MAIN(TestClass)                                                                                 \
+    int main(int argc, char * argv[])                                                                                  \
+    {                                                                                                                  \
+        TestStage::BeforeApplication();                                                                                \
+        QCoreApplication application(argc, argv);                                                                      \
+        TestClass test;                                                                                                \
+        return QTest::qExec(&test, argc, argv);                                                                        \
+    }
+
+#endif
