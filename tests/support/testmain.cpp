@@ -57,3 +57,30 @@ void TestStage::AfterApplication()
     std::setlocale(LC_ALL, "C");
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
 }
+
+bool TestStage::Sanitized()
+{
+#if defined(ORIM_TEST_SANITIZED)
+    return true;
+#else
+    return false;
+#endif
+}
+
+long long TestStage::Turns(long long shortForm, long long longForm)
+{
+    return qEnvironmentVariableIsSet("ORIM_LONG") ? longForm : shortForm;
+}
+
+unsigned long long TestStage::Seed()
+{
+    bool ok = false;
+    unsigned long long const seed = qEnvironmentVariable("ORIM_SEED").toULongLong(&ok);
+    return ok ? seed : 20260101ULL;
+}
+
+QString TestStage::Recordings()
+{
+    QString const folder = QStringLiteral(ORIM_RECORDINGS_DIR);
+    return QDir(folder).exists() ? QDir(folder).canonicalPath() : QString();
+}

@@ -14,6 +14,15 @@ void BeforeApplication();
 //! Sets the stage after it exists: the DejaVu font at 9 points, C locale for Qt, a store in memory.
 void AfterApplication();
 
+//! Whether this program was built with the sanitizers, where loops cost five to ten times as much.
+bool Sanitized();
+//! Turns of a loop: \a longForm when the environment variable ORIM_LONG is set, else \a shortForm.
+long long Turns(long long shortForm, long long longForm);
+//! Seed of random tests: the environment variable ORIM_SEED, else 20260101. Print it in the line of figures.
+unsigned long long Seed();
+//! Folder of recordings, without a closing slash; empty when it is absent: the test then skips.
+QString Recordings();
+
 } // namespace TestStage
 
 //! The main function of a test of widgets.
