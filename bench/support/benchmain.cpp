@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// The main function of every benchmark: runs them, then prints each time of a topic as a ratio to the limit and to ours.
-// A benchmark's name is Topic/who or Topic/who/size; "limit" is the best kernel we could write, "ours" the library.
+// The main function of every benchmark: runs them, then prints each time of a topic as a ratio to the limit and to
+// ours. A benchmark's name is Topic/who or Topic/who/size; "limit" is the best kernel we could write, "ours" the
+// library.
 
 #include <benchmark/benchmark.h>
 
@@ -55,7 +56,8 @@ private:
         std::string who;
         std::string const topic = TopicOf(run.run_name.str(), who);
         if (!topic.empty() && !run.error_occurred)
-            m_topics[topic].push_back({ who, run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) });
+            m_topics[topic].push_back(
+                { who, run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) });
     }
 
     static double TimeOf(std::vector<Entry> const & entries, char const * who)
