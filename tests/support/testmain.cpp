@@ -27,8 +27,10 @@ void ProvideHome()
     if (ConfigurationIsOurs())
         return;
     QString const home = BuildRoot() + QLatin1String("/homes/by-hand");
-    for (auto const & [variable, folder] : { std::pair { "HOME", "" }, { "XDG_CONFIG_HOME", "/config" },
-                                             { "XDG_DATA_HOME", "/data" }, { "XDG_CACHE_HOME", "/cache" } }) {
+    for (auto const & [variable, folder] : { std::pair{ "HOME", "" },
+                                             { "XDG_CONFIG_HOME", "/config" },
+                                             { "XDG_DATA_HOME", "/data" },
+                                             { "XDG_CACHE_HOME", "/cache" } }) {
         QString const path = home + QLatin1String(folder);
         QDir().mkpath(path);
         qputenv(variable, path.toLocal8Bit());
@@ -56,6 +58,15 @@ void TestStage::AfterApplication()
 {
     std::setlocale(LC_ALL, "C");
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+}
+
+void TestStage::HushPopups()
+{
+    static QtMessageHandler next = nullptr;
+    next = qInstallMessageHandler([](QtMsgType type, QMessageLogContext const & context, QString const & text) {
+        if (!text.startsWith(QLatin1String("This plugin does not support ")))
+            next(type, context, text);
+    });
 }
 
 bool TestStage::Sanitized()

@@ -7,12 +7,15 @@
 
 namespace TestStage {
 
-//! Sets the stage before the application object exists: offscreen platform, C locale, UTC, and a configuration root that
-//! must lie inside the build tree, so that no test can touch the settings of the user who runs it. Ends the process with
-//! code 2 when it does not.
+//! Sets the stage before the application object exists: offscreen platform, C locale, UTC, and a configuration root
+//! that must lie inside the build tree, so that no test can touch the settings of the user who runs it. Ends the
+//! process with code 2 when it does not.
 void BeforeApplication();
 //! Sets the stage after it exists: the DejaVu font at 9 points, C locale for Qt, a store in memory.
 void AfterApplication();
+//! Drops what the offscreen platform says about each popup that opens: that it cannot raise it nor grab keys for it.
+//! Call it from initTestCase() of a test that opens menus or combo boxes; all other messages go on.
+void HushPopups();
 
 //! Whether this program was built with the sanitizers, where loops cost five to ten times as much.
 bool Sanitized();
