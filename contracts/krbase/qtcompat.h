@@ -4,6 +4,7 @@
 
 // The one header that asks for the Qt version. All other code names what stands here.
 
+#include <QKeySequence>
 #include <QMouseEvent>
 #include <QPoint>
 #include <QPointF>
@@ -20,12 +21,15 @@ using EnterEvent = QEnterEvent; //!< what enterEvent() receives
 inline QPointF Position(QMouseEvent const * event) { return event->position(); }
 //! Position of a mouse event on the screen, px.
 inline QPointF GlobalPosition(QMouseEvent const * event) { return event->globalPosition(); }
+//! First key of a sequence with its modifiers in one number; 0 for an empty sequence.
+inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0].toCombined(); }
 #else
 #include <QEvent>
 using EnterEvent = QEvent; //!< what enterEvent() receives
 
 inline QPointF Position(QMouseEvent const * event) { return event->localPos(); }
 inline QPointF GlobalPosition(QMouseEvent const * event) { return event->screenPos(); }
+inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0]; }
 #endif
 
 //! Turn of a wheel in eighths of a degree: the part of the angle that is larger in magnitude.

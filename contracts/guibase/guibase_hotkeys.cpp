@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "guibase.h"
+
+#include <QAction>
+
+#include <algorithm>
+
+int GuiBase::AddHotKey(Qt::Key key, int modifiers, QObject * receiver, QString name, QString group, bool changeable,
+                       bool throughModal)
+{
+    HotKey hotKey;
+    hotKey.defaultCombination = HotKeyCombination::From(key, modifiers);
+    hotKey.receiver = receiver;
+    hotKey.name = std::move(name);
+    hotKey.group = std::move(group);
+    hotKey.changeable = changeable;
+    hotKey.throughModal = throughModal;
+    int const index = m_hotKeys.Add(std::move(hotKey));
+    if (index < 0)
+        return -1;
+    if (receiver)
+        connect(receiver, &QObject::destroyed, this, &GuiBase::HotKeysChanged, Qt::UniqueConnection);
+    HotKeysChanged();
+    return index;
+}
+
+int GuiBase::AddHotKey(Qt::Key key, int modifiers, QObject * receiver, wchar_t const * name, wchar_t const * group,
+                       bool changeable, bool throughModal)
+{
+    return AddHotKey(key, modifiers, receiver, name ? QString::fromWCharArray(name) : QString(),
+                     group ? QString::fromWCharArray(group) : QString(), changeable, throughModal);
+}
+
+int GuiBase::RemoveHotKey(Qt::Key key, int modifiers)
+{
+    int const index = GetIndex4HotKey(key, modifiers);
+    RemoveHotKey(index, false);
+    return index;
+}
+
+void GuiBase::RemoveHotKey(int index, bool)
+{
+    if (m_hotKeys.Remove(index))
+        HotKeysChanged();
+}
+
+void GuiBase::RemoveHotKeyReceiver(QObject * receiver)
+{
+    if (!m_hotKeys.RemoveReceiver(receiver).empty())
+        HotKeysChanged();
+}
+
+void GuiBase::EnableHotKey(int index, bool on)
+{
+    if (m_hotKeys.Enable(index, on))
+        HotKeysChanged();
+}
+
+int GuiBase::GetIndex4HotKey(Qt::Key key, int modifiers) const
+{
+    return m_hotKeys.Find(HotKeyCombination::From(key, modifiers));
+}
+
+bool GuiBase::ChangeHotKey(int index, HotKeyCombination const & combination)
+{
+    if (!m_hotKeys.SetCombination(index, combination))
+        return false;
+    HotKeysChanged();
+    return true;
+}
+
+void GuiBase::RestoreHotKeys()
+{
+    for (int const index : m_hotKeys.GetIndices())
+        m_hotKeys.SetCombination(index, m_hotKeys.Get(index)->defaultCombination);
+    HotKeysChanged();
+}
+
+void GuiBase::ShowHotKeyFrom(QAction * action, QString name)
+{
+    if (!action)
+        return;
+    auto const isOf = [action](ShownKey const & shown) { return !shown.action || shown.action == action; };
+    m_shownKeys.erase(std::remove_if(m_shownKeys.begin(), m_shownKeys.end(), isOf), m_shownKeys.end());
+    m_shownKeys.push_back({ action, std::move(name) });
+    ShowKey(m_shownKeys.back());
+}
+
+void GuiBase::HotKeysChanged()
+{
+    auto const shownKeys = m_shownKeys; // an action that changes may ask for another
+    for (auto const & shown : shownKeys)
+        ShowKey(shown);
+    Q_EMIT signalHotKeysChanged();
+}
+
+void GuiBase::ShowKey(ShownKey const & shown) const
+{
+    if (!shown.action)
+        return;
+    HotKey const * const hotKey = m_hotKeys.Get(m_hotKeys.FindName(shown.name));
+    QString const key = hotKey && hotKey->enabled ? hotKey->combination.ToDisplayText() : QString();
+    QString const text = shown.action->text().section(QLatin1Char('\t'), 0, 0);
+    shown.action->setText(key.isEmpty() ? text : text + QLatin1Char('\t') + key);
+}
