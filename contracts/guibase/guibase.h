@@ -32,11 +32,15 @@ public:
 
     //! Hears the hot keys of this application from now on. Null ends the hearing.
     void SetApplication(QApplication * application);
+
     //! The application set last; null once it has gone.
     QApplication * GetApplication() const { return m_pApplication; }
+
     void SetMainWidget(QWidget * widget) { m_pMainWidget = widget; }
+
     //! The main window set last; null once it has gone.
     QWidget * GetMainWidget() const { return m_pMainWidget; }
+
     //! Sets the directory in which file dialogs start.
     //! \param path  made when it is missing.
     //! \return false, and the directory stays, when the path is empty, names a file, or cannot be made.
@@ -55,7 +59,8 @@ public:
     //! gives the index it has. The first registered of two with one key is heard.
     //! \param key           any key but a bare modifier.
     //! \param modifiers     Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count.
-    //! \param receiver      whom it serves: the hot key ends with it, and its slot `slotHotKey(int)`, if it has one, is called
+    //! \param receiver      whom it serves: the hot key ends with it, and its slot `slotHotKey(int)`, if it has one, is
+    //! called
     //!                      ahead of signalHotKey(); null for one that stays until it is removed.
     //! \param name          what it does, as the operator reads it. The key that the operator gives it is stored under
     //!                      group and name.
@@ -80,15 +85,18 @@ public:
     void EnableHotKey(int index, bool on);
     //! Index of the first hot key that has this key at present; -1 for none.
     int GetIndex4HotKey(Qt::Key key, int modifiers) const;
+
     //! The hot keys.
     HotKeyTable const & GetHotKeys() const { return m_hotKeys; }
+
     //! Gives a hot key another key, and stores it.
     //! \return false for an index that is none and for a hot key that may not be changed.
     bool ChangeHotKey(int index, HotKeyCombination const & combination);
     //! Gives every changeable hot key the key it was registered with.
     void RestoreHotKeys();
-    //! Puts the key of the hot key of this name behind the action's text, where a menu shows shortcuts, and keeps it up to
-    //! date. It is no shortcut of the action. An unknown name and a key that is switched off show nothing. Ignores null.
+    //! Puts the key of the hot key of this name behind the action's text, where a menu shows shortcuts, and keeps it up
+    //! to date. It is no shortcut of the action. An unknown name and a key that is switched off show nothing. Ignores
+    //! null.
     void ShowHotKeyFrom(QAction * action, QString name);
 
     // Fonts
@@ -106,18 +114,23 @@ public:
 
     //! Number of a display mode, which the application defines; 0 at start.
     void SetDisplayMode(int mode) { m_displayMode = mode; }
+
     int GetDisplayMode() const { return m_displayMode; }
-    //! Smallest step of a frequency that is shown: eSuffixNone (1 Hz) at start. Ignores what is not between eSuffixNone and
-    //! eSuffixGiga.
+
+    //! Smallest step of a frequency that is shown: eSuffixNone (1 Hz) at start. Ignores what is not between eSuffixNone
+    //! and eSuffixGiga.
     void SetFrequencyResolution(SuffixedDouble::ESuffix resolution);
+
     SuffixedDouble::ESuffix GetFrequencyResolution() const { return m_frequencyResolution; }
+
     //! Whether frequencies are shown to the hertz, which takes more room; false at start.
     void SetShowFrequencyInHz(bool on) { m_showFrequencyInHz = on; }
+
     //! 1 or 0.
     int GetShowFrequencyInHz() const { return m_showFrequencyInHz ? 1 : 0; }
-    //! Name of a signal type, by the first letter of the designation of emissions: 'F' is frequency modulation. Lower case
-    //! letters count as upper case.
-    //! \return empty for any other character.
+
+    //! Name of a signal type, by the first letter of the designation of emissions: 'F' is frequency modulation. Lower
+    //! case letters count as upper case. \return empty for any other character.
     QString GetSignalType(char type) const;
 
     // Undo
@@ -144,6 +157,7 @@ private:
         QPointer<QAction> action;
         QString name;
     };
+
     void HotKeysChanged();
     void ShowKey(ShownKey const & shown) const;
 

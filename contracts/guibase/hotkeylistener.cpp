@@ -107,7 +107,8 @@ bool HotKeyListener::IsWantedAsInput(QObject * object, QKeyEvent const * event)
     if (!target)
         return false;
     QScopedValueRollback<bool> const probing(m_probing, true);
-    QKeyEvent question(QEvent::ShortcutOverride, event->key(), event->modifiers(), event->text(), event->isAutoRepeat());
+    QKeyEvent question(QEvent::ShortcutOverride, event->key(), event->modifiers(), event->text(),
+                       event->isAutoRepeat());
     question.ignore();
     QCoreApplication::sendEvent(target, &question);
     return question.isAccepted();

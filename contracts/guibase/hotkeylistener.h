@@ -13,9 +13,9 @@ struct HotKey;
 //! Hears the hot keys of a table as the event filter of the application.
 //!
 //! A key press is heard once, however many widgets it visits. A key that is held down fires once: its repetitions are
-//! swallowed. A hot key stays silent while the widget with the focus wants the key as input (a letter in a line edit), and
-//! comes before an action or a shortcut with the same key. While a modal dialog or a menu is open, only those hot keys are
-//! heard that are registered to pass it, and those whose receiver is the dialog or lies inside it.
+//! swallowed. A hot key stays silent while the widget with the focus wants the key as input (a letter in a line edit),
+//! and comes before an action or a shortcut with the same key. While a modal dialog or a menu is open, only those hot
+//! keys are heard that are registered to pass it, and those whose receiver is the dialog or lies inside it.
 class ORIMCONTRACTS_EXPORT HotKeyListener : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,8 @@ public:
 Q_SIGNALS:
     //! A hot key was pressed. Its receiver has been told before: by its slot `slotHotKey(int)`, if it has one.
     void signalHotKey(int index);
-    //! Escape was pressed without a modifier, whether or not it is a hot key too. Nobody holds it back from the widgets.
+    //! Escape was pressed without a modifier, whether or not it is a hot key too. Nobody holds it back from the
+    //! widgets.
     void signalEscape();
 
 private:

@@ -10,15 +10,12 @@
 
 namespace {
 
-constexpr std::array<int, 9> ModifierKeys { { Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_AltGr,
-                                              Qt::Key_CapsLock, Qt::Key_NumLock, Qt::Key_Super_L, Qt::Key_Super_R } };
+constexpr std::array<int, 9> ModifierKeys{ { Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_AltGr,
+                                             Qt::Key_CapsLock, Qt::Key_NumLock, Qt::Key_Super_L, Qt::Key_Super_R } };
 constexpr int HeardModifiers = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 constexpr int LongestText = 64; // characters; a longer one is no key
 
-bool IsModifierKey(int key)
-{
-    return std::find(ModifierKeys.begin(), ModifierKeys.end(), key) != ModifierKeys.end();
-}
+bool IsModifierKey(int key) { return std::find(ModifierKeys.begin(), ModifierKeys.end(), key) != ModifierKeys.end(); }
 
 //! Whether some keyboard reaches this key only with Shift.
 bool IsSign(int key)
@@ -68,8 +65,8 @@ int HotKeyTable::Add(HotKey hotKey)
         return -1;
     DropDead();
     for (auto const & [index, known] : m_hotKeys)
-        if (known.defaultCombination == hotKey.defaultCombination && known.receiver == hotKey.receiver
-            && known.name == hotKey.name && known.group == hotKey.group)
+        if (known.defaultCombination == hotKey.defaultCombination && known.receiver == hotKey.receiver &&
+            known.name == hotKey.name && known.group == hotKey.group)
             return index;
     hotKey.combination = hotKey.defaultCombination;
     hotKey.hasReceiver = !hotKey.receiver.isNull();
@@ -158,13 +155,13 @@ int HotKeyTable::Match(HotKeyCombination const & pressed, std::function<bool(Hot
     return MatchExactly(withoutShift, admits);
 }
 
-int HotKeyTable::MatchExactly(HotKeyCombination const & pressed, std::function<bool(HotKey const &)> const & admits) const
+int HotKeyTable::MatchExactly(HotKeyCombination const & pressed,
+                              std::function<bool(HotKey const &)> const & admits) const
 {
     if (pressed.IsNone())
         return -1;
     for (auto const & [index, hotKey] : m_hotKeys)
-        if (IsAlive(hotKey) && hotKey.enabled && hotKey.combination == pressed
-            && (!admits || admits(hotKey)))
+        if (IsAlive(hotKey) && hotKey.enabled && hotKey.combination == pressed && (!admits || admits(hotKey)))
             return index;
     return -1;
 }

@@ -28,7 +28,9 @@ struct ORIMCONTRACTS_EXPORT HotKeyCombination
     QString ToDisplayText() const;
 
     bool IsNone() const { return key == 0; }
+
     bool operator==(HotKeyCombination const & other) const { return key == other.key && modifiers == other.modifiers; }
+
     bool operator!=(HotKeyCombination const & other) const { return !(*this == other); }
 };
 
@@ -42,12 +44,12 @@ struct HotKey
     QString group;                        //!< heading under which it is listed and stored
     bool hasReceiver = false;             //!< registered with a receiver
     bool enabled = true;
-    bool changeable = true;   //!< the operator may give it another key
+    bool changeable = true;    //!< the operator may give it another key
     bool throughModal = false; //!< heard while a modal dialog or a menu is open
 };
 
-//! The hot keys by index, without a widget. An index is never given twice, so it stays valid, or dead, whatever becomes of
-//! the others. A hot key whose receiver has died counts as removed.
+//! The hot keys by index, without a widget. An index is never given twice, so it stays valid, or dead, whatever becomes
+//! of the others. A hot key whose receiver has died counts as removed.
 class ORIMCONTRACTS_EXPORT HotKeyTable
 {
 public:
@@ -73,16 +75,16 @@ public:
     int Find(HotKeyCombination const & combination) const;
     //! Index of the first hot key of this name; -1 for none.
     int FindName(QString const & name) const;
-    //! Index of the hot key that a key press means: the first enabled one with its combination. A sign that needs Shift on
-    //! some keyboards ("+", "?") is also found without it.
-    //! \param admits  whether a hot key may be heard at present; an empty function admits all.
-    //! \return -1 for none.
+    //! Index of the hot key that a key press means: the first enabled one with its combination. A sign that needs Shift
+    //! on some keyboards ("+", "?") is also found without it. \param admits  whether a hot key may be heard at present;
+    //! an empty function admits all. \return -1 for none.
     int Match(HotKeyCombination const & pressed, std::function<bool(HotKey const &)> const & admits) const;
     //! Index of the first other hot key with the same combination; -1 for none.
     int GetConflict(int index) const;
 
 private:
     static bool IsAlive(HotKey const & hotKey) { return !hotKey.hasReceiver || hotKey.receiver; }
+
     int MatchExactly(HotKeyCombination const & pressed, std::function<bool(HotKey const &)> const & admits) const;
     void DropDead();
 

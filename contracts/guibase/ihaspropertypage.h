@@ -7,8 +7,8 @@
 class QString;
 class QWidget;
 
-//! Provider of one settings page. A settings dialog asks it for the page, shows it at the provider's place in its tree of
-//! pages, and tells it when the operator's input is to be taken over.
+//! Provider of one settings page. A settings dialog asks it for the page, shows it at the provider's place in its tree
+//! of pages, and tells it when the operator's input is to be taken over.
 class ORIMCONTRACTS_EXPORT IHasPropertyPage
 {
 public:
@@ -21,10 +21,13 @@ public:
     virtual QWidget * GetPropertyPage(QWidget * parent, char const * name) = 0;
     //! Takes over what stands on the page: on OK and on Apply.
     virtual void slotAcceptPropertyChanges() = 0;
+
     //! The page closes and its input is dropped.
     virtual void slotCancelPropertyChanges() {}
+
     //! The page is to show the default settings.
     virtual void slotDefaultPropertyChanges() {}
+
     //! Place of the page in the tree of pages: its headings and its own name, with slashes between.
     virtual QString const & GetPropertyPagePath() = 0;
 };

@@ -13,7 +13,7 @@ struct SignalType
     char const * text; // translated in the context "GuiBase"
 };
 
-constexpr std::array<SignalType, 18> SignalTypes { {
+constexpr std::array<SignalType, 18> SignalTypes{ {
     { 'A', QT_TRANSLATE_NOOP("GuiBase", "Amplitude modulation, double sideband") },
     { 'B', QT_TRANSLATE_NOOP("GuiBase", "Amplitude modulation, independent sidebands") },
     { 'C', QT_TRANSLATE_NOOP("GuiBase", "Amplitude modulation, vestigial sideband") },
@@ -41,6 +41,7 @@ constexpr bool SignalTypesRise()
             return false;
     return true;
 }
+
 static_assert(SignalTypesRise(), "each letter once, in order");
 
 #endif

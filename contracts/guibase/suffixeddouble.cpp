@@ -10,8 +10,8 @@ namespace {
 
 SuffixedDouble::ESuffix Checked(SuffixedDouble::ESuffix suffix)
 {
-    bool const isKnown = suffix == SuffixedDouble::eSuffixAuto
-        || (suffix >= SuffixedDouble::eSuffixNano && suffix <= SuffixedDouble::eSuffixTera);
+    bool const isKnown = suffix == SuffixedDouble::eSuffixAuto ||
+                         (suffix >= SuffixedDouble::eSuffixNano && suffix <= SuffixedDouble::eSuffixTera);
     return isKnown ? suffix : SuffixedDouble::eSuffixNone;
 }
 
@@ -20,8 +20,7 @@ int Exponent(SuffixedDouble::ESuffix suffix) { return suffix == SuffixedDouble::
 } // namespace
 
 SuffixedDouble::SuffixedDouble(ESuffix suffix, QString const & unit) : m_suffix(Checked(suffix)), m_unit(unit.trimmed())
-{
-}
+{}
 
 void SuffixedDouble::SetSuffix(ESuffix suffix) { m_suffix = Checked(suffix); }
 
@@ -33,8 +32,7 @@ void SuffixedDouble::SetResolution(ESuffix resolution) { m_resolution = Checked(
 
 QString SuffixedDouble::GetDisplayString(double value) const
 {
-    int const exponent =
-        m_suffix == eSuffixAuto ? SuffixedNumber::BestExponent(value, m_digits) : Exponent(m_suffix);
+    int const exponent = m_suffix == eSuffixAuto ? SuffixedNumber::BestExponent(value, m_digits) : Exponent(m_suffix);
     QString const number = Print(value, exponent, true);
     QString const suffix = SuffixedNumber::Prefix(exponent) + m_unit;
     return suffix.isEmpty() || !std::isfinite(value) ? number : number + QLatin1Char(' ') + suffix;

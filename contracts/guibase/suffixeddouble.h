@@ -6,13 +6,14 @@
 
 #include <QString>
 
-//! Prints and reads a number with a unit and a decimal prefix: "12.5 MHz". What it prints it reads back to the same value
-//! at the printed precision. Numbers are in the C locale whatever the language of the screen.
+//! Prints and reads a number with a unit and a decimal prefix: "12.5 MHz". What it prints it reads back to the same
+//! value at the printed precision. Numbers are in the C locale whatever the language of the screen.
 class ORIMCONTRACTS_EXPORT SuffixedDouble
 {
 public:
     //! The prefix that stands before the unit; its number is a third of its power of ten, and is stored.
-    enum ESuffix : int {
+    enum ESuffix : int
+    {
         eSuffixNano = -3,
         eSuffixMicro = -2,
         eSuffixMilli = -1,
@@ -30,15 +31,22 @@ public:
     virtual ~SuffixedDouble() = default;
 
     void SetSuffix(ESuffix suffix);
+
     ESuffix GetSuffix() const { return m_suffix; }
+
     void SetUnit(QString const & unit);
+
     QString const & GetUnit() const { return m_unit; }
+
     //! Significant digits at most, 1 to 17, 12 at start. A number out of that range takes the nearest one.
     void SetSignificantDigits(int digits);
+
     int GetSignificantDigits() const { return m_digits; }
-    //! The smallest step that is shown: decimals stop at one unit of this prefix, and the display string is filled up to
-    //! it with zeros. eSuffixAuto, as at start, sets no such limit.
+
+    //! The smallest step that is shown: decimals stop at one unit of this prefix, and the display string is filled up
+    //! to it with zeros. eSuffixAuto, as at start, sets no such limit.
     void SetResolution(ESuffix resolution);
+
     ESuffix GetResolution() const { return m_resolution; }
 
     //! The number with its suffix, a blank between them: "12.5 MHz". "---" for NaN and infinite.

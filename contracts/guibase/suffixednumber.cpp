@@ -17,7 +17,7 @@ struct PrefixRow
     int exponent;
 };
 
-constexpr std::array<PrefixRow, 8> Prefixes { {
+constexpr std::array<PrefixRow, 8> Prefixes{ {
     { u'n', -9 },
     { u'\u00B5', -6 },
     { u'm', -3 },
@@ -29,14 +29,14 @@ constexpr std::array<PrefixRow, 8> Prefixes { {
 } };
 static_assert(Prefixes.front().exponent == -9 && Prefixes.back().exponent == 12, "BestExponent() stays inside");
 
-constexpr std::array<PrefixRow, 3> OtherLetters { {
+constexpr std::array<PrefixRow, 3> OtherLetters{ {
     { u'u', -6 },
     { u'\u03BC', -6 }, // the Greek letter looks like the sign
     { u'K', 3 },
 } };
 
-constexpr int LongestText = 64; // characters
-constexpr int LargestPower = 400; // beyond every double; a larger exponent in the text adds nothing
+constexpr int LongestText = 64;     // characters
+constexpr int LargestPower = 400;   // beyond every double; a larger exponent in the text adds nothing
 constexpr int MostPlainDigits = 15; // digits before the point without an exponent
 constexpr int LeastPlainPower = -9; // smallest first digit without an exponent
 
@@ -84,12 +84,14 @@ struct Cursor
     int at = 0;
 
     QChar Peek() const { return at < text.size() ? text.at(at) : QChar(); }
+
     bool TakeOneOf(QChar a, QChar b)
     {
         bool const fits = at < text.size() && (text.at(at) == a || text.at(at) == b);
         at += fits ? 1 : 0;
         return fits;
     }
+
     QByteArray TakeDigits()
     {
         QByteArray digits;
@@ -97,6 +99,7 @@ struct Cursor
             digits += static_cast<char>(text.at(at).unicode());
         return digits;
     }
+
     QByteArray TakeSign()
     {
         if (TakeOneOf(QLatin1Char('-'), QChar(0x2212))) // the minus sign of typography too
@@ -116,7 +119,7 @@ struct Decimal
 //! Splits a text into its number, power of ten and rest; nothing when it does not begin with a number.
 std::optional<Decimal> Split(QString const & text)
 {
-    Cursor cursor { text };
+    Cursor cursor{ text };
     Decimal decimal;
     decimal.number = cursor.TakeSign();
     QByteArray const whole = cursor.TakeDigits();

@@ -16,23 +16,22 @@ ORIMCONTRACTS_EXPORT QString Prefix(int exponent);
 
 //! Reads a number that may have a prefix and the unit.
 //!
-//! A point or a comma separates decimals; there are no separators of thousands. Blanks may stand around the number, not in
-//! it. Case is heeded first ("mHz" is a thousandth, "MHz" a million), else forgiven in favour of the larger ("mhz" is a
-//! million); "K" is "k", "u" is "µ".
-//! \param unit          what may stand behind the prefix; may be empty.
-//! \param bareExponent  power of ten of a number without prefix and unit.
-//! \param ok            set to whether it was read; may be null.
-//! \return 0 for a text that is no number, "nan", "inf", a number beyond the range of a double, and a text longer than 64
+//! A point or a comma separates decimals; there are no separators of thousands. Blanks may stand around the number, not
+//! in it. Case is heeded first ("mHz" is a thousandth, "MHz" a million), else forgiven in favour of the larger ("mhz"
+//! is a million); "K" is "k", "u" is "µ". \param unit          what may stand behind the prefix; may be empty. \param
+//! bareExponent  power of ten of a number without prefix and unit. \param ok            set to whether it was read; may
+//! be null. \return 0 for a text that is no number, "nan", "inf", a number beyond the range of a double, and a text
+//! longer than 64
 //!         characters.
 ORIMCONTRACTS_EXPORT double Parse(QString const & text, QString const & unit, int bareExponent, bool * ok);
 
 //! How a number is printed.
 struct Layout
 {
-    int exponent = 0;        //!< power of ten of the unit
-    int digits = 12;         //!< significant digits at most, 1 to 17
-    int decimals = -1;       //!< decimals at most; -1 for no such limit
-    bool keepZeros = false;  //!< fills up to the decimals with zeros
+    int exponent = 0;       //!< power of ten of the unit
+    int digits = 12;        //!< significant digits at most, 1 to 17
+    int decimals = -1;      //!< decimals at most; -1 for no such limit
+    bool keepZeros = false; //!< fills up to the decimals with zeros
 };
 
 //! Prints a number in units of 10^exponent, without a suffix. From 10^15 on, and below 10^-9, in the form "1.5e+20".

@@ -9,7 +9,8 @@ class ORIMCONTRACTS_EXPORT VC
 {
 public:
     //! What a pane shades by. A role is the key of its colour set, so the numbers are stored and stay.
-    enum EShadingColor : int {
+    enum EShadingColor : int
+    {
         eShadingNone = 0,
         eShadingLevel = 1,
         eShadingAzimuth = 2,
@@ -22,7 +23,10 @@ public:
     };
 
     //! Number of a well-known value. The application chooses the numbers: any int may be cast to it.
-    enum ID : int { eIdNone = 0 };
+    enum ID : int
+    {
+        eIdNone = 0
+    };
 };
 
 #endif
