@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_RANGEFOLD_H
+#define ORIM_RANGEFOLD_H
+
+#include "orimwidgets_export.h"
+
+//! Folds a value into a range as this pair of loops does, in bounded time:
+//! \code
+//! while (value <= start) value += stop - start;
+//! while (value >= stop) value -= stop - start;
+//! \endcode
+//! Wherever the loops come to an end the answer is theirs, bit for bit, the rounding of every turn included. Where they
+//! never would (the value is so large that a turn does not move it) the answer is the remainder of the division.
+//! \param value  any double.
+//! \param start  low end of the range.
+//! \param stop   high end; above \a start.
+//! \return the folded value; NaN for NaN, an infinite value, and a range without extent that the loops could not leave.
+ORIMWIDGETS_EXPORT double FoldIntoRange(double value, double start, double stop);
+
+#endif
