@@ -82,3 +82,30 @@ function(orim_add_bench name)
   target_link_libraries(${name} PRIVATE OrimBenchMain ${ARG_LIBS} ${ORIM_QT}::Widgets benchmark::benchmark)
   orim_use_pch(${name})
 endfunction()
+
+# orim_add_fuzzer(fuzz_name [SOURCES parser.cpp ...] [LIBS target ...])
+# A fuzzed text parser: fuzz_name.cpp defines LLVMFuzzerTestOneInput, and aborts when what it must hold does not. SOURCES
+# are the parser's own sources, built once more into the program so that the fuzzer sees their branches. In every build the
+# seeds in corpus/fuzz_name, cut short and with flipped bits, are replayed as test fuzz_name_replay; with clang and the
+# sanitizers the fuzzer itself runs as test fuzz_name (20 s; 600 s when ORIM_LONG is set) and keeps what it finds in
+# corpus/fuzz_name of the build tree.
+function(orim_add_fuzzer name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  set(seeds "${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name}")
+  add_executable(${name}_replay "${CMAKE_SOURCE_DIR}/tests/fuzz/replay.cpp" ${name}.cpp ${ARG_SOURCES})
+  target_link_libraries(${name}_replay PRIVATE OrimContracts ${ARG_LIBS})
+  orim_use_pch(${name}_replay)
+  add_test(NAME ${name}_replay COMMAND ${name}_replay "${seeds}")
+  orim_stage_test(${name}_replay)
+  if(NOT ORIM_SANITIZE OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    return()
+  endif()
+  add_executable(${name} ${name}.cpp ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_libraries(${name} PRIVATE OrimContracts ${ARG_LIBS})
+  set(found "${CMAKE_BINARY_DIR}/corpus/${name}")
+  file(MAKE_DIRECTORY "${found}")
+  add_test(NAME ${name} COMMAND sh "${CMAKE_SOURCE_DIR}/tests/fuzz/run.sh" $<TARGET_FILE:${name}> "${found}" "${seeds}")
+  orim_stage_test(${name} LABELS soak TIMEOUT 900)
+endfunction()
