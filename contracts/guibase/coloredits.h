@@ -2,6 +2,8 @@
 #ifndef ORIM_COLOREDITS_H
 #define ORIM_COLOREDITS_H
 
+#include "orimcontracts_export.h"
+
 #include <QColor>
 #include <QMap>
 #include <QString>
@@ -10,10 +12,10 @@
 namespace ColorEdits {
 
 //! The text of edited colours, rising by number; empty for none. Colours are written without their transparency.
-QString ToText(QMap<int, QColor> const & colors);
+ORIMCONTRACTS_EXPORT QString ToText(QMap<int, QColor> const & colors);
 //! Reads that text. A field that is no number and colour, and an invalid colour, are left out; of two fields with one
 //! number the later counts.
-QMap<int, QColor> FromText(QString const & text);
+ORIMCONTRACTS_EXPORT QMap<int, QColor> FromText(QString const & text);
 
 } // namespace ColorEdits
 

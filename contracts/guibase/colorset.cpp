@@ -2,6 +2,7 @@
 #include "colorset.h"
 
 #include "colors.h"
+#include "colorsetctrl.h"
 #include "colortable.h"
 #include "guibase.h"
 
@@ -170,6 +171,38 @@ void ColorSet::UpdateComboBox(QComboBox * combo)
     for (int set = 0; set < ColorTable::SetCount; ++set)
         combo->addItem(GetSetName(set));
     combo->setCurrentIndex(Instance().GetCurrentSet());
+}
+
+QWidget * ColorSet::GetCtrl(QWidget * parent) { return GetPropertyPage(parent, nullptr); }
+
+QWidget * ColorSet::GetPropertyPage(QWidget * parent, char const * name)
+{
+    m_pCtrl = new ColorSetCtrl(parent, name);
+    return m_pCtrl;
+}
+
+QString const & ColorSet::GetPropertyPagePath()
+{
+    m_pagePath = tr("Colors");
+    return m_pagePath;
+}
+
+void ColorSet::slotAcceptPropertyChanges()
+{
+    if (m_pCtrl)
+        m_pCtrl->slotAccept();
+}
+
+void ColorSet::slotCancelPropertyChanges()
+{
+    if (m_pCtrl)
+        m_pCtrl->slotCancel();
+}
+
+void ColorSet::slotDefaultPropertyChanges()
+{
+    if (m_pCtrl)
+        m_pCtrl->slotDefault();
 }
 
 void ColorSet::slotRestoreFactoryColors()

@@ -2,16 +2,20 @@
 #ifndef ORIM_COLORSET_H
 #define ORIM_COLORSET_H
 
+#include "ihaspropertypage.h"
 #include "orimcontracts_export.h"
 
 #include <QColor>
 #include <QMap>
 #include <QObject>
 #include <QPalette>
+#include <QPointer>
+#include <QString>
 
 #include <array>
 #include <vector>
 
+class ColorSetCtrl;
 class QComboBox;
 
 //! Base of what names single colours.
@@ -61,7 +65,7 @@ public:
 };
 
 //! The table of named single colours: one of several complete sets, with the operator's edits.
-class ORIMCONTRACTS_EXPORT ColorSet : public QObject, public IColorBase
+class ORIMCONTRACTS_EXPORT ColorSet : public QObject, public IColorBase, public IHasPropertyPage
 {
     Q_OBJECT
 public:
@@ -104,7 +108,16 @@ public:
     //! Fills a combo box anew and lets it show the loaded set, silently. Null is ignored.
     static void UpdateComboBox(QComboBox * combo);
 
+    //! A new editor of all sets. The slots below reach the one made last.
+    QWidget * GetCtrl(QWidget * parent);
+    QWidget * GetPropertyPage(QWidget * parent, char const * name) override;
+    //! "Colors", translated.
+    QString const & GetPropertyPagePath() override;
+
 public Q_SLOTS:
+    void slotAcceptPropertyChanges() override;
+    void slotCancelPropertyChanges() override;
+    void slotDefaultPropertyChanges() override;
     //! Drops the edits of all sets, keeps the set that is loaded and raises GuiBase::signalColorsChanged().
     void slotRestoreFactoryColors();
 
@@ -117,6 +130,8 @@ private:
     std::array<QColor, s_tableLength> m_live;         // by number; invalid where there is no colour
     std::vector<QMap<int, QColor>> m_edits;           // by set: what differs from the factory
     QColor m_spare;
+    QPointer<ColorSetCtrl> m_pCtrl; // borrowed: the editor made last
+    QString m_pagePath;
     int m_current = 0;
 };
 

@@ -25,9 +25,7 @@ struct Row
     std::array<unsigned int, SetCount> rgb; // 0xrrggbb in each set
 };
 
-// What is text keeps 4.5:1 to its ground in every set: 1 to 2, 66 and the bands 87 to 89, 62 and 65 to 61, 64 to 63, 37
-// and 85 to 66 (their label ground) and 2, 11 to 10, 13 to 12, 15 to 14, 17 to 16. The markers 30, 31, 34, 36 and 150
-// and the traces 151 to 153 keep 3:1 to 2 and 66 and are told apart without red and without green cones.
+// The markers 30, 31, 34, 36 and 150 and the traces 151 to 153 are told apart without red and without green cones.
 constexpr std::array<Row, 36> Colors{ {
     { 1, QT_TRANSLATE_NOOP("ColorSet", "Axis text and tics"), { { 0x14181d, 0xc9d1d9, 0xffffff } } },
     { 2, QT_TRANSLATE_NOOP("ColorSet", "Axis background"), { { 0xffffff, 0x0b0e12, 0x000000 } } },
@@ -67,6 +65,29 @@ constexpr std::array<Row, 36> Colors{ {
     { 154, QT_TRANSLATE_NOOP("ColorSet", "Frame"), { { 0x6b7580, 0x59636e, 0xffffff } } },
 } };
 
+struct Ground
+{
+    int number;
+    int ground;     // number of the colour behind it
+    double minimum; // contrast that every set keeps: 4.5 for text, 3 for lines
+};
+
+constexpr double TextContrast = 4.5;
+constexpr double LineContrast = 3.0;
+
+//! What stands on what. A colour with several grounds shows the first to the operator who edits it.
+constexpr std::array<Ground, 35> Grounds{ {
+    { 1, 66, TextContrast },  { 1, 2, TextContrast },    { 1, 87, TextContrast },  { 1, 88, TextContrast },
+    { 1, 89, TextContrast },  { 11, 10, TextContrast },  { 13, 12, TextContrast }, { 15, 14, TextContrast },
+    { 17, 16, TextContrast }, { 18, 10, LineContrast },  { 30, 2, LineContrast },  { 30, 66, LineContrast },
+    { 31, 2, LineContrast },  { 31, 66, LineContrast },  { 34, 2, LineContrast },  { 34, 66, LineContrast },
+    { 36, 2, LineContrast },  { 36, 66, LineContrast },  { 37, 66, TextContrast }, { 37, 2, TextContrast },
+    { 42, 3, TextContrast },  { 62, 61, TextContrast },  { 64, 63, TextContrast }, { 65, 61, TextContrast },
+    { 85, 66, TextContrast }, { 85, 2, TextContrast },   { 90, 10, TextContrast }, { 91, 10, TextContrast },
+    { 150, 2, LineContrast }, { 150, 66, LineContrast }, { 151, 2, LineContrast }, { 151, 66, LineContrast },
+    { 152, 2, LineContrast }, { 152, 66, LineContrast }, { 153, 2, LineContrast },
+} };
+
 //! The definitions of Colors: numbers from 1000 on, named for what they look like.
 constexpr std::array<Row, 16> Definitions{ {
     { 1000, QT_TRANSLATE_NOOP("Colors", "Foreground"), { { 0x14181d, 0xf0f6fc, 0xffffff } } },
@@ -81,7 +102,7 @@ constexpr std::array<Row, 16> Definitions{ {
     { 1009, QT_TRANSLATE_NOOP("Colors", "Teal"), { { 0x008080, 0x2ec4b6, 0x33dddd } } },
     { 1010, QT_TRANSLATE_NOOP("Colors", "Violet"), { { 0x5b2fc0, 0xa78bff, 0xb499ff } } },
     { 1011, QT_TRANSLATE_NOOP("Colors", "Pink"), { { 0xcc0066, 0xff7eb6, 0xff99cc } } },
-    { 1012, QT_TRANSLATE_NOOP("Colors", "Magenta"), { { 0x8a0078, 0xff70d8, 0xff80ff } } },
+    { 1012, QT_TRANSLATE_NOOP("Colors", "Magenta"), { { 0x8a0078, 0xff85c8, 0xff80ff } } },
     { 1013, QT_TRANSLATE_NOOP("Colors", "Brown"), { { 0x662200, 0xb07a4f, 0xcc9966 } } },
     { 1014, QT_TRANSLATE_NOOP("Colors", "Orange"), { { 0xe06a00, 0xff6a1f, 0xff6600 } } },
     { 1015, QT_TRANSLATE_NOOP("Colors", "Background"), { { 0xffffff, 0x0b0e12, 0x000000 } } },
