@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "undorecording.h"
+
+#include "guibase.h"
+#include "tree.h"
+#include "valuerecorder.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+#include <QSet>
+#include <QUndoStack>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+//! What a value of the tree held before and after a change, as stored text.
+struct ValueChange
+{
+    QString path;
+    TValueType type;
+    QString before;
+    QString after;
+};
+
+//! The value that a change speaks of; null when it has gone or is of another type now.
+ValueBase * FindValue(ValueChange const & change)
+{
+    Tree * const tree = Tree::Instance();
+    ValueBase * const value = tree ? tree->Find(change.path) : nullptr;
+    return value && value->GetType() == change.type ? value : nullptr;
+}
+
+//! Collects what the values held before their first change while a helper lives.
+class Recording : public IValueRecorder
+{
+public:
+    //! Ends with nothing: it is asked until the process ends.
+    static Recording & Instance()
+    {
+        static Recording * const instance = new Recording;
+        return *instance;
+    }
+
+    void Begin(QString const & text)
+    {
+        if (m_text.isEmpty())
+            m_text = text;
+        if (m_depth++ > 0)
+            return;
+        m_pOuter = ValueBase::Recorder();
+        ValueBase::SetRecorder(this);
+    }
+
+    void End()
+    {
+        if (--m_depth > 0)
+            return;
+        ValueBase::SetRecorder(m_pOuter);
+        std::vector<ValueChange> changes;
+        changes.swap(m_changes);
+        m_seen.clear();
+        QString text;
+        text.swap(m_text);
+        Push(std::move(changes), text);
+    }
+
+    void BeforeChange(ValueBase & value) override
+    {
+        if (m_pOuter)
+            m_pOuter->BeforeChange(value);
+        QString const path = value.GetPathName();
+        if (m_replaying || path.isEmpty() || m_seen.contains(path))
+            return;
+        m_seen.insert(path);
+        m_changes.push_back({ path, value.GetType(), value.ToStoredText(), QString() });
+    }
+
+    //! True while undo or redo writes.
+    bool m_replaying = false;
+
+private:
+    static void Push(std::vector<ValueChange> changes, QString const & text);
+
+    int m_depth = 0; // helpers alive
+    QString m_text;
+    std::vector<ValueChange> m_changes; // in the order of their first change
+    QSet<QString> m_seen;
+    IValueRecorder * m_pOuter = nullptr; // heard before the outermost helper; hears on
+};
+
+//! Undo of one user action.
+class ValueCommand : public QUndoCommand
+{
+public:
+    ValueCommand(std::vector<ValueChange> changes, QString const & text)
+        : QUndoCommand(text)
+        , m_changes(std::move(changes))
+    {}
+
+    void undo() override
+    {
+        std::vector<ValueChange> reversed(m_changes.rbegin(), m_changes.rend());
+        Write(reversed, &ValueChange::before);
+    }
+
+    void redo() override
+    {
+        if (m_isDone)
+            Write(m_changes, &ValueChange::after);
+        m_isDone = true;
+    }
+
+private:
+    //! Two rounds: a value whose limits or coupling hung on a later one comes right in the second.
+    static void Write(std::vector<ValueChange> const & changes, QString ValueChange::*text)
+    {
+        QScopedValueRollback<bool> const replaying(Recording::Instance().m_replaying, true);
+        for (int round = 0; round < 2; ++round)
+            for (auto const & change : changes)
+                if (ValueBase * const value = FindValue(change))
+                    value->FromStoredText(change.*text, nullptr);
+    }
+
+    std::vector<ValueChange> m_changes;
+    bool m_isDone = false; // the stack calls redo when the command is pushed
+};
+
+void Recording::Push(std::vector<ValueChange> changes, QString const & text)
+{
+    for (auto & change : changes) {
+        ValueBase const * const value = FindValue(change);
+        change.after = value ? value->ToStoredText() : change.before;
+    }
+    auto const isBack = [](ValueChange const & change) { return change.after == change.before; };
+    changes.erase(std::remove_if(changes.begin(), changes.end(), isBack), changes.end());
+    if (changes.empty())
+        return;
+    QString const shown = text.isEmpty() ? QCoreApplication::translate("GuiUndoRecordingHelper", "Change") : text;
+    GuiBase::Instance().UndoStack()->push(new ValueCommand(std::move(changes), shown));
+}
+
+} // namespace
+
+UndoRecordingControlBase::~UndoRecordingControlBase() = default;
+
+QString UndoRecordingControlBase::GetUndoText() const { return {}; }
+
+GuiUndoRecordingHelper::GuiUndoRecordingHelper(UndoRecordingControlBase const * control, QString const & text)
+{
+    Recording::Instance().Begin(text.isEmpty() && control ? control->GetUndoText() : text);
+}
+
+GuiUndoRecordingHelper::~GuiUndoRecordingHelper() { Recording::Instance().End(); }
