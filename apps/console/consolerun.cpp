@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "consolerun.h"
+
+#include "colorset.h"
+#include "consolewindow.h"
+#include "toint.h"
+
+#include <QCoreApplication>
+#include <QImageWriter>
+#include <QPixmap>
+#include <QTimer>
+#include <QTimerEvent>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int ReportPeriod = 1000; // ms
+constexpr int CodeFailed = 2;
+constexpr double MillisecondsASecond = 1e3;
+
+int ToMilliseconds(double seconds) { return toInt(seconds * MillisecondsASecond); }
+
+} // namespace
+
+ConsoleRun::ConsoleRun(ConsoleWindow & window, ConsoleOptions const & options, QObject * parent)
+    : QObject(parent)
+    , m_window(window)
+    , m_options(options)
+{}
+
+ConsoleRun::~ConsoleRun() = default;
+
+void ConsoleRun::Start()
+{
+    ApplyOptions();
+    m_window.show();
+    m_window.Start();
+    if (m_options.verbose)
+        m_reportTimer.start(ReportPeriod, this);
+    if (!m_options.screenshot.isEmpty())
+        QTimer::singleShot(ToMilliseconds(m_options.after), Qt::PreciseTimer, this, &ConsoleRun::slotScreenshot);
+    else if (m_options.runSeconds > 0.0)
+        QTimer::singleShot(ToMilliseconds(m_options.runSeconds), Qt::PreciseTimer, this, [this] { End(0); });
+}
+
+void ConsoleRun::ApplyOptions()
+{
+    if (m_options.size)
+        m_window.resize(*m_options.size);
+    if (m_options.colors)
+        ColorSet::Instance().Load(static_cast<int>(*m_options.colors));
+    ConsoleValues::Set(ConsolePaths::Speed, m_options.speed);
+    if (m_options.rate)
+        ConsoleValues::Set(ConsolePaths::LineRate, *m_options.rate);
+    if (m_options.bins)
+        ConsoleValues::Select(ConsolePaths::Bins, *m_options.bins);
+    if (m_options.levelMin && m_options.levelMax)
+        m_window.Values().SetLevels(*m_options.levelMin, *m_options.levelMax);
+}
+
+void ConsoleRun::slotScreenshot()
+{
+    // the grab paints once more: the figures are those of the run before it
+    ConsoleFigures const figures = m_window.Figures();
+    QImageWriter writer(m_options.screenshot, "png");
+    bool const written = writer.write(m_window.grab().toImage());
+    if (!written)
+        std::fprintf(stderr, "orim-console: %s: cannot write the picture: %s\n", qPrintable(m_options.screenshot),
+                     qPrintable(writer.errorString()));
+    std::printf("%s\n", qPrintable(figures.ToText()));
+    std::fflush(stdout);
+    QCoreApplication::exit(written ? 0 : CodeFailed);
+}
+
+void ConsoleRun::End(int code)
+{
+    std::printf("%s\n", qPrintable(m_window.Figures().ToText()));
+    std::fflush(stdout);
+    QCoreApplication::exit(code);
+}
+
+void ConsoleRun::Report()
+{
+    ConsoleFigures const figures = m_window.Figures();
+    std::printf("%llu lines/s, %llu drops, frame time %.2f ms\n",
+                static_cast<unsigned long long>(figures.taken - m_takenAtReport),
+                static_cast<unsigned long long>(figures.dropped + figures.skipped), figures.frameMean);
+    std::fflush(stdout);
+    m_takenAtReport = figures.taken;
+}
+
+void ConsoleRun::timerEvent(QTimerEvent * event)
+{
+    if (event->timerId() == m_reportTimer.timerId())
+        Report();
+    else
+        QObject::timerEvent(event);
+}

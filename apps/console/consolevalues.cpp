@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "consolevalues.h"
+
+#include "levelcolors.h"
+#include "spectrumengine.h"
+#include "tree.h"
+#include "valuenumeric.h"
+#include "valueselection.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+struct NumberRow
+{
+    char const * path;
+    double min;
+    double max;
+    double step; // 0: none
+    double start;
+};
+
+constexpr std::array<NumberRow, 7> NumberRows{ {
+    { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
+    { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },
+    { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
+    { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },
+    { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
+    { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },
+} };
+
+constexpr double LowestLevel = -160.0; // dBFS
+constexpr double HighestLevel = 60.0;  // dBFS
+constexpr long FirstBins = 64;
+constexpr long LastBins = 65536;
+constexpr long StartBins = 2048;
+
+//! Folder and name of a path.
+std::pair<QString, QString> Split(char const * path)
+{
+    QString const text = QLatin1String(path);
+    return { text.section(QLatin1Char('/'), 0, -2), text.section(QLatin1Char('/'), -1) };
+}
+
+ValueNumeric<double> * Number(char const * path)
+{
+    Tree const * const tree = Tree::Instance();
+    return tree ? tree->FindAs<ValueNumeric<double>>(QLatin1String(path)) : nullptr;
+}
+
+ValueSelection * Selection(char const * path)
+{
+    Tree const * const tree = Tree::Instance();
+    return tree ? tree->FindAs<ValueSelection>(QLatin1String(path)) : nullptr;
+}
+
+//! Puts a value into the tree; gives its path, empty when the tree did not take it.
+QString Insert(char const * path, std::unique_ptr<ValueBase> value)
+{
+    Tree * const tree = Tree::Instance();
+    if (!tree || !tree->Insert(Split(path).first, value.get()))
+        return {};
+    value.release(); // the tree owns it
+    return QLatin1String(path);
+}
+
+} // namespace
+
+ConsoleValues::ConsoleValues()
+    : m_levelMin([this] { LimitLevels(); })
+    , m_levelMax([this] { LimitLevels(); })
+    , m_span([this] { LimitCentre(); })
+{
+    for (NumberRow const & row : NumberRows) {
+        auto value = std::make_unique<ValueNumeric<double>>(Split(row.path).second);
+        value->SetMinMax(row.min, row.max, row.step, nullptr);
+        value->SetValue(row.start, nullptr);
+        m_paths.push_back(Insert(row.path, std::move(value)));
+    }
+    InsertSelections();
+    m_levelMin.Bind(QLatin1String(ConsolePaths::LevelMin));
+    m_levelMax.Bind(QLatin1String(ConsolePaths::LevelMax));
+    m_span.Bind(QLatin1String(ConsolePaths::Span));
+}
+
+ConsoleValues::~ConsoleValues()
+{
+    Tree * const tree = Tree::Instance();
+    for (QString const & path : m_paths) {
+        if (tree && !path.isEmpty())
+            tree->Remove(path);
+    }
+}
+
+void ConsoleValues::InsertSelections()
+{
+    auto bins = std::make_unique<ValueSelection>(Split(ConsolePaths::Bins).second);
+    for (long count = FirstBins; count <= LastBins; count *= 2)
+        bins->AddItem(SelectionItem(QString::number(count), static_cast<double>(count), count));
+    bins->Select(StartBins, nullptr);
+    m_paths.push_back(Insert(ConsolePaths::Bins, std::move(bins)));
+
+    auto window = std::make_unique<ValueSelection>(Split(ConsolePaths::Window).second);
+    for (int index = 0; index < SpectrumEngine::eWindowCount; ++index) {
+        QString const name = SpectrumEngine::WindowText(static_cast<SpectrumEngine::Window>(index));
+        window->AddItem(SelectionItem(name, index, index));
+    }
+    window->Select(static_cast<long>(SpectrumEngine::eWindowHann), nullptr);
+    m_paths.push_back(Insert(ConsolePaths::Window, std::move(window)));
+
+    auto gradient = std::make_unique<ValueSelection>(Split(ConsolePaths::Gradient).second);
+    for (int index = 0; index < LevelColors::GradientCount(); ++index) {
+        QString const name = QCoreApplication::translate("LevelColors", LevelColors::GradientAt(index).name);
+        gradient->AddItem(SelectionItem(name, index, index));
+    }
+    gradient->Select(0L, nullptr);
+    m_paths.push_back(Insert(ConsolePaths::Gradient, std::move(gradient)));
+}
+
+void ConsoleValues::SetBand(FrequencyRange band)
+{
+    bool const good = std::isfinite(band.start) && std::isfinite(band.span) && band.span > 0.0;
+    ValueNumeric<double> * const span = Number(ConsolePaths::Span);
+    if (!good || !span || band == m_band)
+        return;
+    bool const whole = span->GetValue() >= m_band.span;
+    m_band = band;
+    span->SetMinMax(band.span / MostZoom, band.span, 0.0, nullptr);
+    if (whole)
+        span->SetValue(band.span, nullptr);
+    LimitCentre();
+}
+
+void ConsoleValues::SetLevels(double min, double max)
+{
+    if (!(max - min >= LeastLevelSpan))
+        return;
+    // apart first, so that neither bound holds the other back
+    Set(ConsolePaths::LevelMin, LowestLevel);
+    Set(ConsolePaths::LevelMax, max);
+    Set(ConsolePaths::LevelMin, min);
+}
+
+void ConsoleValues::Set(char const * path, double number)
+{
+    if (ValueNumeric<double> * const value = Number(path))
+        value->SetValue(number, nullptr);
+}
+
+void ConsoleValues::Select(char const * path, long key)
+{
+    if (ValueSelection * const value = Selection(path))
+        value->Select(key, nullptr);
+}
+
+double ConsoleValues::Get(char const * path)
+{
+    ValueNumeric<double> const * const value = Number(path);
+    return value ? value->GetValue() : 0.0;
+}
+
+long ConsoleValues::GetKey(char const * path)
+{
+    ValueSelection const * const value = Selection(path);
+    return value ? value->GetCurrentKey() : 0;
+}
+
+void ConsoleValues::LimitLevels()
+{
+    ValueNumeric<double> * const low = Number(ConsolePaths::LevelMin);
+    ValueNumeric<double> * const high = Number(ConsolePaths::LevelMax);
+    if (!low || !high)
+        return;
+    low->SetMinMax(LowestLevel, high->GetValue() - LeastLevelSpan, 0.0, nullptr);
+    high->SetMinMax(low->GetValue() + LeastLevelSpan, HighestLevel, 0.0, nullptr);
+}
+
+void ConsoleValues::LimitCentre()
+{
+    ValueNumeric<double> * const centre = Number(ConsolePaths::Centre);
+    ValueNumeric<double> * const span = Number(ConsolePaths::Span);
+    if (!centre || !span)
+        return;
+    double const half = span->GetValue() / 2.0;
+    double const least = m_band.start + half;
+    double const most = m_band.start + m_band.span - half;
+    centre->SetMinMax(std::min(least, most), std::max(least, most), 0.0, nullptr);
+}

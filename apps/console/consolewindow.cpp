@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include "consolewindow.h"
+
+#include "colorset.h"
+#include "controlstrip.h"
+#include "guibase.h"
+#include "lineplayer.h"
+#include "numbertexts.h"
+#include "panecolors.h"
+#include "positionbar.h"
+#include "spectrumpane.h"
+#include "statusline.h"
+#include "toint.h"
+#include "waterfallpane.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QSplitter>
+#include <QTimerEvent>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace {
+
+constexpr int StatusPeriod = 1000; // ms
+constexpr QSize StartSize(1100, 760);
+constexpr double Megahertz = 1e6;
+constexpr double Kilohertz = 1e3;
+
+} // namespace
+
+ConsoleWindow::ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const & source, QWidget * parent)
+    : QMainWindow(parent)
+    , m_pPlayer(std::move(player))
+{
+    setObjectName(QStringLiteral("consoleWindow"));
+    setWindowTitle(source + QStringLiteral(" - orim-console"));
+    auto * const middle = new QWidget(this);
+    auto * const layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    BuildControls();
+    BuildPanes();
+    m_pPosition = new PositionBar(middle);
+    m_pStatus = new StatusLine(middle);
+    m_pStatus->SetSource(source);
+    layout->addWidget(m_pControls);
+    layout->addWidget(m_pSplitter, 1);
+    layout->addWidget(m_pPosition);
+    layout->addWidget(m_pStatus);
+    setCentralWidget(middle);
+    ConnectPlayer();
+    FollowValues();
+    BindPanes();
+    connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ConsoleWindow::slotColorsChanged);
+    slotColorsChanged();
+    resize(StartSize);
+    m_statusTimer.start(StatusPeriod, this);
+}
+
+ConsoleWindow::~ConsoleWindow() { m_pPlayer->Stop(); }
+
+void ConsoleWindow::Start() { m_pPlayer->Start(); }
+
+void ConsoleWindow::BuildControls()
+{
+    m_pControls = new ControlStrip(this);
+    auto const path = [](char const * text) { return QString(QLatin1String(text)); };
+    m_pControls->AddNumber(QStringLiteral("centre"), tr("Centre"), path(ConsolePaths::Centre),
+                           { Megahertz, " MHz", 6, 0.01, nullptr });
+    m_pControls->AddNumber(QStringLiteral("span"), tr("Span"), path(ConsolePaths::Span),
+                           { Kilohertz, " kHz", 3, 10.0, nullptr });
+    m_pControls->AddNumber(QStringLiteral("levelMin"), tr("From"), path(ConsolePaths::LevelMin),
+                           { 1.0, " dB", 0, 5.0, nullptr });
+    m_pControls->AddNumber(QStringLiteral("levelMax"), tr("To"), path(ConsolePaths::LevelMax),
+                           { 1.0, " dB", 0, 5.0, nullptr });
+    m_pControls->AddSelection(QStringLiteral("window"), tr("Window"), path(ConsolePaths::Window));
+    m_pControls->AddSelection(QStringLiteral("bins"), tr("Bins"), path(ConsolePaths::Bins));
+    m_pControls->AddNumber(QStringLiteral("averaging"), tr("Average"), path(ConsolePaths::Averaging),
+                           { 1.0, "", 0, 1.0, QT_TR_NOOP("all") });
+    m_pControls->AddNumber(QStringLiteral("lineRate"), tr("Lines/s"), path(ConsolePaths::LineRate),
+                           { 1.0, "", 0, 5.0, nullptr });
+    m_pControls->AddNumber(QStringLiteral("speed"), tr("Speed"), path(ConsolePaths::Speed),
+                           { 1.0, " x", 2, 0.25, nullptr });
+    m_pControls->AddSelection(QStringLiteral("gradient"), tr("Waterfall"), path(ConsolePaths::Gradient));
+    m_pColorSets = ColorSet::GetColorSetsComboBox(m_pControls);
+    m_pColorSets->setObjectName(QStringLiteral("colorSets"));
+    connect(m_pColorSets, qOverload<int>(&QComboBox::activated), this,
+            [](int index) { ColorSet::Instance().Load(index); });
+    m_pControls->AddControl(tr("Colours"), m_pColorSets);
+}
+
+void ConsoleWindow::BuildPanes()
+{
+    m_pSplitter = new QSplitter(Qt::Vertical, this);
+    m_pSplitter->setObjectName(QStringLiteral("splitter"));
+    m_pSplitter->setChildrenCollapsible(false);
+    m_pSpectrum = new SpectrumPane(m_pSplitter);
+    m_pWaterfall = new WaterfallPane(m_pSplitter);
+    m_pSplitter->setStretchFactor(0, 2);
+    m_pSplitter->setStretchFactor(1, 3);
+    m_pSpectrum->SetFrameStats(&m_stats);
+    m_pWaterfall->SetFrameStats(&m_stats);
+}
+
+void ConsoleWindow::ConnectPlayer()
+{
+    LinePlayer * const player = m_pPlayer.get();
+    m_pPosition->SetDuration(player->Duration());
+    m_pPosition->SetPlaying(player->IsPlaying());
+    connect(player, &LinePlayer::signalLines, this, &ConsoleWindow::slotLines);
+    connect(player, &LinePlayer::signalPosition, m_pPosition, &PositionBar::SetPosition);
+    connect(m_pPosition, &PositionBar::signalSeek, player, &LinePlayer::Seek);
+    connect(m_pPosition, &PositionBar::signalPlay, this, [this] { slotPlay(true); });
+    connect(m_pPosition, &PositionBar::signalPause, this, [this] { slotPlay(false); });
+}
+
+void ConsoleWindow::BindPanes()
+{
+    for (RangePane * const pane : { static_cast<RangePane *>(m_pSpectrum), static_cast<RangePane *>(m_pWaterfall) }) {
+        pane->SetCentre_ValuePath(QLatin1String(ConsolePaths::Centre));
+        pane->SetSpan_ValuePath(QLatin1String(ConsolePaths::Span));
+        pane->SetLevelMin_ValuePath(QLatin1String(ConsolePaths::LevelMin));
+        pane->SetLevelMax_ValuePath(QLatin1String(ConsolePaths::LevelMax));
+    }
+    m_pWaterfall->SetGradient_ValuePath(QLatin1String(ConsolePaths::Gradient));
+}
+
+void ConsoleWindow::FollowValues()
+{
+    auto const follow = [this](char const * path, std::function<void()> changed) {
+        m_followers.push_back(std::make_unique<ValueFollower>(std::move(changed)));
+        m_followers.back()->Bind(QLatin1String(path));
+    };
+    LinePlayer * const player = m_pPlayer.get();
+    follow(ConsolePaths::LineRate, [player] { player->SetLineRate(ConsoleValues::Get(ConsolePaths::LineRate)); });
+    follow(ConsolePaths::Speed, [player] { player->SetSpeed(ConsoleValues::Get(ConsolePaths::Speed)); });
+    follow(ConsolePaths::Averaging,
+           [player] { player->SetAveraging(toInt(std::round(ConsoleValues::Get(ConsolePaths::Averaging)))); });
+    follow(ConsolePaths::Bins,
+           [player] { player->SetBins(static_cast<int>(ConsoleValues::GetKey(ConsolePaths::Bins))); });
+    follow(ConsolePaths::Window, [player] {
+        player->SetWindow(static_cast<SpectrumEngine::Window>(ConsoleValues::GetKey(ConsolePaths::Window)));
+    });
+}
+
+ConsoleFigures ConsoleWindow::Figures() const
+{
+    ConsoleFigures figures;
+    figures.produced = m_pPlayer->Produced();
+    figures.taken = m_taken;
+    figures.painted = m_pWaterfall->GetRowsPainted();
+    figures.frames = m_stats.Frames();
+    figures.dropped = m_pPlayer->Dropped();
+    figures.skipped = m_pPlayer->Skipped();
+    figures.processor = m_load.Percent();
+    figures.frameMean = m_stats.MeanMilliseconds();
+    figures.frameMax = m_stats.MaxMilliseconds();
+    return figures;
+}
+
+void ConsoleWindow::FollowBand(SpectrumLine const & line)
+{
+    FrequencyRange const band{ line.centre - line.span / 2.0, line.span };
+    if (band == m_values.GetBand())
+        return;
+    m_values.SetBand(band);
+    double const step = line.span / static_cast<double>(std::max<std::size_t>(1, line.levels.size()));
+    m_pStatus->SetFrequency(tr("Centre %1").arg(NumberTexts::FrequencyWithUnit(line.centre, std::max(1.0, step))));
+}
+
+void ConsoleWindow::slotLines()
+{
+    QElapsedTimer clock;
+    clock.start();
+    m_batch.clear();
+    std::shared_ptr<SpectrumLine const> line;
+    while (m_pPlayer->TakeLine(line))
+        m_batch.push_back(line);
+    if (m_batch.empty())
+        return;
+    m_taken += m_batch.size();
+    FollowBand(*m_batch.back());
+    m_pWaterfall->AppendLines(m_batch);
+    m_pSpectrum->SetLine(m_batch.back());
+    m_stats.AddWork(clock.nsecsElapsed());
+}
+
+void ConsoleWindow::slotColorsChanged()
+{
+    QApplication::setPalette(ColorSet::Instance().GetPalette());
+    ColorSet::UpdateComboBox(m_pColorSets);
+    PaneColors const colors = CurrentPaneColors();
+    m_pSpectrum->SetColors(colors);
+    m_pWaterfall->SetColors(colors);
+}
+
+void ConsoleWindow::slotPlay(bool play)
+{
+    if (play)
+        m_pPlayer->Play();
+    else
+        m_pPlayer->Pause();
+    m_pPosition->SetPlaying(m_pPlayer->IsPlaying());
+}
+
+void ConsoleWindow::ShowFigures()
+{
+    double const now = m_load.Seconds();
+    double const passed = now - m_secondsAtStatus;
+    double const rate = passed > 0.0 ? static_cast<double>(m_taken - m_takenAtStatus) / passed : 0.0;
+    m_takenAtStatus = m_taken;
+    m_secondsAtStatus = now;
+    m_pStatus->SetFigures(rate, m_pPlayer->Dropped() + m_pPlayer->Skipped(), m_stats.MeanMilliseconds());
+}
+
+void ConsoleWindow::timerEvent(QTimerEvent * event)
+{
+    if (event->timerId() == m_statusTimer.timerId())
+        ShowFigures();
+    else
+        QMainWindow::timerEvent(event);
+}

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_CONSOLEWINDOW_H
+#define ORIM_CONSOLEWINDOW_H
+
+#include "consolefigures.h"
+#include "consolevalues.h"
+#include "framestats.h"
+#include "processload.h"
+#include "spectrumline.h"
+
+#include <QBasicTimer>
+#include <QMainWindow>
+
+#include <memory>
+#include <vector>
+
+class ControlStrip;
+class LinePlayer;
+class PositionBar;
+class QComboBox;
+class QSplitter;
+class SpectrumPane;
+class StatusLine;
+class WaterfallPane;
+
+//! The operator screen: spectrum over waterfall, fed by a player, with its controls.
+class ConsoleWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    //! \param player  what is shown; not null. It is started by Start().
+    //! \param source  name of the source for the operator.
+    ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const & source, QWidget * parent = nullptr);
+    ~ConsoleWindow() override;
+
+    //! Starts the player.
+    void Start();
+
+    ConsoleFigures Figures() const;
+
+    LinePlayer & Player() { return *m_pPlayer; }
+
+    SpectrumPane & Spectrum() { return *m_pSpectrum; }
+
+    WaterfallPane & Waterfall() { return *m_pWaterfall; }
+
+    PositionBar & Position() { return *m_pPosition; }
+
+    ConsoleValues & Values() { return m_values; }
+
+    QComboBox & ColorSets() { return *m_pColorSets; }
+
+    //! Id of the timer that refreshes the status line.
+    int GetStatusTimerId() const { return m_statusTimer.timerId(); }
+
+protected:
+    void timerEvent(QTimerEvent * event) override;
+
+private:
+    void BuildControls();
+    void BuildPanes();
+    void ConnectPlayer();
+    void BindPanes();
+    void FollowValues();
+    void FollowBand(SpectrumLine const & line);
+    void slotLines();
+    void slotColorsChanged();
+    void slotPlay(bool play);
+    void ShowFigures();
+
+    ConsoleValues m_values;
+    std::unique_ptr<LinePlayer> m_pPlayer;
+    std::vector<std::unique_ptr<ValueFollower>> m_followers; // hand the values to the player
+    FrameStats m_stats;
+    ProcessLoad m_load;
+    QBasicTimer m_statusTimer;
+    quint64 m_taken = 0;
+    quint64 m_takenAtStatus = 0;
+    double m_secondsAtStatus = 0.0;
+    std::vector<std::shared_ptr<SpectrumLine const>> m_batch;
+    ControlStrip * m_pControls = nullptr;
+    QComboBox * m_pColorSets = nullptr;
+    QSplitter * m_pSplitter = nullptr;
+    SpectrumPane * m_pSpectrum = nullptr;
+    WaterfallPane * m_pWaterfall = nullptr;
+    PositionBar * m_pPosition = nullptr;
+    StatusLine * m_pStatus = nullptr;
+};
+
+#endif

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "controlstrip.h"
+
+#include "flowlayout.h"
+#include "valuefollower.h"
+#include "valuenumeric.h"
+#include "valueselection.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int Margin = 4; // px, as the one below
+constexpr int Spacing = 4;
+
+void ShowItems(QComboBox * box, ValueSelection const * selection)
+{
+    QSignalBlocker const quiet(box);
+    if (!selection)
+        return;
+    box->clear();
+    for (int index = 0; index < selection->GetItemCount(); ++index)
+        box->addItem(selection->GetItemAt(index)->GetName(),
+                     static_cast<qlonglong>(selection->GetItemAt(index)->GetKey()));
+    box->setCurrentIndex(selection->GetCurrentIndex());
+}
+
+void ShowNumber(QDoubleSpinBox * box, IValueNumeric const * value, double unit)
+{
+    QSignalBlocker const quiet(box);
+    if (!value)
+        return;
+    box->setRange(value->GetNumericMin() / unit, value->GetNumericMax() / unit);
+    box->setValue(value->GetNumericValue() / unit);
+}
+
+} // namespace
+
+ControlStrip::ControlStrip(QWidget * parent) : QWidget(parent), m_pLayout(new FlowLayout(this))
+{
+    setObjectName(QStringLiteral("controlStrip"));
+    m_pLayout->setContentsMargins(Margin, Margin, Margin, Margin);
+    m_pLayout->setSpacing(Spacing);
+}
+
+ControlStrip::~ControlStrip() = default;
+
+QComboBox * ControlStrip::AddSelection(QString const & name, QString const & label, QString const & path)
+{
+    auto * const box = new QComboBox(this);
+    box->setObjectName(name);
+    std::size_t const place = m_followers.size();
+    m_followers.push_back(
+        std::make_unique<ValueFollower>([this, box, place] { ShowItems(box, m_followers[place]->Selection()); }));
+    ValueFollower * const follower = m_followers.back().get();
+    follower->Bind(path);
+    connect(box, qOverload<int>(&QComboBox::activated), this, [box, follower](int index) {
+        follower->SetKey(static_cast<long>(box->itemData(index).toLongLong()));
+        ShowItems(box, follower->Selection());
+    });
+    AddControl(label, box);
+    return box;
+}
+
+QDoubleSpinBox * ControlStrip::AddNumber(QString const & name, QString const & label, QString const & path,
+                                         NumberForm const & form)
+{
+    auto * const box = new QDoubleSpinBox(this);
+    box->setObjectName(name);
+    box->setLocale(QLocale::c());
+    box->setDecimals(form.decimals);
+    box->setSingleStep(form.step);
+    box->setSuffix(QLatin1String(form.suffix));
+    box->setKeyboardTracking(false);
+    if (form.zeroText)
+        box->setSpecialValueText(tr(form.zeroText));
+    double const unit = form.unit;
+    std::size_t const place = m_followers.size();
+    m_followers.push_back(std::make_unique<ValueFollower>(
+        [this, box, place, unit] { ShowNumber(box, m_followers[place]->Numeric(), unit); }));
+    ValueFollower * const follower = m_followers.back().get();
+    follower->Bind(path);
+    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [box, follower, unit](double number) {
+        follower->SetNumber(number * unit);
+        ShowNumber(box, follower->Numeric(), unit); // also when the value did not move
+    });
+    AddControl(label, box);
+    return box;
+}
+
+void ControlStrip::AddControl(QString const & label, QWidget * control)
+{
+    auto * const cell = new QWidget(this);
+    auto * const layout = new QHBoxLayout(cell);
+    layout->setContentsMargins(0, 0, Margin, 0);
+    layout->setSpacing(Spacing);
+    auto * const text = new QLabel(label, cell);
+    text->setBuddy(control);
+    control->setAccessibleName(label);
+    layout->addWidget(text);
+    layout->addWidget(control);
+    m_pLayout->addWidget(cell);
+}

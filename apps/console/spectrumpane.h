@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_SPECTRUMPANE_H
+#define ORIM_SPECTRUMPANE_H
+
+#include "rangepane.h"
+#include "spectrumline.h"
+
+#include <QBasicTimer>
+#include <QImage>
+
+#include <memory>
+#include <vector>
+
+//! Shows the latest spectrum line as a trace over a grid of levels and frequencies, and reads out its highest peak.
+class SpectrumPane : public RangePane
+{
+    Q_OBJECT
+public:
+    struct Peak
+    {
+        double frequency; // Hz
+        double level;     // dBFS
+    };
+
+    explicit SpectrumPane(QWidget * parent = nullptr);
+    ~SpectrumPane() override;
+
+    //! Shows a line. Null is ignored. The pane repaints once, however many lines it got since it was painted.
+    void SetLine(std::shared_ptr<SpectrumLine const> line);
+
+    //! Highest level within the frequency range, as read out; not finite before the first line. The read-out is taken
+    //! anew five times a second, so that it can be read.
+    Peak const & GetPeak() const { return m_peak; }
+
+    //! Id of the timer of the read-out.
+    int GetPeakTimerId() const { return m_peakTimer.timerId(); }
+
+    //! What is painted, device pixels.
+    QImage const & GetPicture() const { return m_picture; }
+
+    //! Row of the trace in each column of the picture rectangle, counted from its top; -1 without one.
+    std::vector<int> const & GetTrace() const { return m_rows; }
+
+    QSize sizeHint() const override { return { 800, 240 }; }
+
+    QSize minimumSizeHint() const override { return { 240, 80 }; }
+
+protected:
+    void Rebuild() override;
+    PaneMargins Margins() const override;
+    void paintEvent(QPaintEvent * event) override;
+    void timerEvent(QTimerEvent * event) override;
+
+private:
+    void BuildGrounds();
+    void PaintGrid(QPainter & painter) const;
+    void PaintLevelGrid(QPainter & painter) const;
+    void PaintFrequencyGrid(QPainter & painter) const;
+    void FillBelowTrace();
+    void PaintTrace();
+    void PaintPeak(QPainter & painter) const;
+    void PaintPicture();
+    void FindPeak();
+    QString PeakText() const;
+
+    std::shared_ptr<SpectrumLine const> m_line;
+    LineColumns m_map;
+    std::vector<double> m_columns; // dBFS
+    std::vector<int> m_rows;
+    Peak m_peak;
+    int m_peakColumn = -1; // of the line shown
+    bool m_peakDue = true;
+    QBasicTimer m_peakTimer;
+    QImage m_plain;   // grid and labels
+    QImage m_filled;  // the same, as seen below the trace
+    QImage m_picture; // what is painted
+};
+
+#endif

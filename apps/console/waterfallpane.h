@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_WATERFALLPANE_H
+#define ORIM_WATERFALLPANE_H
+
+#include "levelcolors.h"
+#include "rangepane.h"
+#include "spectrumline.h"
+#include "waterfallimage.h"
+
+#include <QImage>
+
+#include <memory>
+#include <vector>
+
+//! Shows spectrum lines as coloured rows, the newest on top, one device pixel each, with their times at the left.
+class WaterfallPane : public RangePane
+{
+    Q_OBJECT
+public:
+    explicit WaterfallPane(QWidget * parent = nullptr);
+    ~WaterfallPane() override;
+
+    //! Adds a row a line, the last one on top. Null is ignored. The pane repaints once, however many rows it got since
+    //! it was painted.
+    void AppendLines(std::vector<std::shared_ptr<SpectrumLine const>> const & lines);
+    //! Forgets all rows.
+    void Clear();
+
+    //! Gradient of the levels by its index; one that is none is ignored. All rows are coloured anew.
+    void SetGradient(int index);
+
+    int GetGradient() const { return m_levelColors.GetGradient(); }
+
+    //! Binds the gradient to a selection whose keys are the indices. \return whether the path was found.
+    bool SetGradient_ValuePath(QString const & path);
+
+    //! The rows; row 0 is the topmost of the picture rectangle, its stamp the time of the line, s.
+    WaterfallImage const & GetImage() const { return m_image; }
+
+    //! Rows appended, and those of them that were painted.
+    quint64 GetRowsAppended() const { return m_rowsAppended; }
+
+    quint64 GetRowsPainted() const { return m_rowsPainted; }
+
+    QSize sizeHint() const override { return { 800, 400 }; }
+
+    QSize minimumSizeHint() const override { return { 240, 60 }; }
+
+protected:
+    void Rebuild() override;
+    PaneMargins Margins() const override;
+    void paintEvent(QPaintEvent * event) override;
+
+private:
+    WaterfallImage::Colorer Colorer();
+    void AppendLine(SpectrumLine const & line);
+    void LayRows();
+    void PaintTimes();
+    void CountPainted(qint64 nanoseconds);
+
+    ValueFollower m_gradient;
+    LevelColors m_levelColors;
+    WaterfallImage m_image;
+    FrequencyRange m_imageRange{ 0.0, 1.0 }; // of the rows
+    LineColumns m_map;
+    bool m_rowsHaveGaps = false;   // some kept row shows no level somewhere
+    std::vector<double> m_columns; // dBFS, of the row being appended
+    std::vector<QRgb> m_pixels;
+    QImage m_times; // left margin with the times
+    quint64 m_rowsAppended = 0;
+    quint64 m_rowsPainted = 0;
+};
+
+#endif
