@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "controleventfilter.h"
+
+#include "control.h"
+#include "resortpopupmenu.h"
+
+#include <QContextMenuEvent>
+#include <QPointer>
+
+ControlEventFilter::ControlEventFilter(QObject * parent) : QObject(parent) {}
+
+void ControlEventFilter::SetControl(Control const & control) { m_pControl = control.m_pLife; }
+
+Control * ControlEventFilter::GetControl() const
+{
+    auto const control = m_pControl.lock();
+    return control ? *control : nullptr;
+}
+
+bool ControlEventFilter::eventFilter(QObject * object, QEvent * event)
+{
+    if (!object || !event)
+        return false;
+    QPointer<ControlEventFilter> const self(this);
+    QPointer<QObject> const receiver(object);
+    if (GetControl() && event->type() == QEvent::MouseButtonDblClick && object->inherits("DrawPane"))
+        Q_EMIT signalDblClick(event);
+    if (!self || !receiver)
+        return true; // nobody is left to go on with the event
+
+    Control * const control = GetControl();
+    if (control && control->GetContextMenuEnabled() && event->type() == QEvent::ContextMenu &&
+        control->GetContextMenu()) {
+        bool const opened = self && OpenMenu(*static_cast<QContextMenuEvent *>(event));
+        if (opened || !self || !receiver)
+            return true;
+    }
+    return QObject::eventFilter(object, event);
+}
+
+//! The menu is asked for once more: a control that rebuilds it shows the second one.
+bool ControlEventFilter::OpenMenu(QContextMenuEvent const & event)
+{
+    Control * const control = GetControl();
+    if (!control)
+        return false;
+    control->SetCurrentXYMenu(event.pos());
+    ResortPopupMenu * const menu = control->GetContextMenu();
+    if (!menu)
+        return false;
+    menu->popup(event.globalPos());
+    return true;
+}
