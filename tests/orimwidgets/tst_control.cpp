@@ -77,6 +77,9 @@ class tst_control : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void startsWith();
     void startsWithoutWidget();
     void widgetSetUp();

@@ -82,6 +82,9 @@ class tst_controleventfilter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void eventNumbers();
     void doubleClick_data();
     void doubleClick();
