@@ -29,7 +29,8 @@ std::shared_ptr<SpectrumLine const> LineMaker::Make(quint64 number, double secon
 
     int const spectra = SpectraOf(sliceSamples);
     double const size = m_engine.Samples();
-    double const extent = std::max(sliceSamples, size + (spectra - 1) * size / 2.0);
+    double const least = m_averaging > 0 ? size + (spectra - 1) * size / 2.0 : size;
+    double const extent = std::max(sliceSamples, least);
     double const step = spectra > 1 ? (extent - size) / (spectra - 1) : 0.0;
     double const first = middle - (spectra > 1 ? extent : size) / 2.0;
     for (int i = 0; i < spectra; ++i)

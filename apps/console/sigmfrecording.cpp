@@ -204,12 +204,13 @@ qint64 SigmfRecording::ReadSamples(qint64 position, Sample * out, qint64 count) 
         bool const last = extent + 1 == m_extents.end();
         qint64 const at = position + done;
         qint64 const offset = extent->offset + (at - extent->first) * frame;
-        qint64 const readable = (present - offset) / frame;
-        qint64 const part = std::min({ wanted - done, (last ? m_length : (extent + 1)->first) - at, readable });
-        if (part <= 0)
+        qint64 const stretch = std::min(wanted - done, (last ? m_length : (extent + 1)->first) - at);
+        qint64 const part = std::min(stretch, (present - offset) / frame);
+        if (part > 0)
+            convert(m_data + offset, frame, !m_meta.IsReal(), out + done, part);
+        done += std::max<qint64>(part, 0);
+        if (part < stretch)
             break;
-        convert(m_data + offset, frame, !m_meta.IsReal(), out + done, part);
-        done += part;
         ++extent;
     }
     return done;

@@ -346,7 +346,7 @@ void tst_LineMaker::vorPeaks_data()
     QTest::addColumn<double>("to");
     QTest::newRow("variable phase") << 30.0 << 10.0 << 100.0;
     QTest::newRow("identity") << 1020.0 << 500.0 << 2000.0;
-    QTest::newRow("subcarrier") << 9960.0 << 8000.0 << 12000.0;
+    QTest::newRow("subcarrier, the middle one of its lines 30 Hz apart") << 9960.0 << 9945.0 << 9975.0;
 }
 
 void tst_LineMaker::vorPeaks()

@@ -203,9 +203,7 @@ void tst_SigmfRecording::oddNumbers()
 void tst_SigmfRecording::firstOfTheChannels()
 {
     SigmfFiles const files;
-    QByteArray data;
-    for (char const i : { 64, 1, 2, 3, 32, 4, 5, 6 })
-        data.append(i);
+    QByteArray const data("\x40\x01\x02\x03\x20\x04\x05\x06");
     QString error;
     auto const recording =
         SigmfRecording::Open(files.Recording(SigmfFiles::Meta("ci8", "\"core:num_channels\": 2"), data), error);
