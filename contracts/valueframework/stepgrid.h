@@ -88,8 +88,9 @@ private:
     T m_step = 0;
 };
 
-//! Doubles: limits are finite, and a point that misses a limit by rounding alone is that limit. Where the grid is finer
-//! than doubles can tell, a number stays as it is.
+//! Doubles: limits are finite. A step and a minimum that are short decimal fractions give points that are such
+//! fractions (3 steps of 0.1 are 0.3), and a point that misses a limit by rounding alone is that limit. Where the grid
+//! is finer than doubles can tell, a number stays as it is.
 template <>
 class StepGrid<double>
 {
@@ -100,7 +101,12 @@ public:
         : m_min(Finite(min))
         , m_max(Finite(max))
         , m_step(std::isfinite(step) && step > 0.0 ? step : 0.0)
-    {}
+        , m_base(m_min == std::numeric_limits<double>::lowest() ? 0.0 : m_min)
+    {
+        for (double scale = 1.0; scale <= s_finestScale && m_scale == 0.0; scale *= 10.0)
+            if (IsDecimal(m_step, scale) && IsDecimal(m_base, scale))
+                m_scale = scale;
+    }
 
     double GetMin() const { return m_min; }
 
@@ -118,15 +124,15 @@ public:
         double const inside = std::clamp(value, m_min, m_max);
         if (!(m_step > 0.0))
             return inside;
-        double const base = m_min == std::numeric_limits<double>::lowest() ? 0.0 : m_min;
-        double const count = std::floor(Steps(inside, base) + 0.5);
+        // halved, so that the difference of two far ends stays finite
+        double const count = std::floor((inside / 2 - m_base / 2) / (m_step / 2) + 0.5);
         if (!(std::abs(count) <= s_mostSteps))
             return inside;
-        double const point = Point(base, count);
+        double const point = Point(count);
         if (point > m_max)
-            return point - m_max <= m_step * s_rounding ? m_max : std::max(m_min, Point(base, count - 1.0));
+            return point - m_max <= m_step * s_rounding ? m_max : std::max(m_min, Point(count - 1.0));
         if (point < m_min)
-            return m_min - point <= m_step * s_rounding ? m_min : std::min(m_max, Point(base, count + 1.0));
+            return m_min - point <= m_step * s_rounding ? m_min : std::min(m_max, Point(count + 1.0));
         return point;
     }
 
@@ -134,6 +140,8 @@ public:
 
 private:
     static constexpr double s_mostSteps = 1125899906842624.0; // 2^50: above, a double cannot count single steps safely
+    static constexpr double s_mostUnits = 9007199254740992.0; // 2^53: up to here whole numbers are exact
+    static constexpr double s_finestScale = 1e15;             // units of 1e-15
     static constexpr double s_rounding = 1e-9;                // part of a step
 
     static double Finite(double limit)
@@ -141,15 +149,28 @@ private:
         return std::clamp(limit, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
     }
 
-    //! Steps from base to value. Halved, so that the difference of two far ends stays finite.
-    double Steps(double value, double base) const { return (value / 2 - base / 2) / (m_step / 2); }
+    //! Whether a number is the double nearest to a whole number of units of 1 / scale.
+    static bool IsDecimal(double number, double scale)
+    {
+        double const units = std::round(number * scale);
+        return std::abs(units) <= s_mostUnits && units / scale == number;
+    }
 
-    //! One rounding only, so that 3 steps of 0.1 are 0.3.
-    double Point(double base, double count) const { return std::fma(count, m_step, base); }
+    double Point(double count) const
+    {
+        if (m_scale > 0.0) {
+            double const units = std::round(m_base * m_scale) + count * std::round(m_step * m_scale);
+            if (std::abs(units) <= s_mostUnits)
+                return units / m_scale;
+        }
+        return std::fma(count, m_step, m_base);
+    }
 
     double m_min = std::numeric_limits<double>::lowest();
     double m_max = std::numeric_limits<double>::max();
     double m_step = 0.0;
+    double m_base = 0.0;  // where the grid counts from
+    double m_scale = 0.0; // units a whole; 0: step and base are no short decimal fractions
 };
 
 #endif
