@@ -10,6 +10,7 @@ constexpr std::size_t FewestSlots = 64;
 // odd constants with evenly spread bits
 constexpr std::uint64_t Odd1 = 0x9E3779B97F4A7C15u;
 constexpr std::uint64_t Odd2 = 0xD6E8FEB86659FD93u;
+constexpr std::uint64_t Odd3 = 0xA0761D6478BD642Fu;
 
 __extension__ using Wide = unsigned __int128;
 
@@ -35,14 +36,14 @@ std::uint64_t PathTable::Hash(char16_t const * text, std::size_t length)
 {
     char const * bytes = reinterpret_cast<char const *>(text);
     std::size_t size = length * sizeof(char16_t);
-    std::uint64_t hash = Odd1 ^ size;
+    std::uint64_t hash = Odd3 ^ size;
     if (size < 16) {
         char padded[16] = {};
         std::memcpy(padded, bytes, size);
         return Mix(Load(padded) ^ Odd2, Load(padded + 8) ^ hash);
     }
     char const * const last = bytes + size - 16; // the last 16 bytes, overlapping those before
-    std::uint64_t other = Odd2;
+    std::uint64_t other = Odd3;                  // not Odd2, or the two words of a block could change places
     for (; size > 32; size -= 32, bytes += 32) { // two chains side by side
         hash = Mix(Load(bytes) ^ Odd1, Load(bytes + 8) ^ hash);
         other = Mix(Load(bytes + 16) ^ Odd2, Load(bytes + 24) ^ other);
