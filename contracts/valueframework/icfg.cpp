@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "icfg.h"
 
-ICfg::~ICfg() = default;
+#include "persistant.h"
+
+ICfg::~ICfg() { Persistant::Forget(this); }
 
 bool ICfg::Flush() { return true; }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "testmain.h"
 
+#include "memorycfg.h"
+#include "persistant.h"
+
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
@@ -58,6 +61,8 @@ void TestStage::AfterApplication()
 {
     std::setlocale(LC_ALL, "C");
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    static auto * const store = new MemoryCfg; // never destroyed: static objects write while the process ends
+    Persistant::SetStore(store);
 }
 
 void TestStage::HushPopups()
