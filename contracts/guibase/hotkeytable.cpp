@@ -148,7 +148,7 @@ int HotKeyTable::FindName(QString const & name) const
 int HotKeyTable::Match(HotKeyCombination const & pressed, std::function<bool(HotKey const &)> const & admits) const
 {
     int const index = MatchExactly(pressed, admits);
-    if (index >= 0 || !IsSign(pressed.key) || !(pressed.modifiers & Qt::ShiftModifier))
+    if (index >= 0 || !IsSign(pressed.key) || !(pressed.modifiers & static_cast<int>(Qt::ShiftModifier)))
         return index;
     HotKeyCombination withoutShift = pressed;
     withoutShift.modifiers &= ~static_cast<int>(Qt::ShiftModifier);
