@@ -57,6 +57,8 @@ void ConsoleRun::ApplyOptions()
         ConsoleValues::Select(ConsolePaths::Bins, *m_options.bins);
     if (m_options.levelMin && m_options.levelMax)
         m_window.Values().SetLevels(*m_options.levelMin, *m_options.levelMax);
+    else
+        m_window.FitLevelRange();
 }
 
 void ConsoleRun::slotScreenshot()

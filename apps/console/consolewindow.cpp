@@ -4,6 +4,7 @@
 #include "colorset.h"
 #include "controlstrip.h"
 #include "guibase.h"
+#include "levelfit.h"
 #include "lineplayer.h"
 #include "numbertexts.h"
 #include "panecolors.h"
@@ -18,6 +19,7 @@
 #include <QElapsedTimer>
 #include <QSplitter>
 #include <QTimerEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -76,6 +78,12 @@ void ConsoleWindow::BuildControls()
                            { 1.0, " dB", 0, 5.0, nullptr });
     m_pControls->AddNumber(QStringLiteral("levelMax"), tr("To"), path(ConsolePaths::LevelMax),
                            { 1.0, " dB", 0, 5.0, nullptr });
+    auto * const fit = new QToolButton(m_pControls);
+    fit->setObjectName(QStringLiteral("fit"));
+    fit->setText(tr("Fit"));
+    fit->setToolTip(tr("Fit the level range to the signal"));
+    connect(fit, &QToolButton::clicked, this, &ConsoleWindow::FitLevelRange);
+    m_pControls->AddControl(QString(), fit);
     m_pControls->AddSelection(QStringLiteral("window"), tr("Window"), path(ConsolePaths::Window));
     m_pControls->AddSelection(QStringLiteral("bins"), tr("Bins"), path(ConsolePaths::Bins));
     m_pControls->AddNumber(QStringLiteral("averaging"), tr("Average"), path(ConsolePaths::Averaging),
@@ -146,6 +154,15 @@ void ConsoleWindow::FollowValues()
     });
 }
 
+void ConsoleWindow::FitLevelRange()
+{
+    m_fitDue = m_batch.empty();
+    if (m_fitDue)
+        return;
+    LevelRange const range = FitLevels(m_batch.back()->levels);
+    m_values.SetLevels(range.min, range.max);
+}
+
 ConsoleFigures ConsoleWindow::Figures() const
 {
     ConsoleFigures figures;
@@ -175,14 +192,16 @@ void ConsoleWindow::slotLines()
 {
     QElapsedTimer clock;
     clock.start();
-    m_batch.clear();
     std::shared_ptr<SpectrumLine const> line;
+    if (!m_pPlayer->TakeLine(line))
+        return;
+    m_batch.assign(1, line);
     while (m_pPlayer->TakeLine(line))
         m_batch.push_back(line);
-    if (m_batch.empty())
-        return;
     m_taken += m_batch.size();
     FollowBand(*m_batch.back());
+    if (m_fitDue)
+        FitLevelRange();
     m_pWaterfall->AppendLines(m_batch);
     m_pSpectrum->SetLine(m_batch.back());
     m_stats.AddWork(clock.nsecsElapsed());

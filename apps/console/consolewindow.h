@@ -36,6 +36,9 @@ public:
     //! Starts the player.
     void Start();
 
+    //! Fits the level range to the latest line, or to the first one when there is none yet.
+    void FitLevelRange();
+
     ConsoleFigures Figures() const;
 
     LinePlayer & Player() { return *m_pPlayer; }
@@ -77,7 +80,8 @@ private:
     quint64 m_taken = 0;
     quint64 m_takenAtStatus = 0;
     double m_secondsAtStatus = 0.0;
-    std::vector<std::shared_ptr<SpectrumLine const>> m_batch;
+    bool m_fitDue = false; // with the next line
+    std::vector<std::shared_ptr<SpectrumLine const>> m_batch; // lines taken last
     ControlStrip * m_pControls = nullptr;
     QComboBox * m_pColorSets = nullptr;
     QSplitter * m_pSplitter = nullptr;

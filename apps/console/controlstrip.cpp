@@ -98,10 +98,12 @@ void ControlStrip::AddControl(QString const & label, QWidget * control)
     auto * const layout = new QHBoxLayout(cell);
     layout->setContentsMargins(0, 0, Margin, 0);
     layout->setSpacing(Spacing);
-    auto * const text = new QLabel(label, cell);
-    text->setBuddy(control);
-    control->setAccessibleName(label);
-    layout->addWidget(text);
+    if (!label.isEmpty()) {
+        auto * const text = new QLabel(label, cell);
+        text->setBuddy(control);
+        control->setAccessibleName(label);
+        layout->addWidget(text);
+    }
     layout->addWidget(control);
     m_pLayout->addWidget(cell);
 }

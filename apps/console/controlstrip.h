@@ -36,7 +36,7 @@ public:
     //! Adds a spin box for a number.
     QDoubleSpinBox * AddNumber(QString const & name, QString const & label, QString const & path,
                                NumberForm const & form);
-    //! Adds any control.
+    //! Adds any control; without a label it stands alone.
     void AddControl(QString const & label, QWidget * control);
 
 private:

@@ -67,6 +67,12 @@ double SmallestAdvance(std::vector<double> const & stamps)
     return least;
 }
 
+QString TimeLabel(double seconds, double step)
+{
+    QString const text = NumberTexts::Time(seconds, step);
+    return text.contains(QLatin1Char(':')) ? text : text + QLatin1String(" s");
+}
+
 } // namespace
 
 double GridTics::NiceStep(double least)
@@ -111,7 +117,8 @@ std::vector<GridTics::Tic> GridTics::Lay(Axis const & axis, Labels const & label
 
 std::vector<GridTics::RowTic> GridTics::LayRows(std::vector<double> const & stamps, int spacing)
 {
-    double const least = SmallestAdvance(stamps) * std::max(1, spacing);
+    double const advance = SmallestAdvance(stamps);
+    double const least = advance * std::max(1, spacing);
     auto const wanted =
         std::find_if(TimeSteps.begin(), TimeSteps.end(), [least](double step) { return step >= least; });
     double const step = wanted != TimeSteps.end() ? *wanted : NiceStep(least);
@@ -120,11 +127,13 @@ std::vector<GridTics::RowTic> GridTics::LayRows(std::vector<double> const & stam
         return tics;
     int last = static_cast<int>(stamps.size()) + spacing; // row of the last label
     for (int row = static_cast<int>(stamps.size()) - 2; row >= 0; --row) {
-        double const count = std::floor(stamps[static_cast<std::size_t>(row)] / step + RowSlack);
-        double const before = std::floor(stamps[static_cast<std::size_t>(row) + 1] / step + RowSlack);
-        if (count == before || last - row < spacing)
+        double const time = stamps[static_cast<std::size_t>(row)];
+        double const before = stamps[static_cast<std::size_t>(row) + 1];
+        double const count = std::floor(time / step + RowSlack);
+        bool const isAnew = time < before;
+        if ((count == std::floor(before / step + RowSlack) && !isAnew) || last - row < spacing)
             continue;
-        tics.push_back({ row, NumberTexts::Time(count * step, step) });
+        tics.push_back({ row, isAnew ? TimeLabel(time, advance) : TimeLabel(count * step, step) });
         last = row;
     }
     return tics;

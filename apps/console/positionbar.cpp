@@ -2,11 +2,15 @@
 #include "positionbar.h"
 
 #include "numbertexts.h"
+#include "panelayout.h"
 #include "toint.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QIcon>
 #include <QLabel>
+#include <QPainter>
+#include <QPixmap>
 #include <QProxyStyle>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -17,6 +21,7 @@
 
 namespace {
 
+constexpr int IconSize = 16; // px
 constexpr int BarSteps = 10000;
 constexpr int KeySteps = 50;   // an arrow key: half a percent
 constexpr int PageSteps = 500; // a page key: five percent
@@ -32,6 +37,22 @@ public:
                                                     : QProxyStyle::styleHint(hint, option, widget, returned);
     }
 };
+
+//! A sign on a transparent ground; \a paint draws it in a square of IconSize.
+template <class Paint>
+QIcon IconOf(double ratio, QColor const & color, Paint paint)
+{
+    QPixmap picture(PaneLayout::ToDevice(QSize(IconSize, IconSize), ratio));
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    paint(painter);
+    painter.end();
+    return { picture };
+}
 
 } // namespace
 
@@ -55,10 +76,9 @@ PositionBar::~PositionBar() = default;
 
 void PositionBar::BuildButtons()
 {
-    auto const button = [this](char const * name, QStyle::StandardPixmap icon, QString const & text) {
+    auto const button = [this](char const * name, QString const & text) {
         auto * const made = new QToolButton(this);
         made->setObjectName(QLatin1String(name));
-        made->setIcon(style()->standardIcon(icon));
         made->setToolTip(text);
         made->setAccessibleName(text);
         made->setCheckable(true);
@@ -66,8 +86,9 @@ void PositionBar::BuildButtons()
         made->setFocusPolicy(Qt::StrongFocus);
         return made;
     };
-    m_pPlay = button("play", QStyle::SP_MediaPlay, tr("Play"));
-    m_pPause = button("pause", QStyle::SP_MediaPause, tr("Pause"));
+    m_pPlay = button("play", tr("Play"));
+    m_pPause = button("pause", tr("Pause"));
+    PaintIcons();
     // a click checks the button by itself; the state shown is the one that is set
     connect(m_pPlay, &QToolButton::clicked, this, [this] {
         SetPlaying(m_playing);
@@ -77,6 +98,26 @@ void PositionBar::BuildButtons()
         SetPlaying(m_playing);
         Q_EMIT signalPause();
     });
+}
+
+//! The signs bear the colour of the button's text, so that they are seen in every colour set.
+void PositionBar::PaintIcons()
+{
+    QColor const color = palette().color(QPalette::ButtonText);
+    m_pPlay->setIcon(IconOf(devicePixelRatioF(), color, [](QPainter & painter) {
+        painter.drawPolygon(QPolygonF({ { 4.0, 2.0 }, { 14.0, 8.0 }, { 4.0, 14.0 } }));
+    }));
+    m_pPause->setIcon(IconOf(devicePixelRatioF(), color, [](QPainter & painter) {
+        painter.drawRect(QRectF(3.0, 2.0, 4.0, 12.0));
+        painter.drawRect(QRectF(9.0, 2.0, 4.0, 12.0));
+    }));
+}
+
+void PositionBar::changeEvent(QEvent * event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_pPlay && m_pPause)
+        PaintIcons();
 }
 
 void PositionBar::BuildBar()
@@ -116,8 +157,7 @@ void PositionBar::SetPosition(double seconds)
     if (!std::isfinite(seconds) || m_pBar->isSliderDown())
         return;
     m_position = std::max(0.0, m_duration > 0.0 ? std::min(seconds, m_duration) : seconds);
-    QSignalBlocker const quiet(m_pBar);
-    m_pBar->setValue(m_duration > 0.0 ? toInt(std::round(m_position / m_duration * BarSteps)) : 0);
+    ShowBar();
     ShowTexts();
 }
 
@@ -145,6 +185,17 @@ void PositionBar::slotBarMoved(int value)
     m_position = ValueToSeconds(value);
     ShowTexts();
     Q_EMIT signalSeek(m_position);
+}
+
+//! Moves the bar when that moves it by a pixel.
+void PositionBar::ShowBar()
+{
+    int const value = m_duration > 0.0 ? toInt(std::round(m_position / m_duration * BarSteps)) : 0;
+    int const pixel = BarSteps / std::max(1, m_pBar->width());
+    if (std::abs(value - m_pBar->value()) < pixel && value != 0 && value != BarSteps)
+        return;
+    QSignalBlocker const quiet(m_pBar);
+    m_pBar->setValue(value);
 }
 
 void PositionBar::ShowTexts()

@@ -40,11 +40,14 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent * event) override;
+    void changeEvent(QEvent * event) override;
 
 private:
     void BuildButtons();
     void BuildBar();
+    void PaintIcons();
     void slotBarMoved(int value);
+    void ShowBar();
     void ShowTexts();
     double ValueToSeconds(int value) const;
     double TextStep() const;
