@@ -80,7 +80,7 @@ private:
     quint64 m_taken = 0;
     quint64 m_takenAtStatus = 0;
     double m_secondsAtStatus = 0.0;
-    bool m_fitDue = false; // with the next line
+    bool m_fitDue = false;                                    // with the next line
     std::vector<std::shared_ptr<SpectrumLine const>> m_batch; // lines taken last
     ControlStrip * m_pControls = nullptr;
     QComboBox * m_pColorSets = nullptr;

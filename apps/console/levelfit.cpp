@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr double Grid = 10.0;      // dB, as all below
+constexpr double Grid = 10.0; // dB, as all below
 constexpr double BelowNoise = 15.0;
 constexpr double AbovePeak = 5.0;
 constexpr double LeastSpan = 40.0;
@@ -16,7 +16,8 @@ constexpr double LeastSpan = 40.0;
 LevelRange FitLevels(std::vector<double> const & levels)
 {
     std::vector<double> finite;
-    std::copy_if(levels.begin(), levels.end(), std::back_inserter(finite), [](double level) { return std::isfinite(level); });
+    std::copy_if(levels.begin(), levels.end(), std::back_inserter(finite),
+                 [](double level) { return std::isfinite(level); });
     if (finite.empty())
         return { -120.0, 0.0 };
     auto const middle = finite.begin() + static_cast<std::ptrdiff_t>(finite.size() / 2);

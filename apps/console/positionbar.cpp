@@ -6,8 +6,8 @@
 #include "toint.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>

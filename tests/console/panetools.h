@@ -56,8 +56,11 @@ public:
     static constexpr qint64 Samples = 16384;
 
     double SampleRate() const override { return Rate; }
+
     bool IsReal() const override { return false; }
+
     double CentreFrequency(qint64) const override { return Centre; }
+
     qint64 Length() const override { return Samples; }
 
     qint64 Read(std::complex<float> * out, qint64 count) override
@@ -72,6 +75,7 @@ public:
     }
 
     void Seek(qint64 sample) override { m_position = ((sample % Samples) + Samples) % Samples; }
+
     qint64 Position() const override { return m_position; }
 
 private:

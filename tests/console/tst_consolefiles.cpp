@@ -57,8 +57,8 @@ bool WriteFile(QString const & path, QByteArray const & bytes)
 
 QByteArray Meta(char const * datatype, char const * rate)
 {
-    return QByteArray(R"({"global":{"core:datatype":")") + datatype + R"(","core:sample_rate":)" + rate
-           + R"(,"core:version":"1.0.0"},"captures":[{"core:sample_start":0,"core:frequency":100000000}],"annotations":[]})";
+    return QByteArray(R"({"global":{"core:datatype":")") + datatype + R"(","core:sample_rate":)" + rate +
+           R"(,"core:version":"1.0.0"},"captures":[{"core:sample_start":0,"core:frequency":100000000}],"annotations":[]})";
 }
 
 } // namespace
@@ -108,11 +108,11 @@ void tst_ConsoleFiles::refusesBadOptions_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("part");
-    QTest::newRow("unknown option") << QStringList { "--loud" } << "loud";
-    QTest::newRow("bad number") << QStringList { "--bins", "1000" } << "--bins 1000";
-    QTest::newRow("two files") << QStringList { "a.sigmf-meta", "b.sigmf-meta" } << "b.sigmf-meta";
-    QTest::newRow("a folder") << QStringList { "/tmp" } << "/tmp";
-    QTest::newRow("another kind of file") << QStringList { ORIM_CONSOLE_PROGRAM } << "orim-console: /";
+    QTest::newRow("unknown option") << QStringList{ "--loud" } << "loud";
+    QTest::newRow("bad number") << QStringList{ "--bins", "1000" } << "--bins 1000";
+    QTest::newRow("two files") << QStringList{ "a.sigmf-meta", "b.sigmf-meta" } << "b.sigmf-meta";
+    QTest::newRow("a folder") << QStringList{ "/tmp" } << "/tmp";
+    QTest::newRow("another kind of file") << QStringList{ ORIM_CONSOLE_PROGRAM } << "orim-console: /";
 }
 
 void tst_ConsoleFiles::refusesBadOptions()
@@ -129,8 +129,10 @@ void tst_ConsoleFiles::helpAndVersion_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("part");
-    QTest::newRow("help") << "--help" << "Usage: orim-console";
-    QTest::newRow("version") << "--version" << "orim-console 0.1.0";
+    QTest::newRow("help") << "--help"
+                          << "Usage: orim-console";
+    QTest::newRow("version") << "--version"
+                             << "orim-console 0.1.0";
 }
 
 void tst_ConsoleFiles::helpAndVersion()
@@ -151,9 +153,12 @@ void tst_ConsoleFiles::writesAPicture_data()
     QTest::addColumn<QString>("scale");
     QTest::addColumn<QString>("size");
     QTest::addColumn<QSize>("expected");
-    QTest::newRow("1280 x 800") << "1" << "1280x800" << QSize(1280, 800);
-    QTest::newRow("640 x 480") << "1" << "640x480" << QSize(640, 480);
-    QTest::newRow("twice as dense") << "2" << "640x480" << QSize(1280, 960);
+    QTest::newRow("1280 x 800") << "1"
+                                << "1280x800" << QSize(1280, 800);
+    QTest::newRow("640 x 480") << "1"
+                               << "640x480" << QSize(640, 480);
+    QTest::newRow("twice as dense") << "2"
+                                    << "640x480" << QSize(1280, 960);
 }
 
 void tst_ConsoleFiles::writesAPicture()
@@ -165,10 +170,10 @@ void tst_ConsoleFiles::writesAPicture()
     QString const picture = folder.filePath(QStringLiteral("screen.png"));
     QProcessEnvironment scaled;
     scaled.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
-    Run const run = Start({ QStringLiteral("--simulate"), QStringLiteral("--bins"), QStringLiteral("256"),
-                            QStringLiteral("--size"), size, QStringLiteral("--screenshot"), picture,
-                            QStringLiteral("--after"), QStringLiteral("0.7") },
-                          scaled);
+    Run const run =
+        Start({ QStringLiteral("--simulate"), QStringLiteral("--bins"), QStringLiteral("256"), QStringLiteral("--size"),
+                size, QStringLiteral("--screenshot"), picture, QStringLiteral("--after"), QStringLiteral("0.7") },
+              scaled);
     QVERIFY2(run.code == 0, qPrintable(run.err));
     QImage const image(picture);
     QCOMPARE(image.size(), expected);
@@ -211,8 +216,8 @@ void tst_ConsoleFiles::playsARecording()
 
 void tst_ConsoleFiles::endsAfterSeconds()
 {
-    Run const run = Start({ QStringLiteral("--seconds"), QStringLiteral("0.2"), QStringLiteral("--bins"),
-                            QStringLiteral("64") });
+    Run const run =
+        Start({ QStringLiteral("--seconds"), QStringLiteral("0.2"), QStringLiteral("--bins"), QStringLiteral("64") });
     QVERIFY2(run.code == 0, qPrintable(run.err));
     QVERIFY(run.out.startsWith(QStringLiteral("lines: ")));
 }

@@ -18,11 +18,14 @@ public:
     bool eventFilter(QObject * object, QEvent * event) override;
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void showsEveryLineForAMinute();
 
 private:
     ConsoleWindow * m_pWindow = nullptr;
-    quint64 m_rows = 0;         // appended when the last frame was seen
+    quint64 m_rows = 0; // appended when the last frame was seen
     quint64 m_frames = 0;
     std::set<std::size_t> m_hashes; // of the frames
 };

@@ -21,7 +21,7 @@ namespace {
 
 ConsoleOptions Parse(QString const & arguments)
 {
-    QStringList list { QStringLiteral("orim-console") };
+    QStringList list{ QStringLiteral("orim-console") };
     if (!arguments.isEmpty())
         list << arguments.split(QLatin1Char(' '));
     return ConsoleOptions::Parse(list);
@@ -44,7 +44,8 @@ void tst_ConsoleOptions::startsWithDefaults()
     QVERIFY(options.screenshot.isEmpty());
     QCOMPARE(options.after, 2.0);
     QCOMPARE(options.runSeconds, 0.0);
-    QVERIFY(!options.size && !options.bins && !options.rate && !options.colors && !options.levelMin && !options.levelMax);
+    QVERIFY(!options.size && !options.bins && !options.rate && !options.colors && !options.levelMin &&
+            !options.levelMax);
 }
 
 void tst_ConsoleOptions::readsEveryOption()
@@ -101,43 +102,80 @@ void tst_ConsoleOptions::refuses_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("part"); // of the message
-    QTest::newRow("unknown option") << "--loud" << "loud";
-    QTest::newRow("value missing") << "--speed" << "speed";
-    QTest::newRow("speed is no number") << "--speed fast" << "--speed fast: a number from 0.01 to 100";
-    QTest::newRow("speed 0") << "--speed 0" << "--speed 0";
-    QTest::newRow("speed below 0") << "--speed -1" << "--speed -1";
-    QTest::newRow("speed too high") << "--speed 101" << "--speed 101";
-    QTest::newRow("speed nan") << "--speed nan" << "--speed nan";
-    QTest::newRow("speed inf") << "--speed inf" << "--speed inf";
-    QTest::newRow("speed with a comma") << "--speed 1,5" << "--speed 1,5";
-    QTest::newRow("bins no power of two") << "--bins 1000" << "--bins 1000: a power of two from 64 to 65536";
-    QTest::newRow("bins too few") << "--bins 32" << "--bins 32";
-    QTest::newRow("bins too many") << "--bins 131072" << "--bins 131072";
-    QTest::newRow("bins 0") << "--bins 0" << "--bins 0";
-    QTest::newRow("bins below 0") << "--bins -64" << "--bins -64";
-    QTest::newRow("bins beyond an int") << "--bins 4294967296" << "--bins 4294967296";
-    QTest::newRow("rate 0") << "--rate 0" << "--rate 0: a number from 1 to 200";
-    QTest::newRow("rate too high") << "--rate 201" << "--rate 201";
-    QTest::newRow("range of one level") << "--range -100" << "--range -100: two levels";
-    QTest::newRow("range of three levels") << "--range -100:-50:0" << "--range -100:-50:0";
-    QTest::newRow("range turned round") << "--range 0:-100" << "--range 0:-100";
-    QTest::newRow("range without width") << "--range -50:-50" << "--range -50:-50";
-    QTest::newRow("range too low") << "--range -161:0" << "--range -161:0";
-    QTest::newRow("range nan") << "--range nan:0" << "--range nan:0";
-    QTest::newRow("unknown colours") << "--colors pink" << "--colors pink: day, night or contrast";
-    QTest::newRow("colours in capitals") << "--colors DAY" << "--colors DAY";
-    QTest::newRow("size without height") << "--size 640" << "--size 640: a width and a height";
-    QTest::newRow("size 0") << "--size 0x480" << "--size 0x480";
-    QTest::newRow("size too large") << "--size 16385x480" << "--size 16385x480";
-    QTest::newRow("size below 0") << "--size -640x480" << "--size -640x480";
-    QTest::newRow("size with a tail") << "--size 640x480x2" << "--size 640x480x2";
-    QTest::newRow("after below 0") << "--after -1" << "--after -1";
-    QTest::newRow("after more than a day") << "--after 86401" << "--after 86401";
-    QTest::newRow("seconds is no number") << "--seconds soon" << "--seconds soon";
-    QTest::newRow("seed below 0") << "--seed -1" << "--seed -1: a whole number";
-    QTest::newRow("seed is no number") << "--seed x" << "--seed x";
-    QTest::newRow("two recordings") << "a.sigmf-meta b.sigmf-meta" << "b.sigmf-meta: only one recording";
-    QTest::newRow("recording and simulator") << "a.sigmf-meta --simulate" << "a.sigmf-meta: a recording and --simulate";
+    QTest::newRow("unknown option") << "--loud"
+                                    << "loud";
+    QTest::newRow("value missing") << "--speed"
+                                   << "speed";
+    QTest::newRow("speed is no number") << "--speed fast"
+                                        << "--speed fast: a number from 0.01 to 100";
+    QTest::newRow("speed 0") << "--speed 0"
+                             << "--speed 0";
+    QTest::newRow("speed below 0") << "--speed -1"
+                                   << "--speed -1";
+    QTest::newRow("speed too high") << "--speed 101"
+                                    << "--speed 101";
+    QTest::newRow("speed nan") << "--speed nan"
+                               << "--speed nan";
+    QTest::newRow("speed inf") << "--speed inf"
+                               << "--speed inf";
+    QTest::newRow("speed with a comma") << "--speed 1,5"
+                                        << "--speed 1,5";
+    QTest::newRow("bins no power of two") << "--bins 1000"
+                                          << "--bins 1000: a power of two from 64 to 65536";
+    QTest::newRow("bins too few") << "--bins 32"
+                                  << "--bins 32";
+    QTest::newRow("bins too many") << "--bins 131072"
+                                   << "--bins 131072";
+    QTest::newRow("bins 0") << "--bins 0"
+                            << "--bins 0";
+    QTest::newRow("bins below 0") << "--bins -64"
+                                  << "--bins -64";
+    QTest::newRow("bins beyond an int") << "--bins 4294967296"
+                                        << "--bins 4294967296";
+    QTest::newRow("rate 0") << "--rate 0"
+                            << "--rate 0: a number from 1 to 200";
+    QTest::newRow("rate too high") << "--rate 201"
+                                   << "--rate 201";
+    QTest::newRow("range of one level") << "--range -100"
+                                        << "--range -100: two levels";
+    QTest::newRow("range of three levels") << "--range -100:-50:0"
+                                           << "--range -100:-50:0";
+    QTest::newRow("range turned round") << "--range 0:-100"
+                                        << "--range 0:-100";
+    QTest::newRow("range without width") << "--range -50:-50"
+                                         << "--range -50:-50";
+    QTest::newRow("range too low") << "--range -161:0"
+                                   << "--range -161:0";
+    QTest::newRow("range nan") << "--range nan:0"
+                               << "--range nan:0";
+    QTest::newRow("unknown colours") << "--colors pink"
+                                     << "--colors pink: day, night or contrast";
+    QTest::newRow("colours in capitals") << "--colors DAY"
+                                         << "--colors DAY";
+    QTest::newRow("size without height") << "--size 640"
+                                         << "--size 640: a width and a height";
+    QTest::newRow("size 0") << "--size 0x480"
+                            << "--size 0x480";
+    QTest::newRow("size too large") << "--size 16385x480"
+                                    << "--size 16385x480";
+    QTest::newRow("size below 0") << "--size -640x480"
+                                  << "--size -640x480";
+    QTest::newRow("size with a tail") << "--size 640x480x2"
+                                      << "--size 640x480x2";
+    QTest::newRow("after below 0") << "--after -1"
+                                   << "--after -1";
+    QTest::newRow("after more than a day") << "--after 86401"
+                                           << "--after 86401";
+    QTest::newRow("seconds is no number") << "--seconds soon"
+                                          << "--seconds soon";
+    QTest::newRow("seed below 0") << "--seed -1"
+                                  << "--seed -1: a whole number";
+    QTest::newRow("seed is no number") << "--seed x"
+                                       << "--seed x";
+    QTest::newRow("two recordings") << "a.sigmf-meta b.sigmf-meta"
+                                    << "b.sigmf-meta: only one recording";
+    QTest::newRow("recording and simulator") << "a.sigmf-meta --simulate"
+                                             << "a.sigmf-meta: a recording and --simulate";
 }
 
 void tst_ConsoleOptions::refuses()
@@ -153,9 +191,9 @@ void tst_ConsoleOptions::helpNamesEveryOption()
 {
     ConsoleOptions const options = Parse(QStringLiteral("--help"));
     QVERIFY(options.action == Action::eHelp);
-    for (char const * const name : { "FILE.sigmf-meta", "--simulate", "--seed", "--speed", "--bins", "--rate", "--range",
-                                     "--colors", "--size", "--screenshot", "--after", "--seconds", "--verbose",
-                                     "--help", "--version" })
+    for (char const * const name :
+         { "FILE.sigmf-meta", "--simulate", "--seed", "--speed", "--bins", "--rate", "--range", "--colors", "--size",
+           "--screenshot", "--after", "--seconds", "--verbose", "--help", "--version" })
         QVERIFY2(options.help.contains(QLatin1String(name)), name);
 }
 

@@ -80,8 +80,8 @@ void tst_ConsoleValues::selectionsAreInTheTree()
 
 void tst_ConsoleValues::valuesLeaveTheTree()
 {
-    QStringList const paths { Path(ConsolePaths::Centre), Path(ConsolePaths::Span),  Path(ConsolePaths::LevelMin),
-                              Path(ConsolePaths::Bins),   Path(ConsolePaths::Window) };
+    QStringList const paths{ Path(ConsolePaths::Centre), Path(ConsolePaths::Span), Path(ConsolePaths::LevelMin),
+                             Path(ConsolePaths::Bins), Path(ConsolePaths::Window) };
     {
         ConsoleValues const values;
         for (QString const & path : paths)

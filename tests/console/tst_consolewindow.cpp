@@ -26,6 +26,9 @@ class tst_ConsoleWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void init();
     void linesReachThePanes();
     void bandComesFromTheSource();
@@ -109,7 +112,8 @@ void tst_ConsoleWindow::dragOfThePositionBarSeeks()
                      Qt::NoModifier);
     QCoreApplication::sendEvent(bar, &move);
     QTest::mouseRelease(bar, Qt::LeftButton, {}, at(0.75));
-    QVERIFY2(std::abs(window->Player().Position() - 1.5) < 0.1, qPrintable(QString::number(window->Player().Position())));
+    QVERIFY2(std::abs(window->Player().Position() - 1.5) < 0.1,
+             qPrintable(QString::number(window->Player().Position())));
     // it plays on from there
     window->Player().Play();
     quint64 const taken = window->Figures().taken;

@@ -82,16 +82,16 @@ void tst_GridTics::multiples_data()
     QTest::addColumn<double>("high");
     QTest::addColumn<double>("step");
     QTest::addColumn<QVector<double>>("values");
-    QTest::newRow("both ends are multiples") << -20.0 << 20.0 << 10.0 << QVector<double> { -20, -10, 0, 10, 20 };
-    QTest::newRow("ends in between") << 1.0 << 29.0 << 10.0 << QVector<double> { 10, 20 };
-    QTest::newRow("no drift at 0.1") << 0.0 << 0.3 << 0.1 << QVector<double> { 0, 0.1, 0.2, 3 * 0.1 };
-    QTest::newRow("none inside") << 1.0 << 2.0 << 10.0 << QVector<double> {};
-    QTest::newRow("one at the end") << 1.0 << 10.0 << 10.0 << QVector<double> { 10 };
-    QTest::newRow("step 0") << 0.0 << 1.0 << 0.0 << QVector<double> {};
-    QTest::newRow("step below 0") << 0.0 << 1.0 << -1.0 << QVector<double> {};
-    QTest::newRow("more than a thousand") << 0.0 << 1001.0 << 1.0 << QVector<double> {};
-    QTest::newRow("NaN") << qQNaN() << 1.0 << 0.1 << QVector<double> {};
-    QTest::newRow("infinite") << 0.0 << qInf() << 1.0 << QVector<double> {};
+    QTest::newRow("both ends are multiples") << -20.0 << 20.0 << 10.0 << QVector<double>{ -20, -10, 0, 10, 20 };
+    QTest::newRow("ends in between") << 1.0 << 29.0 << 10.0 << QVector<double>{ 10, 20 };
+    QTest::newRow("no drift at 0.1") << 0.0 << 0.3 << 0.1 << QVector<double>{ 0, 0.1, 0.2, 3 * 0.1 };
+    QTest::newRow("none inside") << 1.0 << 2.0 << 10.0 << QVector<double>{};
+    QTest::newRow("one at the end") << 1.0 << 10.0 << 10.0 << QVector<double>{ 10 };
+    QTest::newRow("step 0") << 0.0 << 1.0 << 0.0 << QVector<double>{};
+    QTest::newRow("step below 0") << 0.0 << 1.0 << -1.0 << QVector<double>{};
+    QTest::newRow("more than a thousand") << 0.0 << 1001.0 << 1.0 << QVector<double>{};
+    QTest::newRow("NaN") << qQNaN() << 1.0 << 0.1 << QVector<double>{};
+    QTest::newRow("infinite") << 0.0 << qInf() << 1.0 << QVector<double>{};
 }
 
 void tst_GridTics::multiples()
@@ -186,8 +186,8 @@ void tst_GridTics::rowsBearMultiplesOfTheStep()
     for (int row = 0; row < 100; ++row)
         stamps.push_back(10.0 - 0.1 * row); // newest first
     QCOMPARE(Texts(GridTics::LayRows(stamps, 15)),
-             (QStringList { QStringLiteral("80: 2 s"), QStringLiteral("60: 4 s"), QStringLiteral("40: 6 s"),
-                            QStringLiteral("20: 8 s"), QStringLiteral("0: 10 s") }));
+             (QStringList{ QStringLiteral("80: 2 s"), QStringLiteral("60: 4 s"), QStringLiteral("40: 6 s"),
+                           QStringLiteral("20: 8 s"), QStringLiteral("0: 10 s") }));
     // a minute on, the labels are minutes and seconds
     for (double & stamp : stamps)
         stamp += 60.0;
@@ -217,7 +217,8 @@ void tst_GridTics::timeThatBeginsAnewIsLabelled()
     for (int row = 0; row < 60; ++row)
         stamps.push_back(0.05 * ((99 - row) % 10) + 0.02);
     QStringList const texts = Texts(GridTics::LayRows(stamps, 15));
-    QCOMPARE(texts, (QStringList { QStringLiteral("49: 0.02 s"), QStringLiteral("29: 0.02 s"), QStringLiteral("9: 0.02 s") }));
+    QCOMPARE(texts,
+             (QStringList{ QStringLiteral("49: 0.02 s"), QStringLiteral("29: 0.02 s"), QStringLiteral("9: 0.02 s") }));
 }
 
 void tst_GridTics::rowsWithoutTimeBearNothing()

@@ -14,6 +14,9 @@ class tst_PositionBar : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void showsThePosition_data();
     void showsThePosition();
     void badPositionIsIgnored_data();
@@ -46,13 +49,12 @@ struct Bar : PositionBar
     }
 
     QSlider * Slider() const { return findChild<QSlider *>(QStringLiteral("bar")); }
+
     QToolButton * Button(char const * name) const { return findChild<QToolButton *>(QLatin1String(name)); }
+
     QString Text(char const * name) const { return findChild<QLabel *>(QLatin1String(name))->text(); }
 
-    QPoint At(double part) const
-    {
-        return { static_cast<int>(part * Slider()->width()), Slider()->height() / 2 };
-    }
+    QPoint At(double part) const { return { static_cast<int>(part * Slider()->width()), Slider()->height() / 2 }; }
 };
 
 double LastSeek(QSignalSpy const & spy) { return spy.isEmpty() ? -1.0 : spy.last().at(0).toDouble(); }
@@ -66,13 +68,20 @@ void tst_PositionBar::showsThePosition_data()
     QTest::addColumn<double>("part");
     QTest::addColumn<QString>("time");
     QTest::addColumn<QString>("length");
-    QTest::newRow("beginning") << 60.0 << 0.0 << 0.0 << "0.0" << "1:00.0 s";
-    QTest::newRow("middle") << 60.0 << 30.0 << 0.5 << "30.0" << "1:00.0 s";
-    QTest::newRow("end") << 60.0 << 60.0 << 1.0 << "1:00.0" << "1:00.0 s";
-    QTest::newRow("short recording in milliseconds") << 0.655 << 0.239 << 0.365 << "0.239" << "0.655 s";
-    QTest::newRow("beyond the end") << 10.0 << 11.0 << 1.0 << "10.0" << "10.0 s";
-    QTest::newRow("before the beginning") << 10.0 << -1.0 << 0.0 << "0.0" << "10.0 s";
-    QTest::newRow("endless") << 0.0 << 75.0 << 0.0 << "1:15.0" << "live";
+    QTest::newRow("beginning") << 60.0 << 0.0 << 0.0 << "0.0"
+                               << "1:00.0 s";
+    QTest::newRow("middle") << 60.0 << 30.0 << 0.5 << "30.0"
+                            << "1:00.0 s";
+    QTest::newRow("end") << 60.0 << 60.0 << 1.0 << "1:00.0"
+                         << "1:00.0 s";
+    QTest::newRow("short recording in milliseconds") << 0.655 << 0.239 << 0.365 << "0.239"
+                                                     << "0.655 s";
+    QTest::newRow("beyond the end") << 10.0 << 11.0 << 1.0 << "10.0"
+                                    << "10.0 s";
+    QTest::newRow("before the beginning") << 10.0 << -1.0 << 0.0 << "0.0"
+                                          << "10.0 s";
+    QTest::newRow("endless") << 0.0 << 75.0 << 0.0 << "1:15.0"
+                             << "live";
 }
 
 void tst_PositionBar::showsThePosition()

@@ -20,6 +20,9 @@ class tst_WaterfallPane : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void cleanup();
     void newestLineIsOnTop();
     void levelsTakeTheColoursOfTheGradient_data();
@@ -66,8 +69,7 @@ int GreyGradient()
 //! A pane of grey levels over a range of 100 dB.
 struct GreyPane : Pane
 {
-    GreyPane(int width, int height)
-        : Pane(width, height)
+    GreyPane(int width, int height) : Pane(width, height)
     {
         SetGradient(GreyGradient());
         SetLevelRange(-100.0, 0.0);
@@ -187,8 +189,8 @@ void tst_WaterfallPane::columnsStandUnderTheirFrequency()
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
     for (int column = 0; column < width; ++column) {
-        if (qGray(image.pixel(picture.left() + column, picture.top()))
-            > qGray(image.pixel(picture.left() + brightest, picture.top())))
+        if (qGray(image.pixel(picture.left() + column, picture.top())) >
+            qGray(image.pixel(picture.left() + brightest, picture.top())))
             brightest = column;
     }
     QVERIFY(std::abs(brightest - width / 4) <= 1);
