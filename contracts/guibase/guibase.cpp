@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "guibase.h"
 
+#include "guibasevalues.h"
 #include "hotkeylistener.h"
 #include "signaltypes.h"
 
@@ -20,7 +21,10 @@ GuiBase & GuiBase::Instance()
     return *instance;
 }
 
-GuiBase::GuiBase() : m_defaultDataDirectory(m_dataDirectory), m_pListener(new HotKeyListener(m_hotKeys, this))
+GuiBase::GuiBase()
+    : m_defaultDataDirectory(m_dataDirectory)
+    , m_pListener(new HotKeyListener(m_hotKeys, this))
+    , m_pValues(std::make_unique<Values>())
 {
     connect(m_pListener, &HotKeyListener::signalHotKey, this, &GuiBase::signalHotKey);
     connect(m_pListener, &HotKeyListener::signalEscape, this, &GuiBase::hotkey_ESC_pressed);
@@ -32,9 +36,12 @@ void GuiBase::SetApplication(QApplication * application)
 {
     if (m_pApplication)
         m_pApplication->removeEventFilter(m_pListener);
+    delete m_pLocalTimeTimer;
     m_pApplication = application;
-    if (application)
-        application->installEventFilter(m_pListener);
+    if (!application)
+        return;
+    application->installEventFilter(m_pListener);
+    WatchLocalTime(application);
 }
 
 bool GuiBase::SetDefaultDataDirectory(QString const & path)

@@ -17,7 +17,9 @@
 
 class HotKeyListener;
 class QAction;
+class QTimer;
 class QUndoStack;
+class ValueSelection;
 
 //! What all panes of an application share: hot keys, fonts, the units in which values are shown, the undo stack and the
 //! signal that colours have changed. It is built on first use, before or after the application object, and is never
@@ -48,6 +50,14 @@ public:
     //! The directory set last, absolute and clean; empty until then. A reference to it stays valid and follows.
     QString const & m_defaultDataDirectory;
 
+    //! Gives the main window the place and size that StoreWidgetSize() stored.
+    //! \return false, and the window stays as it is, without a main window, when nothing or nonsense is stored, and
+    //! when the
+    //!         window could not be reached on any of the screens.
+    bool RestoreWidgetSize();
+    //! Stores place and size of the main window, and whether it is maximized. Does nothing without one.
+    void StoreWidgetSize();
+
     // Colours
 
     //! Tells every pane that some colour has changed.
@@ -55,12 +65,11 @@ public:
 
     // Hot keys
 
-    //! Registers a hot key and returns its index. Registering the same key for the same receiver, name and group again
-    //! gives the index it has. The first registered of two with one key is heard.
-    //! \param key           any key but a bare modifier.
-    //! \param modifiers     Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count.
-    //! \param receiver      whom it serves: the hot key ends with it, and its slot `slotHotKey(int)`, if it has one, is
-    //! called
+    //! Registers a hot key and returns its index. A key that the operator gave it in an earlier run counts from the
+    //! start. Registering the same key for the same receiver, name and group again gives the index it has. The first
+    //! registered of two with one key is heard. \param key           any key but a bare modifier. \param modifiers
+    //! Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count. \param receiver      whom it serves: the
+    //! hot key ends with it, and its slot `slotHotKey(int)`, if it has one, is called
     //!                      ahead of signalHotKey(); null for one that stays until it is removed.
     //! \param name          what it does, as the operator reads it. The key that the operator gives it is stored under
     //!                      group and name.
@@ -94,6 +103,11 @@ public:
     bool ChangeHotKey(int index, HotKeyCombination const & combination);
     //! Gives every changeable hot key the key it was registered with.
     void RestoreHotKeys();
+    //! Shows the editor of the hot keys in a modal dialog, until the operator closes it.
+    //! \param parent  may be null, and may end while the dialog is open.
+    void ExecHotKeysDialog(QWidget * parent);
+    //! The editor of the hot keys, owned by \a parent. What is edited there acts and is stored at once.
+    QWidget * GetHotkeysCtrl(QWidget * parent);
     //! Puts the key of the hot key of this name behind the action's text, where a menu shows shortcuts, and keeps it up
     //! to date. It is no shortcut of the action. An unknown name and a key that is switched off show nothing. Ignores
     //! null.
@@ -117,6 +131,22 @@ public:
 
     int GetDisplayMode() const { return m_displayMode; }
 
+    //! Unit in which frequencies are shown: MHz at start. The key of an item is its SuffixedDouble::ESuffix, its number
+    //! the factor from hertz. Stands in the tree as "/GuiBase/FrequencyUnit".
+    //! \return null once the tree has gone, and while a value of another type stands at that path.
+    ValueSelection * GetFrequencyUnit();
+    //! Ignores what is not between eSuffixNone and eSuffixGiga.
+    void SetFrequencyUnit(SuffixedDouble::ESuffix unit);
+    //! How positions are written: degrees; degrees and minutes; degrees, minutes and seconds; UTM; MGRS, with the keys
+    //! 0 to 4. Stands in the tree as "/GuiBase/PositionFormat"; null as GetFrequencyUnit().
+    ValueSelection * GetPositionFormat();
+    //! Time zone of what is shown: UTC at start (key 0), local time (key 1), and the whole and half hours from
+    //! UTC-12:00 to UTC+14:00 (the key is the offset in seconds). The number of an item is its offset from UTC in
+    //! seconds; that of local time follows summer time. Stands in the tree as "/GuiBase/TimeZone"; null as
+    //! GetFrequencyUnit().
+    ValueSelection * GetTimeZone();
+    //! Offset of the chosen time zone from UTC, s; 0 when there is none.
+    long long GetTimeZoneValue();
     //! Smallest step of a frequency that is shown: eSuffixNone (1 Hz) at start. Ignores what is not between eSuffixNone
     //! and eSuffixGiga.
     void SetFrequencyResolution(SuffixedDouble::ESuffix resolution);
@@ -138,6 +168,10 @@ public:
     //! The operator's changes. It holds the last 1000.
     QUndoStack * UndoStack();
 
+public Q_SLOTS:
+    //! Takes over the offset of local time when it has changed. Called once a minute while an application is set.
+    void slotUpdateLocalTime();
+
 Q_SIGNALS:
     //! Some colour has changed: rebuild pens and palettes.
     void signalColorsChanged();
@@ -152,12 +186,18 @@ private:
     GuiBase();
     ~GuiBase() override;
 
+    struct Values;
+
     struct ShownKey
     {
         QPointer<QAction> action;
         QString name;
     };
 
+    void WatchLocalTime(QObject * owner);
+    void LoadKey(int index);
+    void StoreKey(int index) const;
+    void FlushKeys() const;
     void HotKeysChanged();
     void ShowKey(ShownKey const & shown) const;
 
@@ -174,6 +214,8 @@ private:
     SuffixedDouble::ESuffix m_frequencyResolution = SuffixedDouble::eSuffixNone;
     bool m_showFrequencyInHz = false;
     QUndoStack * m_pUndoStack = nullptr; // this owns it
+    std::unique_ptr<Values> m_pValues;
+    QPointer<QTimer> m_pLocalTimeTimer; // the application owns it
 };
 
 #endif

@@ -1,9 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "guibase.h"
 
+#include "hotkeysctrl.h"
+
 #include <QAction>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
 
 #include <algorithm>
+
+namespace {
+
+constexpr QSize DialogSize(640, 420); // px, at first
+
+} // namespace
 
 int GuiBase::AddHotKey(Qt::Key key, int modifiers, QObject * receiver, QString name, QString group, bool changeable,
                        bool throughModal)
@@ -15,9 +26,11 @@ int GuiBase::AddHotKey(Qt::Key key, int modifiers, QObject * receiver, QString n
     hotKey.group = std::move(group);
     hotKey.changeable = changeable;
     hotKey.throughModal = throughModal;
+    auto const known = m_hotKeys.GetIndices();
     int const index = m_hotKeys.Add(std::move(hotKey));
-    if (index < 0)
-        return -1;
+    if (index < 0 || std::binary_search(known.begin(), known.end(), index))
+        return index;
+    LoadKey(index);
     if (receiver)
         connect(receiver, &QObject::destroyed, this, &GuiBase::HotKeysChanged, Qt::UniqueConnection);
     HotKeysChanged();
@@ -38,10 +51,17 @@ int GuiBase::RemoveHotKey(Qt::Key key, int modifiers)
     return index;
 }
 
-void GuiBase::RemoveHotKey(int index, bool)
+void GuiBase::RemoveHotKey(int index, bool forget)
 {
-    if (m_hotKeys.Remove(index))
-        HotKeysChanged();
+    HotKey const * const hotKey = m_hotKeys.Get(index);
+    if (!hotKey)
+        return;
+    if (forget && m_hotKeys.SetCombination(index, hotKey->defaultCombination)) {
+        StoreKey(index);
+        FlushKeys();
+    }
+    m_hotKeys.Remove(index);
+    HotKeysChanged();
 }
 
 void GuiBase::RemoveHotKeyReceiver(QObject * receiver)
@@ -65,15 +85,37 @@ bool GuiBase::ChangeHotKey(int index, HotKeyCombination const & combination)
 {
     if (!m_hotKeys.SetCombination(index, combination))
         return false;
+    StoreKey(index);
+    FlushKeys();
     HotKeysChanged();
     return true;
 }
 
 void GuiBase::RestoreHotKeys()
 {
-    for (int const index : m_hotKeys.GetIndices())
+    for (int const index : m_hotKeys.GetIndices()) {
         m_hotKeys.SetCombination(index, m_hotKeys.Get(index)->defaultCombination);
+        StoreKey(index);
+    }
+    FlushKeys();
     HotKeysChanged();
+}
+
+QWidget * GuiBase::GetHotkeysCtrl(QWidget * parent) { return new HotkeysCtrl(parent); }
+
+void GuiBase::ExecHotKeysDialog(QWidget * parent)
+{
+    QPointer<QDialog> const dialog = new QDialog(parent);
+    dialog->setObjectName(QStringLiteral("HotKeysDialog"));
+    dialog->setWindowTitle(tr("Hot Keys"));
+    auto * const buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
+    connect(buttons, &QDialogButtonBox::rejected, dialog.data(), &QDialog::reject);
+    auto * const layout = new QVBoxLayout(dialog);
+    layout->addWidget(GetHotkeysCtrl(dialog), 1);
+    layout->addWidget(buttons);
+    dialog->resize(DialogSize);
+    dialog->exec();
+    delete dialog; // null when the parent took it along
 }
 
 void GuiBase::ShowHotKeyFrom(QAction * action, QString name)
