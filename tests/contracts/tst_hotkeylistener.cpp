@@ -20,6 +20,7 @@ class tst_HotKeyListener : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { TestStage::HushPopups(); }
     void init();
     void cleanup();
     void oncePerPress_data();

@@ -21,6 +21,7 @@ class tst_HotkeysCtrl : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { TestStage::HushPopups(); }
     void init();
     void cleanup();
     void editorTakesKeys_data();
