@@ -5,6 +5,8 @@
 #include "toint.h"
 #include "vectorstate.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -25,10 +27,10 @@ constexpr int BelowSlot = 1;
 constexpr int FirstCell = 2;
 constexpr int SlotsBesideCells = 4;
 
-constexpr int MinCells = 4096;      // what the first level cache holds beside the values
-constexpr int MaxCells = 1 << 18;   // 1 MB; a set that needs more is resolved one by one
-constexpr int MinBandCells = 16384; // fewer cells with an edge are worth a table beyond the first level cache
-constexpr int MinCellsPerBand = 64;
+constexpr int MinCells = 4096;       // what the first level cache holds beside the values
+constexpr int MaxCells = 1 << 18;    // 1 MB; a set that needs more is resolved one by one
+constexpr int MinBandCells = 8192;   // few values meet a marked edge, and the first level cache holds the table
+constexpr int MinCellsPerBand = 192; // few edges are worth more than the first level cache
 constexpr int MinCellsPerBandAtMaximum = 4;
 constexpr double LevelsPerCell = 5.0 / 3.0; // half of that and the cut stay below 1 a channel
 constexpr QRgb Marked = 0;                  // no alpha: to be resolved
@@ -111,6 +113,8 @@ inline __m128i ToSlots(__m128d position)
     return _mm_and_si128(_mm_cvttpd_epi32(position), _mm_set1_epi32(std::numeric_limits<int>::max()));
 }
 
+//! \tparam Shifts  whether there is an offset to add.
+template <bool Shifts>
 struct LinearKernel
 {
     __m128d m_offset, m_origin, m_scale, m_bias, m_low, m_top;
@@ -127,7 +131,8 @@ struct LinearKernel
     //! Both clamps pass NaN on: their second operand does.
     __m128i operator()(__m128d value) const
     {
-        __m128d const distance = _mm_sub_pd(_mm_add_pd(value, m_offset), m_origin);
+        __m128d const shifted = Shifts ? _mm_add_pd(value, m_offset) : value;
+        __m128d const distance = _mm_sub_pd(shifted, m_origin);
         __m128d const position = _mm_add_pd(_mm_mul_pd(distance, m_scale), m_bias);
         return ToSlots(_mm_min_pd(m_top, _mm_max_pd(m_low, position)));
     }
@@ -170,6 +175,14 @@ struct IndexKernel
         return _mm_cvttpd_epi32(_mm_min_pd(_mm_max_pd(held, _mm_setzero_pd()), m_top));
     }
 };
+
+constexpr int AllHaveAlpha = 0xf;
+
+//! Bit i for entry i without alpha.
+inline quint32 MarkedOf(__m128i entries)
+{
+    return static_cast<quint32>(_mm_movemask_ps(_mm_castsi128_ps(entries)) ^ AllHaveAlpha);
+}
 
 inline __m128i LoadEntries(QRgb const * table, __m128i slots01, __m128i slots23)
 {
@@ -373,7 +386,6 @@ template <class Kernel, class T>
 std::size_t ColorLookup::MapBlocks(Kernel const & kernel, T const * values, QRgb * out, std::size_t count) const
 {
     constexpr std::size_t Block = 8;
-    constexpr int AllHaveAlpha = 0xf;
     QRgb const * const table = m_road == eIndex ? m_colors.data() : m_table.data();
     std::size_t i = 0;
     for (; i + Block <= count; i += Block) {
@@ -382,9 +394,10 @@ std::size_t ColorLookup::MapBlocks(Kernel const & kernel, T const * values, QRgb
         _mm_storeu_si128(reinterpret_cast<__m128i *>(out + i), a);
         _mm_storeu_si128(reinterpret_cast<__m128i *>(out + i + 4), b);
         if (_mm_movemask_ps(_mm_castsi128_ps(_mm_and_si128(a, b))) != AllHaveAlpha)
-            for (std::size_t k = i; k < i + Block; ++k)
-                if (out[k] == Marked)
-                    out[k] = Resolve(static_cast<double>(values[k]));
+            for (quint32 marked = MarkedOf(a) | MarkedOf(b) << 4; marked; marked &= marked - 1) {
+                std::size_t const k = i + qCountTrailingZeroBits(marked);
+                out[k] = Resolve(static_cast<double>(values[k]));
+            }
     }
     return i;
 }
@@ -401,8 +414,10 @@ void ColorLookup::MapAll(T const * values, QRgb * out, std::size_t count) const
     }
     if (m_road == eIndex)
         done = MapBlocks(IndexKernel(static_cast<double>(m_colors.size() - 1)), values, out, count);
+    else if (m_road == eLinear && s.offset == 0.0)
+        done = MapBlocks(LinearKernel<false>(s.offset, s.origin, s.scale, s.bias, s.top), values, out, count);
     else if (m_road == eLinear)
-        done = MapBlocks(LinearKernel(s.offset, s.origin, s.scale, s.bias, s.top), values, out, count);
+        done = MapBlocks(LinearKernel<true>(s.offset, s.origin, s.scale, s.bias, s.top), values, out, count);
     else if (m_road == eWrapped)
         done = MapBlocks(WrappedKernel(s.offset, s.origin, s.scale, s.bias, m_cells), values, out, count);
     MapOneByOne(values + done, out + done, count - done);
