@@ -27,7 +27,7 @@ constexpr int BelowSlot = 1;
 constexpr int FirstCell = 2;
 constexpr int SlotsBesideCells = 4;
 
-constexpr int MinCells = 4096;       // what the first level cache holds beside the values
+constexpr int MinCells = 1024;       // few values meet a marked end, and the table is quickly built
 constexpr int MaxCells = 1 << 18;    // 1 MB; a set that needs more is resolved one by one
 constexpr int MinBandCells = 8192;   // few values meet a marked edge, and the first level cache holds the table
 constexpr int MinCellsPerBand = 192; // few edges are worth more than the first level cache

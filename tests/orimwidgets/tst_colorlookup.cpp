@@ -334,7 +334,7 @@ void tst_colorlookup::theTableGrowsWithTheSet()
         lookup.Prepare(rule, 0.0, 1.0, false);
         return lookup.GetTableSize();
     };
-    QVERIFY(tableOf(2, true) >= 4096);
+    QVERIFY(tableOf(2, true) >= 1024);
     QVERIFY(tableOf(255, true) > tableOf(34, true));
     QVERIFY(tableOf(255, true) >= 254 * 127); // two levels of a channel a cell
     QVERIFY(tableOf(255, false) >= 255 * 64);
