@@ -319,7 +319,7 @@ void tst_LineMaker::meterBursts_data()
 void tst_LineMaker::meterBursts()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     QFETCH(double, start);
     QFETCH(double, length);
     auto const source = OpenRecording("wmbus_868950kHz_1600kSps_cu8");
@@ -352,7 +352,7 @@ void tst_LineMaker::vorPeaks_data()
 void tst_LineMaker::vorPeaks()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     QFETCH(double, offset);
     QFETCH(double, from);
     QFETCH(double, to);
@@ -369,7 +369,7 @@ void tst_LineMaker::vorPeaks()
 void tst_LineMaker::ft8Band()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     auto const source = OpenRecording("hf_ft8_21074kHz_12kSps_ri16");
     QVERIFY(source);
     LineMaker maker(*source);
@@ -384,7 +384,7 @@ void tst_LineMaker::ft8Band()
 void tst_LineMaker::ft8SlotEndsInSilence()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     auto const source = OpenRecording("hf_ft8_21074kHz_12kSps_ri16");
     QVERIFY(source);
     LineMaker maker(*source);
@@ -398,7 +398,7 @@ void tst_LineMaker::ft8SlotEndsInSilence()
 void tst_LineMaker::planes()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     auto const source = OpenRecording("adsb_1090MHz_2MSps_cu8");
     QVERIFY(source);
     LineMaker maker(*source);

@@ -398,7 +398,7 @@ void tst_SigmfMeta::realRecordings_data()
 void tst_SigmfMeta::realRecordings()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     QFETCH(double, rate);
     QFETCH(int, segments);
     QString error;

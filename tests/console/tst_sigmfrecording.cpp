@@ -401,7 +401,7 @@ void tst_SigmfRecording::realRecordings_data()
 void tst_SigmfRecording::realRecordings()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings here");
+        QSKIP("no recordings here", );
     QFETCH(double, duration);
     QString error;
     auto const recording =
