@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "colorset.h"
 
+#include "coloredits.h"
 #include "colors.h"
 #include "colorsetctrl.h"
 #include "colortable.h"
 #include "guibase.h"
+#include "persistant.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -41,12 +43,37 @@ QMap<int, QColor> EditsOf(int set, QMap<int, QColor> const & colors)
     return edits;
 }
 
+//! The edits of one set as an item of the store.
+class StoredEdits : public PersistantObject
+{
+public:
+    StoredEdits(QString const & key, QMap<int, QColor> & edits) : m_key(key), m_edits(edits) {}
+
+    void Read(ICfg * store) override { m_edits = ColorEdits::FromText(store->ReadString(m_key, QString())); }
+
+    void Write(ICfg * store) override { store->WriteString(m_key, ColorEdits::ToText(m_edits)); }
+
+    void RestoreDefault() override { m_edits.clear(); }
+
+private:
+    QString m_key;
+    QMap<int, QColor> & m_edits; // of the table, which lives longer
+};
+
+// Keys of the edits in the store, by set.
+constexpr std::array<char const *, ColorTable::SetCount> EditKeys{ { "DayEdits", "NightEdits", "HighContrastEdits" } };
+
 } // namespace
 
-ColorSet::ColorSet() : m_edits(ColorTable::SetCount)
+ColorSet::ColorSet()
+    : m_edits(ColorTable::SetCount)
+    , m_pPersistant(std::make_unique<Persistant>(QStringLiteral("ColorSet")))
 {
     static_assert(ColorTable::Colors.back().number + 1 == s_tableLength, "every number has its place");
-    TakeLive();
+    m_pPersistant->Add(&m_current, QStringLiteral("Set"), 0);
+    for (std::size_t set = 0; set < m_edits.size(); ++set)
+        m_pPersistant->Add(new StoredEdits(QString::fromLatin1(EditKeys[set]), m_edits[set]));
+    ReadSettings();
 }
 
 ColorSet::~ColorSet() = default;
@@ -73,6 +100,7 @@ bool ColorSet::Load(int set)
     CollectEdits();
     m_current = set;
     TakeLive();
+    WriteSettings();
     GuiBase::Instance().emit_signalColorsChanged();
     return true;
 }
@@ -133,6 +161,7 @@ void ColorSet::Apply(int set, std::vector<QMap<int, QColor>> const & colors)
         m_edits[i] = EditsOf(static_cast<int>(i), colors[i]);
     m_current = set;
     TakeLive();
+    WriteSettings();
     GuiBase::Instance().emit_signalColorsChanged();
 }
 
@@ -209,8 +238,28 @@ void ColorSet::slotRestoreFactoryColors()
 {
     std::fill(m_edits.begin(), m_edits.end(), QMap<int, QColor>());
     TakeLive();
+    WriteSettings();
     GuiBase::Instance().emit_signalColorsChanged();
 }
+
+void ColorSet::slotReadSettings()
+{
+    ReadSettings();
+    GuiBase::Instance().emit_signalColorsChanged();
+}
+
+void ColorSet::ReadSettings()
+{
+    m_pPersistant->Read(QString(), 0);
+    m_current = IsSet(m_current) ? m_current : 0;
+    for (int set = 0; set < ColorTable::SetCount; ++set) {
+        QMap<int, QColor> & edits = m_edits[static_cast<std::size_t>(set)];
+        edits = EditsOf(set, edits); // what a store of other make names beyond the table is left out
+    }
+    TakeLive();
+}
+
+void ColorSet::WriteSettings() { m_pPersistant->Write(QString(), 0); }
 
 void ColorSet::CollectEdits()
 {

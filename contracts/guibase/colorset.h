@@ -13,9 +13,11 @@
 #include <QString>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class ColorSetCtrl;
+class Persistant;
 class QComboBox;
 
 //! Base of what names single colours.
@@ -121,8 +123,14 @@ public Q_SLOTS:
     //! Drops the edits of all sets, keeps the set that is loaded and raises GuiBase::signalColorsChanged().
     void slotRestoreFactoryColors();
 
+    //! Loads set and edits from the store, as on first use, and raises GuiBase::signalColorsChanged(). Call it after
+    //! Persistant::SetStore(). Load(), Apply(), the editor and the factory restore write them.
+    void slotReadSettings();
+
 private:
     ColorSet();
+    void ReadSettings();
+    void WriteSettings();
     void CollectEdits();
     void TakeLive();
 
@@ -132,6 +140,7 @@ private:
     QColor m_spare;
     QPointer<ColorSetCtrl> m_pCtrl; // borrowed: the editor made last
     QString m_pagePath;
+    std::unique_ptr<Persistant> m_pPersistant; // we own it
     int m_current = 0;
 };
 

@@ -8,6 +8,8 @@
 #include "colortable.h"
 #include "colorvision.h"
 #include "guibase.h"
+#include "memorycfg.h"
+#include "persistant.h"
 
 #include "testmain.h"
 
@@ -69,14 +71,23 @@ private Q_SLOTS:
     void propertyPage();
     void pageSlots();
     void slotsWithoutPage();
+    void storedAtOnce();
+    void readBack();
+    void factoryRestoreIsStored();
+    void oddStore_data();
+    void oddStore();
     void editsAsText_data();
     void editsAsText();
     void editsFromText_data();
     void editsFromText();
+
+private:
+    MemoryCfg m_store;
 };
 
 void tst_ColorSet::init()
 {
+    Persistant::SetStore(&m_store);
     ColorSet::Instance().slotRestoreFactoryColors();
     ColorSet::Instance().Load(0);
 }
@@ -550,6 +561,74 @@ void tst_ColorSet::slotsWithoutPage()
     ColorSet::Instance().slotCancelPropertyChanges();
     ColorSet::Instance().slotDefaultPropertyChanges();
     QCOMPARE(changed.count(), 0);
+}
+
+void tst_ColorSet::storedAtOnce()
+{
+    At(150) = QColor(1, 2, 3);
+    ColorSet::Instance().Load(2);
+    At(2) = QColor(4, 5, 6);
+    ColorSet::Instance().Apply(1, {});
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/Set"), QString()), QStringLiteral("1"));
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QString()), QStringLiteral("150=#010203"));
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/NightEdits"), QStringLiteral("none")), QString());
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/HighContrastEdits"), QString()), QStringLiteral("2=#040506"));
+}
+
+void tst_ColorSet::readBack()
+{
+    MemoryCfg store;
+    store.WriteString(QStringLiteral("ColorSet/Set"), QStringLiteral("2"));
+    store.WriteString(QStringLiteral("ColorSet/NightEdits"), QStringLiteral("1=#ff0000"));
+    store.WriteString(QStringLiteral("ColorSet/HighContrastEdits"), QStringLiteral("1=#00ff00;66=#123456"));
+    Persistant::SetStore(&store);
+    QSignalSpy const changed(&GuiBase::Instance(), &GuiBase::signalColorsChanged);
+    ColorSet::Instance().slotReadSettings();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), 2);
+    QCOMPARE(At(1), QColor(0, 255, 0));
+    QCOMPARE(At(66), QColor(0x12, 0x34, 0x56));
+    QCOMPARE(Colors::Instance().GetColorDefinition(1000)->GetColor(), QColor(Qt::white));
+    ColorSet::Instance().Load(1);
+    QCOMPARE(At(1), QColor(255, 0, 0));
+    Persistant::SetStore(&m_store);
+}
+
+void tst_ColorSet::factoryRestoreIsStored()
+{
+    At(1) = Qt::red;
+    ColorSet::Instance().Load(0);
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QString()), QStringLiteral("1=#ff0000"));
+    ColorSet::Instance().slotRestoreFactoryColors();
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QStringLiteral("none")), QString());
+}
+
+void tst_ColorSet::oddStore_data()
+{
+    QTest::addColumn<QString>("set");
+    QTest::addColumn<QString>("edits");
+    QTest::addColumn<int>("loaded");
+    QTest::newRow("empty") << QString() << QString() << 0;
+    QTest::newRow("a set that is none") << QStringLiteral("3") << QString() << 0;
+    QTest::newRow("a negative set") << QStringLiteral("-1") << QString() << 0;
+    QTest::newRow("colours that are none")
+        << QStringLiteral("1") << QStringLiteral("5=#ff0000;155=#ff0000;-1=#ff0000") << 1;
+    QTest::newRow("the factory colour is no edit") << QStringLiteral("0") << QStringLiteral("2=#ffffff") << 0;
+}
+
+void tst_ColorSet::oddStore()
+{
+    QFETCH(QString, set);
+    QFETCH(QString, edits);
+    QFETCH(int, loaded);
+    if (!set.isEmpty())
+        m_store.WriteString(QStringLiteral("ColorSet/Set"), set);
+    m_store.WriteString(QStringLiteral("ColorSet/DayEdits"), edits);
+    ColorSet::Instance().slotReadSettings();
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), loaded);
+    QCOMPARE(ColorSet::Instance().GetColors(0), ColorSet::GetFactoryColors(0));
+    ColorSet::Instance().Load(loaded);
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QStringLiteral("none")), QString());
 }
 
 void tst_ColorSet::editsAsText_data()

@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+#include "vclabel.h"
+
+#include "tree.h"
+#include "value.h"
+#include "valuenumeric.h"
+#include "valueselection.h"
+
+#include "testmain.h"
+
+#include <QFontMetrics>
+#include <QVBoxLayout>
+
+class tst_VCLabel : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
+    void cleanup() { Tree::Instance()->RemoveFolder(QStringLiteral("/label")); }
+
+    void construction_data();
+    void construction();
+    void bindingByPath_data();
+    void bindingByPath();
+    void showsTheValue_data();
+    void showsTheValue();
+    void followsTheValue();
+    void bindsAnew();
+    void badPathLetsGo();
+    void valueGoesAway();
+    void otherStatesChangeNothing();
+    void strangersAreIgnored();
+    void labelDiesFirst();
+    void plainText();
+    void background_data();
+    void background();
+    void backgroundTakenBack();
+    void fontFits_data();
+    void fontFits();
+    void fontOnPixels();
+    void fontFollowsTheSize();
+    void fontWithoutAText();
+    void fittedFontLeavesTheLayoutAlone();
+};
+
+void tst_VCLabel::construction_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<unsigned int>("flags");
+    QTest::newRow("named") << QByteArray("First Ruler") << 0U;
+    QTest::newRow("null has no name") << QByteArray() << 0U;
+    QTest::newRow("a window without a frame")
+        << QByteArray("Tip") << static_cast<unsigned int>(Qt::FramelessWindowHint);
+}
+
+void tst_VCLabel::construction()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(unsigned int, flags);
+    QWidget parent;
+    VCLabel const label(&parent, name.isNull() ? nullptr : name.constData(), flags);
+    QCOMPARE(label.objectName(), QString::fromLatin1(name));
+    QCOMPARE(label.parentWidget(), &parent);
+    QCOMPARE(static_cast<unsigned int>(label.windowFlags()) & flags, flags);
+    QCOMPARE(label.text(), QString());
+}
+
+void tst_VCLabel::bindingByPath_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("found");
+    QTest::newRow("known") << QStringLiteral("/label/value") << true;
+    QTest::newRow("unknown") << QStringLiteral("/label/other") << false;
+    QTest::newRow("empty") << QString() << false;
+}
+
+void tst_VCLabel::bindingByPath()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, found);
+    auto * const value = new ValueNumeric<double>(QStringLiteral("value"));
+    QVERIFY(Tree::Instance()->Insert(QStringLiteral("/label"), value));
+    VCLabel label;
+    QCOMPARE(label.SetValue_ValuePath(path), found);
+    QCOMPARE(value->HasObserver(&label), found);
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/value"))); // a good path works after a bad one
+}
+
+void tst_VCLabel::showsTheValue_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a number") << 0 << QStringLiteral("12.5");
+    QTest::newRow("a whole number") << 1 << QStringLiteral("-3");
+    QTest::newRow("a text, markup and all") << 2 << QStringLiteral("<b>AM</b>");
+    QTest::newRow("a choice") << 3 << QStringLiteral("UTC");
+    QTest::newRow("a switch") << 4 << QStringLiteral("true");
+}
+
+void tst_VCLabel::showsTheValue()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, text);
+    auto * const real = new ValueNumeric<double>(QStringLiteral("v0"));
+    auto * const whole = new ValueNumeric<int>(QStringLiteral("v1"));
+    auto * const string = new Value<QString>(QStringLiteral("v2"));
+    auto * const choice = new ValueSelection(QStringLiteral("v3"));
+    auto * const flag = new Value<bool>(QStringLiteral("v4"));
+    for (ValueBase * const value :
+         { static_cast<ValueBase *>(real), static_cast<ValueBase *>(whole), static_cast<ValueBase *>(string),
+           static_cast<ValueBase *>(choice), static_cast<ValueBase *>(flag) })
+        QVERIFY(Tree::Instance()->Insert(QStringLiteral("/label"), value));
+    real->SetValue(12.5, nullptr);
+    whole->SetValue(-3, nullptr);
+    string->SetValue(QStringLiteral("<b>AM</b>"), nullptr);
+    choice->AddItem(SelectionItem(QStringLiteral("UTC"), 0.0, 7));
+    choice->Select(7L, nullptr);
+    flag->SetValue(true, nullptr);
+    VCLabel label;
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/v%1").arg(kind)));
+    QCOMPARE(label.text(), text);
+    QCOMPARE(label.textFormat(), Qt::PlainText);
+}
+
+void tst_VCLabel::followsTheValue()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    value->SetValue(42, nullptr);
+    QCOMPARE(label.text(), QStringLiteral("42"));
+    label.setText(QStringLiteral("---"));
+    QCOMPARE(label.text(), QStringLiteral("---"));
+    QCOMPARE(value->GetValue(), 42);
+    value->SetInterimValue(50.0, nullptr);
+    QCOMPARE(label.text(), QStringLiteral("---"));
+    value->SetValue(43, nullptr);
+    QCOMPARE(label.text(), QStringLiteral("43"));
+}
+
+void tst_VCLabel::bindsAnew()
+{
+    auto * const first = new ValueNumeric<int>(QStringLiteral("first"));
+    auto * const second = new ValueNumeric<int>(QStringLiteral("second"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), first);
+    Tree::Instance()->Insert(QStringLiteral("/label"), second);
+    second->SetValue(2, nullptr);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/first"));
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/second")));
+    QVERIFY(!first->HasObserver(&label));
+    QCOMPARE(label.text(), QStringLiteral("2"));
+    first->SetValue(9, nullptr);
+    QCOMPARE(label.text(), QStringLiteral("2"));
+}
+
+void tst_VCLabel::badPathLetsGo()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    QVERIFY(!label.SetValue_ValuePath(QStringLiteral("/nowhere")));
+    QCOMPARE(value->GetObserverCount(), 0);
+    value->SetValue(5, nullptr);
+    QCOMPARE(label.text(), QStringLiteral("0"));
+}
+
+void tst_VCLabel::valueGoesAway()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    value->SetValue(5, nullptr);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    QVERIFY(Tree::Instance()->Remove(QStringLiteral("/label/value")));
+    QCOMPARE(label.text(), QStringLiteral("5")); // the last text stays
+    auto * const again = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), again);
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/value")));
+    QCOMPARE(label.text(), QStringLiteral("0"));
+}
+
+void tst_VCLabel::otherStatesChangeNothing()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    value->SetState(eStateDisabled, nullptr);
+    QVERIFY(label.isEnabled());
+    QVERIFY(value->HasObserver(&label));
+}
+
+void tst_VCLabel::strangersAreIgnored()
+{
+    ValueNumeric<int> stranger;
+    stranger.SetValue(3, nullptr);
+    VCLabel label;
+    label.Update(&stranger, eValueChanged);
+    label.Update(&stranger, eStateChanged);
+    QCOMPARE(label.text(), QString());
+}
+
+void tst_VCLabel::labelDiesFirst()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    {
+        VCLabel label;
+        label.SetValue_ValuePath(QStringLiteral("/label/value"));
+        QCOMPARE(value->GetObserverCount(), 1);
+    }
+    QCOMPARE(value->GetObserverCount(), 0);
+    value->SetValue(1, nullptr);
+}
+
+void tst_VCLabel::plainText()
+{
+    VCLabel label;
+    label.setText(QStringLiteral("999.999"));
+    QCOMPARE(label.text(), QStringLiteral("999.999"));
+    label.setText(QString());
+    QCOMPARE(label.text(), QString());
+}
+
+void tst_VCLabel::background_data()
+{
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("dark") << QColor(0x0b, 0x4f, 0x8a) << QColor(Qt::white);
+    QTest::newRow("light") << QColor(0x79, 0xc0, 0xff) << QColor(Qt::black);
+}
+
+void tst_VCLabel::background()
+{
+    QFETCH(QColor, ground);
+    QFETCH(QColor, text);
+    VCLabel label;
+    label.resize(40, 20);
+    label.SetBackgroundColor(ground);
+    QCOMPARE(label.grab().toImage().pixelColor(20, 10), ground);
+    QCOMPARE(label.palette().color(QPalette::WindowText), text);
+}
+
+void tst_VCLabel::backgroundTakenBack()
+{
+    QWidget parent;
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::darkBlue);
+    palette.setColor(QPalette::WindowText, Qt::cyan);
+    parent.setPalette(palette);
+    VCLabel label(&parent);
+    label.SetBackgroundColor(Qt::yellow);
+    label.SetBackgroundColor(QColor());
+    QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::cyan));
+    QVERIFY(!label.autoFillBackground());
+}
+
+void tst_VCLabel::fontFits_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("points");
+    QTest::newRow("room enough") << QSize(400, 100) << 12;
+    QTest::newRow("narrow") << QSize(46, 100) << -1;
+    QTest::newRow("low") << QSize(400, 14) << -1;
+    QTest::newRow("no room at all") << QSize(1, 1) << 4;
+    QTest::newRow("empty") << QSize(0, 0) << 4;
+}
+
+void tst_VCLabel::fontFits()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, points);
+    VCLabel label;
+    label.setFrameStyle(0x32);
+    label.resize(size);
+    QFont const font(QStringLiteral("DejaVu Sans"), 12);
+    QString const text = QStringLiteral("999.999");
+    label.SetFontOnSize(font, text);
+    if (points > 0) {
+        QCOMPARE(label.font().pointSize(), points);
+        return;
+    }
+    int const fitted = label.font().pointSize();
+    QVERIFY(fitted > 4 && fitted < 12);
+    auto const fits = [&label, &text](int candidate) {
+        QFontMetrics const metrics(QFont(QStringLiteral("DejaVu Sans"), candidate), &label);
+        return metrics.horizontalAdvance(text) <= label.contentsRect().width() &&
+               metrics.height() <= label.contentsRect().height();
+    };
+    QVERIFY(fits(fitted));
+    QVERIFY(!fits(fitted + 1)); // the largest that fits
+}
+
+void tst_VCLabel::fontOnPixels()
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(40);
+    VCLabel label;
+    label.show();
+    label.resize(60, 60);
+    label.SetFontOnSize(font, QStringLiteral("99:99"));
+    QVERIFY(label.font().pixelSize() >= 4 && label.font().pixelSize() < 40);
+    label.resize(400, 100);
+    QCOMPARE(label.font().pixelSize(), 40);
+}
+
+void tst_VCLabel::fontFollowsTheSize()
+{
+    VCLabel label;
+    label.resize(400, 100);
+    label.show();
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("999.999"));
+    QCOMPARE(label.font().pointSize(), 12);
+    label.resize(40, 100);
+    QVERIFY(label.font().pointSize() < 12);
+    label.resize(400, 100);
+    QCOMPARE(label.font().pointSize(), 12);
+}
+
+void tst_VCLabel::fontWithoutAText()
+{
+    VCLabel label;
+    label.resize(1, 1);
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QString());
+    QCOMPARE(label.font().pointSize(), 12);
+    label.resize(2, 2);
+    QCOMPARE(label.font().pointSize(), 12);
+}
+
+void tst_VCLabel::fittedFontLeavesTheLayoutAlone()
+{
+    VCLabel label;
+    label.show();
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("999.999"));
+    label.resize(400, 100);
+    QSize const wanted = label.sizeHint();
+    label.resize(30, 10);
+    QVERIFY(label.font().pointSize() < 12);
+    QCOMPARE(label.sizeHint(), wanted);
+    QCOMPARE(label.minimumSizeHint(), QSize(1, 1));
+    QFontMetrics const metrics(QFont(QStringLiteral("DejaVu Sans"), 12));
+    QVERIFY(wanted.width() >= metrics.horizontalAdvance(QStringLiteral("999.999")));
+    label.resize(wanted);
+    QCOMPARE(label.font().pointSize(), 12);
+}
+
+ORIM_TEST_MAIN(tst_VCLabel)
+#include "tst_vclabel.moc"
