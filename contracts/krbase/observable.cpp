@@ -8,6 +8,10 @@
 namespace {
 
 constexpr int DeepestNesting = 256; // notifications of one observable inside each other
+constexpr int DeepestOfAll = 1024;  // notifications of all observables inside each other
+
+int RunningOfAll = 0;   // notifications running
+bool AreAllCut = false; // DeepestOfAll was reached; until the outermost has ended
 
 //! Removes the last occurrence: what was registered last mostly goes first.
 template <class T>
@@ -36,6 +40,7 @@ public:
     {
         owner.m_pRound = this;
         ++owner.m_depth;
+        ++RunningOfAll;
     }
 
     Round(Round const &) = delete;
@@ -43,6 +48,8 @@ public:
 
     ~Round()
     {
+        if (--RunningOfAll == 0)
+            AreAllCut = false;
         if (!m_pOwner)
             return;
         m_pOwner->m_pRound = m_pOuter;
@@ -137,23 +144,29 @@ void Observable::MakeFirstObserver(IObserver * observer)
 
 void Observable::NotifyObservers(TChangeCode code, IObserver * except)
 {
-    if (m_depth >= DeepestNesting || m_cut) {
+    bool const mayRun = m_depth < DeepestNesting && RunningOfAll < DeepestOfAll && !m_cut && !AreAllCut;
+    if (mayRun)
+        Round(*this).Run(code, except);
+    else
         WarnOfDepth();
-        return;
-    }
-    Round(*this).Run(code, except);
 }
 
 void Observable::NotifyAtAnyDepth(TChangeCode code, IObserver * except) { Round(*this).Run(code, except); }
 
 void Observable::WarnOfDepth()
 {
-    if (m_cut)
+    if (m_cut || AreAllCut)
         return;
-    m_cut = true;
-    m_untidy = true;
-    qWarning("A value is %d deep in its own notification: further ones are dropped until the outermost one has ended.",
-             DeepestNesting);
+    if (m_depth >= DeepestNesting) {
+        m_cut = true;
+        m_untidy = true;
+    } else {
+        AreAllCut = true;
+    }
+    qWarning(
+        "Values notify each other without end, %d deep: further notifications are dropped until the outermost one has "
+        "ended.",
+        RunningOfAll);
 }
 
 bool Observable::Drop(IObserver const * observer)

@@ -57,7 +57,8 @@ private:
 //! - A notification inside a notification runs at once and to its end; then the outer one goes on to those not yet
 //! told.
 //! - An observable 256 deep in its own notification stops there: until the outermost one has ended it starts no further
-//!   one, and it says so in one warning.
+//!   one, and it says so in one warning. The same holds for all together at 1024 notifications inside each other, which
+//!   is where a long ring would run out of stack.
 //!
 //! Belongs to one thread.
 class ORIMCONTRACTS_EXPORT Observable
@@ -104,6 +105,7 @@ private:
     friend class IObserver;
     class Round;
 
+    //! Says once that a notification was dropped, and drops those that follow.
     void WarnOfDepth();
     //! Removes from the own list only. \return whether it was there.
     bool Drop(IObserver const * observer);

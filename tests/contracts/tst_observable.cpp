@@ -4,12 +4,13 @@
 #include "scene.h"
 #include "testmain.h"
 
+#include <array>
 #include <memory>
 #include <stdexcept>
 
 namespace {
 
-QRegularExpression DepthWarning() { return QRegularExpression(QStringLiteral("256 deep in its own notification")); }
+QRegularExpression DepthWarning() { return QRegularExpression(QStringLiteral("notify each other without end")); }
 
 //! Three observers a, b, c on one observable, and a log of what they hear.
 struct Stage
@@ -547,6 +548,51 @@ void tst_observable::depth_data()
             return count(log);
         },
         "768");
+    auto const chain = [](int length, bool again) {
+        Log log;
+        std::vector<std::unique_ptr<Observable>> subjects;
+        std::vector<std::unique_ptr<Listener>> listeners;
+        for (int i = 0; i < length; ++i)
+            subjects.push_back(std::make_unique<Observable>());
+        for (int i = 0; i < length; ++i) {
+            Observable * const next = i + 1 < length ? subjects[static_cast<std::size_t>(i + 1)].get() : nullptr;
+            listeners.push_back(std::make_unique<Listener>("a", log, [next](Observable *, TChangeCode code) {
+                if (next)
+                    next->NotifyObservers(code, nullptr);
+            }));
+            subjects[static_cast<std::size_t>(i)]->AddObserver(listeners.back().get());
+        }
+        subjects.front()->NotifyObservers(eValueChanged, nullptr);
+        if (again) // from the middle: whoever was refused is free again
+            subjects[static_cast<std::size_t>(length / 2)]->NotifyObservers(eValueChanged, nullptr);
+        return QString::number(log.Count());
+    };
+    SceneRow(
+        "a chain of 1024 runs through", [chain] { return chain(1024, false); }, "1024");
+    SceneRow(
+        "a longer chain is cut with one warning, and the next one starts afresh",
+        [chain] {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("without end, 1024 deep")));
+            return chain(2000, true);
+        },
+        "2024");
+    SceneRow(
+        "a ring in which each feeds the next twice ends",
+        [count] {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("without end, 1024 deep")));
+            Log log;
+            std::array<Observable, 40> ring;
+            std::vector<std::unique_ptr<Listener>> listeners;
+            for (std::size_t i = 0; i < 2 * ring.size(); ++i) {
+                Observable & next = ring[(i + 1) % ring.size()];
+                listeners.push_back(std::make_unique<Listener>(
+                    "a", log, [&next](Observable *, TChangeCode code) { next.NotifyObservers(code, nullptr); }));
+                ring[i % ring.size()].AddObserver(listeners.back().get());
+            }
+            ring[0].NotifyObservers(eValueChanged, nullptr);
+            return count(log);
+        },
+        "2048");
     SceneRow(
         "last words pass at any depth",
         [count] {
