@@ -59,6 +59,8 @@ inline double Ulp(double value)
     return power * 0x1p-52;
 }
 
+inline double Larger(double a, double b) { return a > b ? a : b; }
+
 //! The nearest integer; for amounts below 2^51.
 inline double Nearest(double value)
 {
@@ -73,8 +75,6 @@ struct Step
     double denominator = 1.0;
     int decimals = 0;
     int minorTics = 0;
-
-    double Size() const { return numerator / denominator; }
 
     double Multiple(double n) const { return n * numerator / denominator; }
 };
@@ -139,17 +139,19 @@ Range MakeRange(double start, double stop, double factor)
     range.factor = std::fabs(factor);
     range.shownLow = range.low * range.factor;
     range.shownHigh = range.high * range.factor;
-    double const largest = std::fmax(std::fabs(range.shownLow), std::fabs(range.shownHigh));
+    double const largest = Larger(std::fabs(range.shownLow), std::fabs(range.shownHigh));
     // a division and two more multiplications lie between the displayed tic and the value and back
     range.smallestStep = Ulp(largest) * (range.factor == 1.0 ? 8.0 : 16.0);
     return range;
 }
 
-//! The multiples of a step inside a range: from to to, none when from is above to.
+//! The multiples of a step inside a range.
 struct Multiples
 {
     double from = 0.0;
     double to = -1.0;
+    double shownFrom = 0.0; // as displayed
+    double shownTo = 0.0;
 
     double Count() const { return to - from + 1.0; }
 };
@@ -161,29 +163,34 @@ inline Multiples MultiplesInside(Range const & range, Step const & step)
     double const perUnit = step.denominator / step.numerator;
     Multiples found;
     found.from = Nearest(range.shownLow * perUnit);
-    if (step.Multiple(found.from) < range.shownLow - std::fabs(range.shownLow) * slack)
+    found.shownFrom = step.Multiple(found.from);
+    if (found.shownFrom < range.shownLow - std::fabs(range.shownLow) * slack) {
         found.from += 1.0;
+        found.shownFrom = step.Multiple(found.from);
+    }
     found.to = Nearest(range.shownHigh * perUnit);
-    if (step.Multiple(found.to) > range.shownHigh + std::fabs(range.shownHigh) * slack)
+    found.shownTo = step.Multiple(found.to);
+    if (found.shownTo > range.shownHigh + std::fabs(range.shownHigh) * slack) {
         found.to -= 1.0;
+        found.shownTo = step.Multiple(found.to);
+    }
     return found;
 }
 
 //! The smallest step that makes MaxTics tics at most and that doubles resolve. False when it makes less than MinTics.
 bool SearchStep(Range const & range, Step & step, Multiples & multiples)
 {
-    double const span = range.shownHigh - range.shownLow;
-    double const smallest = std::fmax(span / MaxTics, range.smallestStep);
+    double const smallest = Larger((range.shownHigh - range.shownLow) / MaxTics, range.smallestStep);
     int const exponent = Exponent10(Exponent2(smallest)); // smallest is 1 to 20 times this power of ten
-    for (int index = 0; index < 8; ++index) {
-        step = StepOf(exponent, index);
-        if (step.Size() < smallest)
-            continue;
+    double const ratio = exponent < 0 ? smallest * Power(-exponent) : smallest / Power(exponent);
+    int const index = (ratio > 1.0 ? 1 : 0) + (ratio > 2.0 ? 1 : 0) + (ratio > 5.0 ? 1 : 0) + (ratio > 10.0 ? 1 : 0);
+    step = StepOf(exponent, index);
+    multiples = MultiplesInside(range, step);
+    if (multiples.Count() > MaxTics) { // one tic more than steps, when both ends bear one
+        step = StepOf(exponent, index + 1);
         multiples = MultiplesInside(range, step);
-        if (multiples.Count() <= MaxTics)
-            return multiples.Count() >= MinTics;
     }
-    return false;
+    return multiples.Count() >= MinTics;
 }
 
 bool TakeFixedStep(Range const & range, int width, Step & step, Multiples & multiples)
@@ -246,7 +253,7 @@ Tics MakeTics(Range const & range, Step const & step, Multiples const & multiple
     constexpr long long Round = 1000;
     Tics tics;
     tics.count = toInt(multiples.Count());
-    tics.step = step.Size() / range.factor;
+    tics.step = step.Multiple(1.0) / range.factor;
     if (multiples.from < 0.0 && multiples.to >= 0.0) { // at most 1000 tics: the offset is 0
         tics.first = multiples.from * tics.step;
         ShrinkAroundZero(range, multiples.from, tics);
@@ -298,12 +305,14 @@ int axisDefinition::GetAxisValuesLinear(double * start, double * stop, int * min
             (TakeFixedStep(range, fixedTicWidth, shown, multiples) || SearchStep(range, shown, multiples)) &&
             multiples.Count() > 0.0) {
             tics = MakeTics(range, shown, multiples);
-            digits =
-                DigitsOf(std::fmax(std::fabs(shown.Multiple(multiples.from)), std::fabs(shown.Multiple(multiples.to))));
+            digits = DigitsOf(Larger(std::fabs(multiples.shownFrom), std::fabs(multiples.shownTo)));
         }
     }
-    if (tics.count == 0)
+    if (tics.count == 0) {
         shown = Step();
+        tics = Tics();
+        digits = 1;
+    }
     Write(minor, shown.minorTics);
     Write(left, digits);
     Write(right, shown.decimals);
