@@ -46,9 +46,10 @@ HotkeysCtrl::HotkeysCtrl(QWidget * parent)
     m_pTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pTable->setTabKeyNavigation(false);
     m_pTable->setFocusPolicy(Qt::NoFocus); // Tab walks through the keys
-    m_pTable->setWordWrap(false);
+    m_pTable->setWordWrap(true);           // a long note takes a second line
     m_pTable->horizontalHeader()->setStretchLastSection(true);
     m_pTable->horizontalHeader()->setHighlightSections(false);
+    connect(m_pTable->horizontalHeader(), &QHeaderView::sectionResized, m_pTable, &QTableView::resizeRowsToContents);
 
     auto * const hint = new QLabel(tr("Click a key and press the new one. Backspace takes it away."), this);
     hint->setWordWrap(true);
@@ -173,6 +174,7 @@ void HotkeysCtrl::ShowNotes()
         item->setToolTip(note);
         item->setIcon(conflict >= 0 ? warning : QIcon());
     }
+    m_pTable->resizeRowsToContents();
 }
 
 void HotkeysCtrl::slotFollow()

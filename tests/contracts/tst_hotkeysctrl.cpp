@@ -21,7 +21,9 @@ class tst_HotkeysCtrl : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
     void initTestCase() { TestStage::HushPopups(); }
+
     void init();
     void cleanup();
     void editorTakesKeys_data();
@@ -393,27 +395,27 @@ void tst_HotkeysCtrl::dialogHoldsHotKeysBack()
     QCOMPARE(heard.count(), 0);
 }
 
-//! Nothing is cut: every text fits its column at the first size of the dialog.
+//! Nothing is cut at the first size of the dialog: texts fit their columns, and a long note its lines.
 void tst_HotkeysCtrl::picture()
 {
-    Type("Two", Qt::Key_F1);
     Add(Qt::Key_F8, "A function with a rather long name", false);
     QTRY_COMPARE(m_pTable->rowCount(), 4);
-    std::unique_ptr<QWidget> const shown(Gui().GetHotkeysCtrl(nullptr));
-    shown->resize(640, 420);
-    shown->show();
-    auto const * const table = shown->findChild<QTableWidget *>();
-    for (int row = 0; row < table->rowCount(); ++row) {
-        for (int column = 0; column < table->columnCount(); ++column) {
-            QTableWidgetItem const * const item = table->item(row, column);
-            int const needed = item ? QFontMetrics(table->font()).horizontalAdvance(item->text()) : 0;
-            QVERIFY2(needed <= table->columnWidth(column), qPrintable(item ? item->text() : QString()));
-        }
-        QWidget const * const edit = table->cellWidget(row, HotkeysCtrl::eColumnKey);
-        QVERIFY(table->rowHeight(row) >= edit->minimumSizeHint().height());
+    m_pCtrl->resize(640, 420);
+    Type("Two", Qt::Key_F8);
+    QCOMPARE(Text("Two", HotkeysCtrl::eColumnNote),
+             QStringLiteral("In use for \"A function with a rather long name\": not taken over"));
+    QFontMetrics const metrics(m_pTable->font());
+    for (int row = 0; row < m_pTable->rowCount(); ++row) {
+        for (auto const column : { HotkeysCtrl::eColumnName, HotkeysCtrl::eColumnGroup, HotkeysCtrl::eColumnDefault })
+            QVERIFY(metrics.horizontalAdvance(m_pTable->item(row, column)->text()) < m_pTable->columnWidth(column));
+        QRect const room(0, 0, m_pTable->columnWidth(HotkeysCtrl::eColumnNote) - m_pTable->iconSize().width(), 1000);
+        QString const note = m_pTable->item(row, HotkeysCtrl::eColumnNote)->text();
+        QVERIFY(metrics.boundingRect(room, Qt::TextWordWrap, note).height() <= m_pTable->rowHeight(row));
+        QWidget const * const edit = m_pTable->cellWidget(row, HotkeysCtrl::eColumnKey);
+        QVERIFY(m_pTable->rowHeight(row) >= edit->minimumSizeHint().height());
     }
     if (qEnvironmentVariableIsSet("ORIM_PICTURES"))
-        QVERIFY(shown->grab().save(qEnvironmentVariable("ORIM_PICTURES") + QLatin1String("/hotkeys.png")));
+        QVERIFY(m_pCtrl->grab().save(qEnvironmentVariable("ORIM_PICTURES") + QLatin1String("/hotkeys.png")));
 }
 
 ORIM_TEST_MAIN(tst_HotkeysCtrl)
