@@ -52,8 +52,7 @@ public:
 
     //! Gives the main window the place and size that StoreWidgetSize() stored.
     //! \return false, and the window stays as it is, without a main window, when nothing or nonsense is stored, and
-    //! when the
-    //!         window could not be reached on any of the screens.
+    //! when the window could not be reached on any of the screens.
     bool RestoreWidgetSize();
     //! Stores place and size of the main window, and whether it is maximized. Does nothing without one.
     void StoreWidgetSize();
@@ -67,12 +66,15 @@ public:
 
     //! Registers a hot key and returns its index. A key that the operator gave it in an earlier run counts from the
     //! start. Registering the same key for the same receiver, name and group again gives the index it has. The first
-    //! registered of two with one key is heard. \param key           any key but a bare modifier. \param modifiers
-    //! Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count. \param receiver      whom it serves: the
-    //! hot key ends with it, and its slot `slotHotKey(int)`, if it has one, is called
-    //!                      ahead of signalHotKey(); null for one that stays until it is removed.
-    //! \param name          what it does, as the operator reads it. The key that the operator gives it is stored under
-    //!                      group and name.
+    //! registered of two with one key is heard.
+    //!
+    //! The hot key ends with its receiver. A slot `slotHotKey(int)` of the receiver is called ahead of signalHotKey().
+    //! The key that the operator gives it is stored under group and name.
+    //!
+    //! \param key           any key but a bare modifier.
+    //! \param modifiers     Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count.
+    //! \param receiver      whom it serves; null for a hot key that stays until it is removed.
+    //! \param name          what it does, as the operator reads it.
     //! \param group         heading in the list of hot keys.
     //! \param changeable    whether the operator may give it another key.
     //! \param throughModal  whether it is heard while a modal dialog or a menu is open.
@@ -160,7 +162,9 @@ public:
     int GetShowFrequencyInHz() const { return m_showFrequencyInHz ? 1 : 0; }
 
     //! Name of a signal type, by the first letter of the designation of emissions: 'F' is frequency modulation. Lower
-    //! case letters count as upper case. \return empty for any other character.
+    //! case letters count as upper case.
+    //!
+    //! \return empty for any other character.
     QString GetSignalType(char type) const;
 
     // Undo

@@ -77,6 +77,7 @@ bool HotKeyListener::Hear(QObject * object, QKeyEvent * event)
     }
     if (index < 0)
         return false;
+    m_pHeard = nullptr; // it goes no further
     event->accept();
     return true;
 }

@@ -76,8 +76,10 @@ public:
     //! Index of the first hot key of this name; -1 for none.
     int FindName(QString const & name) const;
     //! Index of the hot key that a key press means: the first enabled one with its combination. A sign that needs Shift
-    //! on some keyboards ("+", "?") is also found without it. \param admits  whether a hot key may be heard at present;
-    //! an empty function admits all. \return -1 for none.
+    //! on some keyboards ("+", "?") is also found without it.
+    //!
+    //! \param admits  whether a hot key may be heard at present; an empty function admits all.
+    //! \return -1 for none.
     int Match(HotKeyCombination const & pressed, std::function<bool(HotKey const &)> const & admits) const;
     //! Index of the first other hot key with the same combination; -1 for none.
     int GetConflict(int index) const;

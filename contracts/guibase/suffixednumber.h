@@ -18,11 +18,13 @@ ORIMCONTRACTS_EXPORT QString Prefix(int exponent);
 //!
 //! A point or a comma separates decimals; there are no separators of thousands. Blanks may stand around the number, not
 //! in it. Case is heeded first ("mHz" is a thousandth, "MHz" a million), else forgiven in favour of the larger ("mhz"
-//! is a million); "K" is "k", "u" is "µ". \param unit          what may stand behind the prefix; may be empty. \param
-//! bareExponent  power of ten of a number without prefix and unit. \param ok            set to whether it was read; may
-//! be null. \return 0 for a text that is no number, "nan", "inf", a number beyond the range of a double, and a text
-//! longer than 64
-//!         characters.
+//! is a million); "K" is "k", "u" is "µ".
+//!
+//! \param unit          what may stand behind the prefix; may be empty.
+//! \param bareExponent  power of ten of a number without prefix and unit.
+//! \param ok            set to whether it was read; may be null.
+//! \return 0 for a text that is no number, "nan", "inf", a number beyond the range of a double, and a text longer
+//! than 64 characters.
 ORIMCONTRACTS_EXPORT double Parse(QString const & text, QString const & unit, int bareExponent, bool * ok);
 
 //! How a number is printed.

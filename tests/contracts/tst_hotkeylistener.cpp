@@ -31,6 +31,7 @@ private Q_SLOTS:
     void switchedOffKeyReachesTheWidget();
     void heldKeyFiresOnce();
     void pressesOneAfterAnother();
+    void pressesWithoutRelease();
     void escape_data();
     void escape();
     void escapeAsHotKeyToo();
@@ -219,6 +220,14 @@ void tst_HotKeyListener::pressesOneAfterAnother()
     for (int i = 0; i < 10; ++i)
         QTest::keyClick(m_pChild, Qt::Key_F5);
     QCOMPARE(m_pHeard->count(), 10);
+}
+
+void tst_HotKeyListener::pressesWithoutRelease()
+{
+    Add(Qt::Key_F5);
+    for (int i = 0; i < 3; ++i)
+        Press(m_pChild, Qt::Key_F5);
+    QCOMPARE(m_pHeard->count(), 3);
 }
 
 void tst_HotKeyListener::escape_data() { oncePerPress_data(); }
