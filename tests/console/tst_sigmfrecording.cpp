@@ -292,6 +292,11 @@ void tst_SigmfRecording::refused_data()
     QTest::newRow("headers add up to more") << captures("{\"core:sample_start\": 0, \"core:header_bytes\": 3}, "
                                                         "{\"core:sample_start\": 0, \"core:header_bytes\": 3}")
                                             << QByteArray("1234") << "holds no sample";
+    QByteArray wrapping = "{\"core:sample_start\": 0, \"core:header_bytes\": 9007199254740992},";
+    wrapping = wrapping.repeated(2048); // 2^53 bytes each: the sum wraps to 0 in 64 bits
+    wrapping.chop(1);
+    QTest::newRow("headers wrap around") << captures(wrapping.constData()) << QByteArray("12345678")
+                                         << "holds no sample";
     QTest::newRow("segment at the end") << captures("{\"core:sample_start\": 2}") << QByteArray("12345678")
                                         << "a captures segment starts at sample 2 of 2";
     QTest::newRow("segment beyond all") << captures(
