@@ -282,6 +282,42 @@ int DigitsOf(double amount)
     return amount < Power(digits) ? digits : digits + 1;
 }
 
+//! What a search depends on.
+struct Question
+{
+    double start = 0.0;
+    double stop = 0.0;
+    double factor = 0.0;
+    int width = 0;
+
+    bool operator==(Question const & other) const // false with NaN
+    {
+        return start == other.start && stop == other.stop && factor == other.factor && width == other.width;
+    }
+};
+
+//! What a search finds.
+struct Answer
+{
+    Tics tics;
+    Step shown;
+    int digits = 1;
+};
+
+Answer Search(Question const & question)
+{
+    Answer answer;
+    Multiples multiples;
+    Range const range = MakeRange(question.start, question.stop, question.factor);
+    if (!range.IsUsable() ||
+        (!TakeFixedStep(range, question.width, answer.shown, multiples) && !SearchStep(range, answer.shown, multiples)))
+        return {};
+    if (multiples.Count() > 0.0)
+        answer.tics = MakeTics(range, answer.shown, multiples);
+    answer.digits = DigitsOf(Larger(std::fabs(multiples.shownFrom), std::fabs(multiples.shownTo)));
+    return answer.tics.count > 0 ? answer : Answer();
+}
+
 template <class T>
 void Write(T * target, T value)
 {
@@ -295,29 +331,19 @@ int axisDefinition::GetAxisValuesLinear(double * start, double * stop, int * min
                                         double * first, double * step, double * offset, int /*mode*/,
                                         double displayFactor, int fixedTicWidth)
 {
-    Step shown;
-    Multiples multiples;
-    Tics tics;
-    int digits = 1;
-    if (start && stop) {
-        Range const range = MakeRange(*start, *stop, displayFactor);
-        if (range.IsUsable() &&
-            (TakeFixedStep(range, fixedTicWidth, shown, multiples) || SearchStep(range, shown, multiples)) &&
-            multiples.Count() > 0.0) {
-            tics = MakeTics(range, shown, multiples);
-            digits = DigitsOf(Larger(std::fabs(multiples.shownFrom), std::fabs(multiples.shownTo)));
-        }
+    // an axis that is painted anew mostly asks for the range it had
+    thread_local Question question;
+    thread_local Answer answer;
+    Question const asked = start && stop ? Question{ *start, *stop, displayFactor, fixedTicWidth } : Question();
+    if (!(asked == question)) {
+        answer = Search(asked);
+        question = asked;
     }
-    if (tics.count == 0) {
-        shown = Step();
-        tics = Tics();
-        digits = 1;
-    }
-    Write(minor, shown.minorTics);
-    Write(left, digits);
-    Write(right, shown.decimals);
-    Write(first, tics.first);
-    Write(step, tics.step);
-    Write(offset, tics.offset);
-    return tics.count;
+    Write(minor, answer.shown.minorTics);
+    Write(left, answer.digits);
+    Write(right, answer.shown.decimals);
+    Write(first, answer.tics.first);
+    Write(step, answer.tics.step);
+    Write(offset, answer.tics.offset);
+    return answer.tics.count;
 }

@@ -28,7 +28,8 @@ public:
     //!         otherwise, when the range is empty, NaN or infinite, when start or stop is null, when the factor is 0,
     //!         NaN or infinite, when the range or the displayed range is narrower than 1e-290 or wider than 1e300, and
     //!         when doubles cannot tell 4 such values apart in it (it is then a few dozen representable values wide).
-    //! A null pointer among those that are written is passed over.
+    //! A null pointer among those that are written is passed over. A thread that asks for the same range again gets the
+    //! answer it had, at the cost of a comparison.
     static int GetAxisValuesLinear(double * start, double * stop, int * minor, int * left, int * right, double * first,
                                    double * step, double * offset, int mode, double displayFactor, int fixedTicWidth);
 };

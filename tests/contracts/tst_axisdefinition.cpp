@@ -72,6 +72,7 @@ private Q_SLOTS:
     void EndsKeepTheirTics();
     void FactorOfEitherSign();
     void ModeChangesNothing();
+    void EachArgumentCountsAfterTheOthers();
     void RangeIsNotWritten();
     void NullPointersArePassedOver();
 };
@@ -430,6 +431,20 @@ void tst_axisDefinition::ModeChangesNothing()
         Search const other(3.0, 47.0, 1.0, -1, mode);
         QCOMPARE(other.Labels(), one.Labels());
     }
+}
+
+void tst_axisDefinition::EachArgumentCountsAfterTheOthers()
+{
+    QCOMPARE(Search(0.0, 10.0).step, 1.0);
+    QCOMPARE(Search(0.0, 10.0).step, 1.0); // asked twice
+    QCOMPARE(Search(0.0, 100.0).step, 10.0);
+    QCOMPARE(Search(90.0, 100.0).step, 1.0);
+    QCOMPARE(Search(90.0, 100.0, 10.0).step, 1.0);
+    QCOMPARE(Search(90.0, 100.0, 10.0).right, 0);
+    QCOMPARE(Search(90.0, 100.0, 10.0, 20).step, 2.0);
+    QCOMPARE(Search(90.0, 100.0, 10.0, 50).step, 5.0);
+    QCOMPARE(Search(90.0, std::numeric_limits<double>::quiet_NaN(), 10.0, 50).count, 0);
+    QCOMPARE(Search(90.0, 100.0, 10.0, 50).count, 3);
 }
 
 void tst_axisDefinition::RangeIsNotWritten()
