@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QSize DialogSize(640, 420); // px, at first
+constexpr QSize DialogSize(720, 420); // px, at first
 
 } // namespace
 

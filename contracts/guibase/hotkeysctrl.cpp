@@ -47,7 +47,8 @@ HotkeysCtrl::HotkeysCtrl(QWidget * parent)
     m_pTable->setTabKeyNavigation(false);
     m_pTable->setFocusPolicy(Qt::NoFocus); // Tab walks through the keys
     m_pTable->setWordWrap(true);           // a long note takes a second line
-    m_pTable->horizontalHeader()->setStretchLastSection(true);
+    m_pTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_pTable->horizontalHeader()->setSectionResizeMode(eColumnNote, QHeaderView::Stretch);
     m_pTable->horizontalHeader()->setHighlightSections(false);
     connect(m_pTable->horizontalHeader(), &QHeaderView::sectionResized, m_pTable, &QTableView::resizeRowsToContents);
 
@@ -90,7 +91,6 @@ void HotkeysCtrl::Rebuild()
     m_pTable->setVisible(!m_rows.empty());
     m_pEmpty->setVisible(m_rows.empty());
     ShowNotes();
-    m_pTable->resizeColumnsToContents();
 }
 
 void HotkeysCtrl::FillRow(int at, HotKey const & hotKey)

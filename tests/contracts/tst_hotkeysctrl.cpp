@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -400,10 +401,11 @@ void tst_HotkeysCtrl::picture()
 {
     Add(Qt::Key_F8, "A function with a rather long name", false);
     QTRY_COMPARE(m_pTable->rowCount(), 4);
-    m_pCtrl->resize(640, 420);
+    m_pCtrl->resize(720, 420);
     Type("Two", Qt::Key_F8);
     QCOMPARE(Text("Two", HotkeysCtrl::eColumnNote),
              QStringLiteral("In use for \"A function with a rather long name\": not taken over"));
+    QCOMPARE(m_pTable->horizontalHeader()->length(), m_pTable->viewport()->width()); // the note takes what is left
     QFontMetrics const metrics(m_pTable->font());
     for (int row = 0; row < m_pTable->rowCount(); ++row) {
         for (auto const column : { HotkeysCtrl::eColumnName, HotkeysCtrl::eColumnGroup, HotkeysCtrl::eColumnDefault })
