@@ -320,8 +320,8 @@ public:
             good = TakeSection(line);
         else if (!opened && equals != Bytes::npos)
             good = m_inSection && TakeEntry(Trimmed(line.substr(0, equals)), Trimmed(line.substr(equals + 1)));
-        else if (closed)
-            m_inSection = false; // a section whose opening bracket is gone
+        else if (closed || (opened && line.find(']') < equals))
+            m_inSection = false; // a section whose opening bracket or line end is gone
         if (good)
             return;
         if (m_parsed.damagedLines++ == 0)

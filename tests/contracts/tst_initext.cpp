@@ -276,6 +276,7 @@ void tst_IniText::passesOverDamage_data()
     row("an empty section", "[]", true);
     row("a section with a broken escape", "[%4]", true);
     row("a key that looks like a section's start", "[ey=val");
+    row("a section that has lost its line end", "[s]k=v", true);
 }
 
 void tst_IniText::passesOverDamage()
