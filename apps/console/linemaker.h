@@ -41,10 +41,10 @@ public:
 
     int Averaging() const { return m_averaging; }
 
-    //! Makes a line. Its spectra are spread evenly over its time; where that is too short for a number that was set they
-    //! overlap by half and reach beyond it on both sides. A source with an end is read as a ring.
-    //! \param number   number of the line.
-    //! \param seconds  middle of the line in the source, s; folded into a source with an end, at least 0 in an endless
+    //! Makes a line. Its spectra are spread evenly over its time; where that is too short for a number that was set
+    //! they overlap by half and reach beyond it on both sides. A source with an end is read as a ring. \param number
+    //! number of the line. \param seconds  middle of the line in the source, s; folded into a source with an end, at
+    //! least 0 in an endless
     //!                 one, NaN and infinite count as 0.
     //! \param slice    time that the line stands for, s; what is not above 0 counts as 0.
     std::shared_ptr<SpectrumLine const> Make(quint64 number, double seconds, double slice);
