@@ -69,7 +69,7 @@ ColorSet::ColorSet()
     : m_edits(ColorTable::SetCount)
     , m_pPersistant(std::make_unique<Persistant>(QStringLiteral("ColorSet")))
 {
-    static_assert(ColorTable::Colors.back().number + 1 == s_tableLength, "every number has its place");
+    static_assert(ColorTable::Colors.back().number + 1 == m_sTableLength, "every number has its place");
     m_pPersistant->Add(&m_current, QStringLiteral("Set"), 0);
     for (std::size_t set = 0; set < m_edits.size(); ++set)
         m_pPersistant->Add(new StoredEdits(QString::fromLatin1(EditKeys[set]), m_edits[set]));
@@ -87,7 +87,7 @@ ColorSet & ColorSet::Instance()
 QColor & ColorSet::operator[](ECOLOR number)
 {
     auto const place = static_cast<std::size_t>(number); // a negative number is beyond the end
-    if (place < s_tableLength && FindRow(number))
+    if (place < m_sTableLength && FindRow(number))
         return m_live[place];
     m_spare = m_live[eColorAxisForeground];
     return m_spare;

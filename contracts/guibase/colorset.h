@@ -134,9 +134,9 @@ private:
     void CollectEdits();
     void TakeLive();
 
-    static constexpr std::size_t s_tableLength = 155; // one past the highest number
-    std::array<QColor, s_tableLength> m_live;         // by number; invalid where there is no colour
-    std::vector<QMap<int, QColor>> m_edits;           // by set: what differs from the factory
+    static constexpr std::size_t m_sTableLength = 155; // one past the highest number
+    std::array<QColor, m_sTableLength> m_live;         // by number; invalid where there is no colour
+    std::vector<QMap<int, QColor>> m_edits;            // by set: what differs from the factory
     QColor m_spare;
     QPointer<ColorSetCtrl> m_pCtrl; // borrowed: the editor made last
     QString m_pagePath;

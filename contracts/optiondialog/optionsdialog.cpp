@@ -31,6 +31,7 @@ OptionsDialog::OptionsDialog(QWidget * parent)
     setWindowTitle(tr("Options"));
     m_pTree->setObjectName(QStringLiteral("OptionPages"));
     m_pTree->setHeaderHidden(true);
+    m_pTree->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents); // the pages get the room
     m_pStack->setObjectName(QStringLiteral("OptionStack"));
     m_pReason->setObjectName(QStringLiteral("OptionRefusal"));
     m_pReason->setWordWrap(true);
