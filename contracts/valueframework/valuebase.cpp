@@ -66,7 +66,8 @@ void ValueBase::SetName(QString const & name, IObserver * except)
         QString const path = m_pDeleteObserver->RenameSubject(this, name);
         if (path.isEmpty())
             return;
-        m_path = path;
+        if (path != m_path) // the tree may refer to the characters of the path that it has set
+            m_path = path;
     }
     m_name = name;
     HasChanged(eStateChanged, except);
