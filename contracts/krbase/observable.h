@@ -48,14 +48,12 @@ private:
     Lifetime m_lifetime;
 };
 
-//! Subject of notifications: an ordered list of observers that may change, and an object that may die, while it
-//! notifies.
+//! Subject of notifications: an ordered list of observers that may change, and an object that may die, while it speaks.
 //!
 //! - Observers are told in the order in which they were added, those made first ahead.
-//! - An observer removed or deleted inside a notification is not called any more; one added inside it hears the next
-//! one.
-//! - A notification inside a notification runs at once and to its end; then the outer one goes on to those not yet
-//! told.
+//! - An observer removed or deleted inside a notification is not called any more.
+//! - One added inside a notification hears the next one.
+//! - A notification inside a notification runs at once and to its end; then the outer one tells the rest.
 //! - An observable 256 deep in its own notification stops there: until the outermost one has ended it starts no further
 //!   one, and it says so in one warning. The same holds for all together at 1024 notifications inside each other, which
 //!   is where a long ring would run out of stack.
