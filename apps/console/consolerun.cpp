@@ -27,6 +27,7 @@ ConsoleRun::ConsoleRun(ConsoleWindow & window, ConsoleOptions const & options, Q
     : QObject(parent)
     , m_window(window)
     , m_options(options)
+    , m_settings(window)
 {}
 
 ConsoleRun::~ConsoleRun() = default;
@@ -44,8 +45,16 @@ void ConsoleRun::Start()
         QTimer::singleShot(ToMilliseconds(m_options.runSeconds), Qt::PreciseTimer, this, [this] { End(0); });
 }
 
+int ConsoleRun::Finish(int code)
+{
+    if (!EndsByItself() && !m_settings.Write())
+        std::fprintf(stderr, "orim-console: the settings could not be stored\n");
+    return code;
+}
+
 void ConsoleRun::ApplyOptions()
 {
+    bool const hasLevels = !EndsByItself() && m_settings.Read();
     if (m_options.size)
         m_window.resize(*m_options.size);
     if (m_options.colors)
@@ -57,7 +66,7 @@ void ConsoleRun::ApplyOptions()
         ConsoleValues::Select(ConsolePaths::Bins, *m_options.bins);
     if (m_options.levelMin && m_options.levelMax)
         m_window.Values().SetLevels(*m_options.levelMin, *m_options.levelMax);
-    else
+    else if (!hasLevels)
         m_window.FitLevelRange();
 }
 

@@ -3,13 +3,15 @@
 #define ORIM_CONSOLERUN_H
 
 #include "consoleoptions.h"
+#include "consolesettings.h"
 
 #include <QBasicTimer>
 #include <QObject>
 
 class ConsoleWindow;
 
-//! Carries out what the command line asks of a running console: options, reports each second, the picture, the end.
+//! Carries out what the command line asks of a running console: options, reports each second, the picture, the end. A
+//! run that ends by itself neither uses nor changes the settings of the operator.
 class ConsoleRun : public QObject
 {
     Q_OBJECT
@@ -20,11 +22,15 @@ public:
 
     //! Sets the values and the colours that were asked for, shows the window and starts.
     void Start();
+    //! Stores the settings of the operator. \return the code to end with.
+    int Finish(int code);
 
 protected:
     void timerEvent(QTimerEvent * event) override;
 
 private:
+    bool EndsByItself() const { return !m_options.screenshot.isEmpty() || m_options.runSeconds > 0.0; }
+
     void ApplyOptions();
     void slotScreenshot();
     void End(int code);
@@ -32,6 +38,7 @@ private:
 
     ConsoleWindow & m_window;
     ConsoleOptions m_options;
+    ConsoleSettings m_settings;
     QBasicTimer m_reportTimer;
     quint64 m_takenAtReport = 0;
 };

@@ -51,6 +51,8 @@ public:
 
     ConsoleValues & Values() { return m_values; }
 
+    QSplitter & Splitter() { return *m_pSplitter; }
+
     QComboBox & ColorSets() { return *m_pColorSets; }
 
     //! Id of the timer that refreshes the status line.

@@ -84,5 +84,5 @@ int main(int argc, char * argv[])
     ConsoleWindow window(std::make_unique<LinePlayer>(std::move(source)), SourceName(options));
     ConsoleRun run(window, options);
     run.Start();
-    return QApplication::exec();
+    return run.Finish(QApplication::exec());
 }
