@@ -20,6 +20,7 @@ namespace {
 constexpr int PeakPeriod = 200; // ms
 constexpr int TicLength = 4;    // px, as all below
 constexpr int LabelGap = 4;
+constexpr int ReadOutGap = 2;
 constexpr int RightMargin = 12;
 constexpr int FrequencySpacing = 50;
 constexpr int FrequencyLabelGap = 14;
@@ -54,7 +55,7 @@ void SpectrumPane::SetLine(std::shared_ptr<SpectrumLine const> line)
 PaneMargins SpectrumPane::Margins() const
 {
     int const text = fontMetrics().height();
-    return { LabelMargin(), text / 2 + 2, RightMargin, TicLength + LabelGap + text + 2 };
+    return { LabelMargin(), text + 2 * ReadOutGap, RightMargin, TicLength + LabelGap + text + 2 };
 }
 
 void SpectrumPane::Rebuild()
@@ -205,6 +206,7 @@ void SpectrumPane::PaintTrace()
     m_picture.setDevicePixelRatio(GetRatio());
     QPainter painter(&m_picture);
     painter.setFont(font());
+    PaintReadOut(painter);
     PaintPeak(painter);
     painter.end();
     m_picture.setDevicePixelRatio(1.0);
@@ -251,16 +253,20 @@ void SpectrumPane::PaintPeak(QPainter & painter) const
     painter.setPen(Qt::NoPen);
     painter.setBrush(GetColors().peak);
     painter.drawPolygon(mark);
-    QFontMetrics const metrics = fontMetrics();
-    QString const text = PeakText();
-    double const width = metrics.horizontalAdvance(text) + 2 * LabelGap;
-    QRectF const box(inner.right() - width - LabelGap, inner.top() + LabelGap, width, metrics.height() + 2);
-    if (box.left() < inner.left() || box.bottom() > inner.bottom())
+}
+
+//! The read-out stands in the margin above the picture, where it hides nothing.
+void SpectrumPane::PaintReadOut(QPainter & painter) const
+{
+    double const ratio = GetRatio();
+    QRect const picture = GetPictureRect();
+    QRectF const strip(picture.left() / ratio, 0.0, picture.width() / ratio, picture.top() / ratio);
+    painter.fillRect(strip, GetColors().frame);
+    QString const text = std::isnan(m_peak.level) ? QString() : PeakText();
+    if (fontMetrics().horizontalAdvance(text) > strip.width())
         return;
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.fillRect(box, GetColors().frame);
     painter.setPen(GetColors().text);
-    painter.drawText(box, Qt::AlignCenter, text);
+    painter.drawText(strip, Qt::AlignRight | Qt::AlignVCenter, text);
 }
 
 void SpectrumPane::paintEvent(QPaintEvent * event)

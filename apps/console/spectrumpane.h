@@ -43,7 +43,7 @@ public:
 
     QSize sizeHint() const override { return { 800, 240 }; }
 
-    QSize minimumSizeHint() const override { return { 240, 80 }; }
+    QSize minimumSizeHint() const override { return { 240, 120 }; }
 
 protected:
     void Rebuild() override;
@@ -59,6 +59,7 @@ private:
     void FillBelowTrace();
     void PaintTrace();
     void PaintPeak(QPainter & painter) const;
+    void PaintReadOut(QPainter & painter) const;
     void PaintPicture();
     void FindPeak();
     QString PeakText() const;
