@@ -334,7 +334,8 @@ void tst_SpectrumPane::coloursAreTaken()
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
     QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + 3), other.ground);
-    QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + (picture.height() - 1) / 2), other.trace);
+    int const middle = static_cast<int>(std::lround(0.5 * (picture.height() - 1)));
+    QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + middle), other.trace);
 }
 
 void tst_SpectrumPane::tinyPaneSurvives_data()
