@@ -104,8 +104,8 @@ void SpectrumPane::PaintLevelGrid(QPainter & painter) const
     int const line = std::max(1, PaneLayout::ToDevice(1, GetRatio()));
     GridTics::Labels const labels{ -picture.top(),
                                    picture.height() + picture.top(),
-                                   extent / 4,
-                                   extent + extent / 2,
+                                   extent / 8,
+                                   extent + extent / 8,
                                    [extent](QString const &) { return extent; },
                                    [](double level, double step) { return NumberTexts::Level(level, step); } };
     double const perRow = (GetLevelMax() - GetLevelMin()) / std::max(1, picture.height() - 1);
