@@ -259,6 +259,16 @@ std::optional<char16_t> ReadEscape(Bytes text, size_t & place)
     return {};
 }
 
+//! Reads the bytes that stand for themselves, as many as there are, and moves place behind them.
+void ReadPlain(Bytes text, size_t & place, QString & out)
+{
+    size_t const start = place;
+    while (place < text.size() && !IsControl(text[place]) && !IsBeyondAscii(text[place]) && text[place] != '"' &&
+           text[place] != '\\')
+        ++place;
+    out += QLatin1String(text.data() + start, static_cast<int>(place - start));
+}
+
 std::optional<QString> ReadText(Bytes text)
 {
     QString out(QLatin1String(""));
@@ -273,18 +283,20 @@ std::optional<QString> ReadText(Bytes text)
                 return {};
             continue;
         }
+        if (c != '"' && c != '\\') {
+            ReadPlain(text, i, out);
+            continue;
+        }
         ++i;
         if (c == '"') {
             if (!quoted)
                 return {};
             open = false;
-        } else if (c == '\\') {
+        } else {
             auto const character = ReadEscape(text, i);
             if (!character)
                 return {};
             out += QChar(*character);
-        } else {
-            out += QLatin1Char(c);
         }
     }
     if (open)
