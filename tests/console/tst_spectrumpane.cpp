@@ -378,7 +378,7 @@ void tst_SpectrumPane::vorPeaksStandAtTheirFrequencies()
     QFETCH(double, tone);
     QFETCH(double, reach);
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings");
+        QSKIP("no recordings", );
     auto source = OpenRecording(TestStage::Recordings(), QStringLiteral("vor_klo_114850kHz_am_47kSps_rf32"));
     QVERIFY(source);
     constexpr int bins = 8192;

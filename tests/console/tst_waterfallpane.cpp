@@ -309,7 +309,7 @@ void tst_WaterfallPane::meterBurstsStandAtTheirTimes()
 {
     QFETCH(double, time);
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings");
+        QSKIP("no recordings", );
     auto source = OpenRecording(TestStage::Recordings(), QStringLiteral("wmbus_868950kHz_1600kSps_cu8"));
     QVERIFY(source);
     constexpr double slice = 0.005; // s, a row
@@ -344,7 +344,7 @@ void tst_WaterfallPane::meterBurstsStandAtTheirTimes()
 void tst_WaterfallPane::shortWavePowerStandsInItsBand()
 {
     if (TestStage::Recordings().isEmpty())
-        QSKIP("no recordings");
+        QSKIP("no recordings", );
     auto source = OpenRecording(TestStage::Recordings(), QStringLiteral("hf_ft8_21074kHz_12kSps_ri16"));
     QVERIFY(source);
     std::vector<Line> const lines = MakeLines(*source, 2048, 0.5, 25); // within the first slot
