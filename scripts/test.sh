@@ -43,7 +43,7 @@ say "Style"
 scripts/style.sh --format
 
 build qt5
-run qt5 -LE soak -j 2
+run qt5 -j 2
 
 build asan -DORIM_COVERAGE=ON
 rm -rf build/asan/profile

@@ -75,6 +75,19 @@ double ReadNumber(QString const & field)
 //! Tested first, so that a text which is no colour stays silent.
 QColor ReadColor(QString const & field) { return QColor::isValidColor(field) ? QColor(field) : QColor(); }
 
+constexpr int CharsAColor = 8; // "#rrggbb;"
+
+//! Appends the colour as QColor::name() gives it, and the separator; without a string of its own for each colour.
+void AppendColor(QString & text, QColor const & color)
+{
+    constexpr char Digits[] = "0123456789abcdef";
+    QRgb const rgb = color.rgb();
+    text += QLatin1Char('#');
+    for (int shift = 20; shift >= 0; shift -= 4)
+        text += QLatin1Char(Digits[(rgb >> shift) & 0xFU]);
+    text += QLatin1Char(';');
+}
+
 ColorSetText::Header ReadHeader(Layout const & layout, Fields const & fields)
 {
     auto const field = [&fields](int index) -> QString const & { return fields[static_cast<std::size_t>(index)]; };
@@ -123,8 +136,9 @@ QString ColorSetText::Print(Header const & header, std::vector<QColor> const & c
     add(QString::number(header.offset.value_or(0.0)));
     addFlag(header.wrap);
     addFlag(background.useMinIndex);
-    add(background.color.name());
+    text.reserve(text.size() + CharsAColor * (static_cast<int>(colors.size()) + 1));
+    AppendColor(text, background.color);
     for (QColor const & color : colors)
-        add(color.name());
+        AppendColor(text, color);
     return text;
 }

@@ -36,7 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     ShadingColorSet const second = Read(first.GetString());
     for (std::size_t i = CarriedColors; i < first.GetLength(); ++i)
         first.SetColorNr(static_cast<int>(i), Qt::white);
-    Require(second.GetString() == first.GetString());
-    Require(Read(second.GetString()).GetString() == second.GetString());
+    QString const printed = second.GetString();
+    Require(printed == first.GetString());
+    Require(Read(printed).GetString() == printed);
     return 0;
 }

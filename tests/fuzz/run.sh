@@ -1,8 +1,8 @@
 #!/bin/sh
 # Runs a fuzzer over a writable corpus and the seeds: run.sh FUZZER FOUND SEEDS
-# 20 s, or 600 s when ORIM_LONG is set. Ends with an error when an input crashed, took over 1 s or over 512 MB.
+# 60 s, or 600 s when ORIM_LONG is set. Ends with an error when an input crashed, took over 1 s or over 512 MB.
 fuzzer=$1 found=$2 seeds=$3
-seconds=20
+seconds=60
 [ -n "${ORIM_LONG+set}" ] && seconds=600
 dictionary=$seeds.dict
 [ -f "$dictionary" ] && set -- "-dict=$dictionary" || set --
