@@ -2,6 +2,7 @@
 #include "observable.h"
 
 #include "scene.h"
+#include "slot.h"
 #include "testmain.h"
 
 #include <array>
@@ -71,6 +72,8 @@ class tst_observable : public QObject
 
 private Q_SLOTS:
     void codes();
+    void ordersItsOperations();
+
     void registration_data();
 
     void registration() { PlayScene(); }
@@ -95,6 +98,17 @@ void tst_observable::codes()
     QCOMPARE(static_cast<int>(eRangeChanged), 4);
     QCOMPARE(static_cast<int>(eItemsChanged), 7);
     QCOMPARE(static_cast<int>(eInterimChanged), 23);
+}
+
+//! Who overrides the operations by their places finds them there.
+void tst_observable::ordersItsOperations()
+{
+    QCOMPARE(Slot(&IObserver::Update), 2);
+    QCOMPARE(Slot(&Observable::AddObserver), 2);
+    QCOMPARE(Slot(&Observable::DeleteObserver), 3);
+    QCOMPARE(Slot(&Observable::DeleteObservers), 4);
+    QCOMPARE(Slot(&Observable::MakeFirstObserver), 5);
+    QCOMPARE(Slot(&Observable::NotifyObservers), 6);
 }
 
 void tst_observable::registration_data()

@@ -1,19 +1,59 @@
 // SPDX-License-Identifier: MIT
 #include "value.h"
 
+#include "operations.h"
 #include "scene.h"
+#include "slot.h"
 #include "testmain.h"
 #include "valueagedimage.h"
 #include "valuelist.h"
 #include "valuenumeric.h"
+#include "valueptr.h"
 #include "valuerecorder.h"
 #include "valueselection.h"
 
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <type_traits>
 
 namespace {
+
+// The format class of each type.
+
+static_assert(std::is_same_v<Value<bool>, Value<bool, FormatBool<bool>, StreamFormat<bool>>>);
+static_assert(std::is_same_v<Value<char>, Value<char, FormatInt<char>, StreamFormat<char>>>);
+static_assert(std::is_same_v<Value<int>, Value<int, FormatInt<int>, StreamFormat<int>>>);
+static_assert(std::is_same_v<Value<long long>, Value<long long, FormatInt64<long long>, StreamFormat<long long>>>);
+static_assert(std::is_same_v<Value<double>, Value<double, FormatFloat<double>, StreamFormat<double>>>);
+static_assert(std::is_same_v<Value<QString>, Value<QString, FormatString<QString>, StreamFormat<QString>>>);
+static_assert(
+    std::is_same_v<Value<std::string>, Value<std::string, FormatCString<std::string>, StreamFormat<std::string>>>);
+static_assert(std::is_same_v<ValueNumeric<int>, ValueNumeric<int, FormatInt<int>, StreamFormat<int>>>);
+static_assert(
+    std::is_same_v<ValueNumeric<long long>, ValueNumeric<long long, FormatInt64<long long>, StreamFormat<long long>>>);
+static_assert(std::is_same_v<ValueNumeric<double>, ValueNumeric<double, FormatFloat<double>, StreamFormat<double>>>);
+static_assert(std::is_same_v<ValueList<BearingResult>,
+                             ValueList<BearingResult, FormatBearingResult, StreamFormat<BearingResult>>>);
+
+// What is derived from what.
+
+static_assert(std::is_base_of_v<Observable, ValueBase>);
+static_assert(std::is_base_of_v<IValue, ValueBase>);
+static_assert(std::is_base_of_v<IDeleteSubject, ValueBase>);
+static_assert(std::is_base_of_v<IHasTimerCallback, ValueBase>);
+static_assert(std::is_base_of_v<IOptimizeTrigger, ValueBase>);
+static_assert(std::is_base_of_v<ISupportTransaction, ValueBase>);
+static_assert(std::is_base_of_v<Value<int>, ValueNumeric<int>>);
+static_assert(std::is_base_of_v<IValueNumeric, ValueNumeric<int>>);
+static_assert(std::is_base_of_v<IObserver, NumericOperation>);
+static_assert(std::is_base_of_v<IObserver, NumericCoupler>);
+static_assert(std::is_base_of_v<IObserver, BoolOperation>);
+static_assert(std::is_base_of_v<IObserver, BoolSelectionCoupler>);
+static_assert(std::is_base_of_v<IObserver, ValuePtr<ValueNumeric<double>>>);
+static_assert(std::is_base_of_v<IObserver, ValuePtr<ValueNumeric<int>>>);
+static_assert(std::is_base_of_v<IObserver, ValuePtr<Value<bool>>>);
+static_assert(std::is_base_of_v<IObserver, ValuePtr<ValueSelection>>);
 
 //! Writes the stored text that a value still holds when it is about to change.
 class Recorder : public IValueRecorder
@@ -87,6 +127,7 @@ private Q_SLOTS:
 
     void texts() { PlayScene(); }
 
+    void ordersItsOperations();
     void storedDoublesReadBack();
 
     void types_data();
@@ -105,6 +146,21 @@ private Q_SLOTS:
 
     void farewell() { PlayScene(); }
 };
+
+//! Who overrides the operations by their places finds them there.
+void tst_value::ordersItsOperations()
+{
+    QCOMPARE(Slot(&IValue::SetStringValue), 2);
+    QCOMPARE(Slot(&IValue::GetStringValue), 3);
+    QCOMPARE(Slot(&IValue::GetState), 4);
+    QCOMPARE(Slot(&IValue::SetState), 5);
+    QCOMPARE(Slot(&IValue::HasChanged), 6);
+    QCOMPARE(Slot(&IDeleteSubject::SetDeleteObserver), 2);
+    QCOMPARE(Slot(&IDeleteSubject::GetDeleteObserver), 3);
+    QCOMPARE(Slot(&ISupportTransaction::StartTransaction), 2);
+    QCOMPARE(Slot(&ISupportTransaction::EndTransaction), 3);
+    QCOMPARE(Slot(&ISupportTransaction::IsTransactionActive), 4);
+}
 
 void tst_value::changes_data()
 {

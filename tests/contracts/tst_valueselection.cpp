@@ -190,6 +190,38 @@ void tst_valueselection::items_data()
         },
         "x2.5-7");
     SceneRow(
+        "of one name or number the first item counts",
+        [] {
+            QString const name = QStringLiteral("x");
+            ValueSelection value;
+            value.AddItems({ SelectionItem(name, 2.5, 7), SelectionItem(name, 2.5, 8) });
+            QStringList seen{ QString::number(value.GetItem(name)->GetKey()),
+                              QString::number(value.GetItem(2.5)->GetKey()), QString::number(value.GetItemIndex(name)),
+                              QString::number(value.GetItemIndex(2.5)),
+                              QString::number(value.GetKeyForItemName(name)) };
+            auto const choose = [&](auto const & what) {
+                value.Select(8L, nullptr);
+                bool const found = value.Select(what, nullptr);
+                seen += YesNo(found) + QString::number(value.GetCurrentKey());
+            };
+            choose(name);
+            choose(2.5);
+            choose(L"x");
+            return seen.join(QLatin1Char(' '));
+        },
+        "7 7 0 0 7 yes7 yes7 yes7");
+    SceneRow(
+        "of one key the first item counts",
+        [] {
+            ValueSelection value;
+            value.AddItems({ SelectionItem(QStringLiteral("x"), 1.0, 7), SelectionItem(QStringLiteral("y"), 2.0, 7) });
+            value.SelectIndex(1, nullptr);
+            value.Select(7L, nullptr);
+            return value.GetItem(7L)->GetName() + value.GetItemNameForKey(7) + value.GetStringValue() +
+                   QString::number(value.GetItemIndex(7L));
+        },
+        "xxx0");
+    SceneRow(
         "items are the same in all three parts",
         [] {
             SelectionItem const item(QStringLiteral("x"), 2.5, 7);

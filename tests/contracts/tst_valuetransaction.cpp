@@ -3,6 +3,7 @@
 
 #include "scene.h"
 #include "testmain.h"
+#include "valuelist.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
 
@@ -25,6 +26,22 @@ struct Stage
 
     void Mark(char const * word) { log.Add(QLatin1String(word)); }
 };
+
+//! What is heard of two changes of a value in one bracket.
+template <class V, class Change>
+QString Bracketed(Change const & first, Change const & second)
+{
+    Log log;
+    V value;
+    Listener a("a", log);
+    value.AddObserver(&a);
+    value.StartTransaction(nullptr);
+    value.SetValue(first, nullptr);
+    value.SetValue(second, nullptr);
+    log.Add(QStringLiteral("|"));
+    value.EndTransaction(eValueChanged, nullptr);
+    return log.Text() + QLatin1Char(' ') + value.GetStringValue();
+}
 
 } // namespace
 
@@ -167,6 +184,34 @@ void tst_valuetransaction::brackets_data()
             return log.Text();
         },
         "a7");
+    SceneRow(
+        "a list is bracketed too",
+        [] {
+            Log log;
+            ValueList<BearingResult> value;
+            Listener a("a", log);
+            value.AddObserver(&a);
+            value.StartTransaction(nullptr);
+            value.Append(BearingResult({ 1.0 }));
+            value.Append(BearingResult({ 2.0 }));
+            log.Add(QStringLiteral("|"));
+            value.EndTransaction(eItemsChanged, nullptr);
+            return log.Text() + QString::number(value.Size());
+        },
+        "| a72");
+    SceneRow(
+        "a bool", [] { return Bracketed<Value<bool>>(true, false); }, "| a3 false");
+    SceneRow(
+        "a text", [] { return Bracketed<Value<QString>>(QStringLiteral("one"), QStringLiteral("two")); }, "| a3 two");
+    SceneRow(
+        "a narrow text", [] { return Bracketed<Value<std::string>>(std::string("one"), std::string("two")); },
+        "| a3 two");
+    SceneRow(
+        "a char", [] { return Bracketed<Value<char>>('\1', '\2'); }, "| a3 2");
+    SceneRow(
+        "a double", [] { return Bracketed<ValueNumeric<double>>(1.5, 2.5); }, "| a3 2.5");
+    SceneRow(
+        "a long long", [] { return Bracketed<ValueNumeric<long long>>(1LL, 2LL); }, "| a3 2");
 }
 
 void tst_valuetransaction::objects_data()
