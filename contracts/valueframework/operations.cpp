@@ -152,7 +152,7 @@ void OperationBase::Update(Observable * subject, TChangeCode code)
             continue;
         if (code == eStateChanged && value->GetState() == eStateGoingAway)
             LetGo(value);
-        else if (code != eInterimChanged)
+        else if (code != eStateChanged && code != eInterimChanged)
             Run(role);
         return;
     }
@@ -280,16 +280,30 @@ void NumericCoupler::Compute(Role changed)
         return;
     if (changed == eSource) {
         double const answer = Forth(source->GetNumericValue());
-        if (std::isfinite(answer))
-            result->SetNumericValue(answer, this);
+        if (!std::isfinite(answer))
+            return;
+        m_last = result->Snap(answer);
+        result->SetNumericValue(answer, this);
         return;
     }
+    if (!IsWritten(*result, source->GetNumericValue()))
+        return;
     double const wanted = Back(result->GetNumericValue());
     if (!std::isfinite(wanted))
         return;
     if (source->Snap(wanted) != wanted)
         Run(eSource); // once the source has taken what it may
     source->SetNumericValue(wanted, this);
+}
+
+bool NumericCoupler::IsWritten(IValueNumeric const & result, double source)
+{
+    double const now = result.GetNumericValue();
+    double const shown = Forth(source);
+    bool const followsItsLimits = std::isfinite(shown) && result.Snap(shown) == now;
+    bool const moved = now != m_last;
+    m_last = now;
+    return moved && !followsItsLimits;
 }
 
 double NumericCoupler::Forth(double source) const

@@ -9,8 +9,10 @@
 #include <QString>
 
 #include <array>
+#include <limits>
 #include <vector>
 
+class IValueNumeric;
 class ValueBase;
 
 // Objects that keep one value of the tree computed from others.
@@ -44,7 +46,7 @@ class ValueBase;
 //! stays as it is from then on. Values and operations may end in any order, also inside their own notifications.
 //! An operation excludes itself from its own writes. What changes while it writes is taken into account once it has
 //! written, in 16 rounds at most: rings of operations come to rest, even when they contradict themselves. Interim
-//! values are not followed.
+//! values and states are not followed.
 class ORIMCONTRACTS_EXPORT OperationBase : public IObserver
 {
 public:
@@ -154,8 +156,8 @@ private:
 
 //! Couples two numeric values both ways: the result follows the source, and the source follows a write to the result.
 //! The source leads at first. When the limits of the source do not allow what the result asks for, the result follows
-//! back; when those of the result do not, the source keeps its value. A constant of 0 couples nothing but eOffset and
-//! eMirror.
+//! back; when those of the result do not, or change, the source keeps its value. A constant of 0 couples nothing but
+//! eOffset and eMirror.
 class ORIMCONTRACTS_EXPORT NumericCoupler final : public OperationBase
 {
 public:
@@ -172,11 +174,14 @@ public:
 
 private:
     void Compute(Role changed) override;
+    //! Whether somebody wrote the result since it was seen last: it moved, and not to where its limits put the source.
+    bool IsWritten(IValueNumeric const & result, double source);
     double Forth(double source) const;
     double Back(double result) const;
 
     Type m_type;
     double m_constant;
+    double m_last = std::numeric_limits<double>::quiet_NaN(); // the result as it was seen last
 };
 
 //! Couples a Value<bool> and a selection of the keys 0 and 1 both ways. The bool leads at first, and when the items of

@@ -6,10 +6,12 @@
 #include "valuenumeric.h"
 #include "valueselection.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <memory>
+#include <string>
 
 namespace {
 
@@ -82,6 +84,7 @@ private Q_SLOTS:
     void CouplerLosesNothingByZero();
     void CouplerLimitsOfTheSourceWin();
     void CouplerLimitsOfTheResultLeaveTheSource();
+    void StateAndLimitsOfTheResultAreNoWrite();
     void CouplerKeepsWhatWasTyped();
     void SelectionFollowsTheBool_data();
     void SelectionFollowsTheBool();
@@ -95,6 +98,7 @@ private Q_SLOTS:
     void SameSourceTwice();
     void ExcludesItselfFromItsOwnWrites();
     void InterimValuesAreNotFollowed();
+    void AStateOfASourceIsNoChange();
     void HearsTransactionsAtTheirEnd();
     void EndsInAnyOrder_data();
     void EndsInAnyOrder();
@@ -557,6 +561,35 @@ void tst_operations::CouplerLimitsOfTheResultLeaveTheSource()
     QCOMPARE(source.GetValue(), 25.0);
 }
 
+void tst_operations::StateAndLimitsOfTheResultAreNoWrite()
+{
+    auto & source = Make<Real>("source");
+    auto & result = Make<ValueNumeric<int>>("result");
+    source.SetValue(2.5, nullptr);
+    NumericCoupler const coupler(Result, Source, 0.0, NumericCoupler::eOffset);
+    QCOMPARE(result.GetValue(), 3);
+    result.SetState(eStateDisabled, nullptr);
+    QCOMPARE(source.GetValue(), 2.5);
+    source.SetValue(25.0, nullptr);
+    result.SetMinMax(0, 10, 0, nullptr);
+    QCOMPARE(result.GetValue(), 10);
+    QCOMPARE(source.GetValue(), 25.0);
+    result.SetMinMax(0, 20, 0, nullptr);
+    QCOMPARE(result.GetValue(), 10);
+    QCOMPARE(source.GetValue(), 25.0);
+    result.SetMinMax(0, 8, 0, nullptr);
+    QCOMPARE(result.GetValue(), 8);
+    QCOMPARE(source.GetValue(), 25.0);
+    result.SetValue(7, nullptr); // a write still is one
+    QCOMPARE(source.GetValue(), 7.0);
+    result.SetMinMax(0, 5, 0, nullptr);
+    result.SetMinMax(0, 10, 0, nullptr);
+    result.SetValue(7, nullptr); // where the source stands already
+    QCOMPARE(source.GetValue(), 7.0);
+    result.SetValue(6, nullptr);
+    QCOMPARE(source.GetValue(), 6.0);
+}
+
 void tst_operations::CouplerKeepsWhatWasTyped()
 {
     auto & source = Make<Real>("source");
@@ -620,6 +653,8 @@ void tst_operations::SelectionWithoutTheKeyStays()
     BoolSelectionCoupler const coupler(QStringLiteral("/test/flag"), QStringLiteral("/test/selection"), false);
     flag.SetValue(true, nullptr);
     QCOMPARE(selection.GetCurrentKey(), 0L);
+    QCOMPARE(flag.GetValue(), true);
+    selection.SetState(eStateDisabled, nullptr); // is no choice
     QCOMPARE(flag.GetValue(), true);
 }
 
@@ -749,6 +784,20 @@ void tst_operations::InterimValuesAreNotFollowed()
     QCOMPARE(result.GetValue(), 9.0);
 }
 
+void tst_operations::AStateOfASourceIsNoChange()
+{
+    auto & source = Make<Real>("source");
+    auto & result = Make<Flag>("result");
+    BoolOperation const operation(Result, Source, 5.0, BoolOperation::eGreater);
+    result.SetValue(true, nullptr);
+    source.SetState(eStateDisabled, nullptr);
+    QCOMPARE(result.GetValue(), true);
+    source.SetName(QStringLiteral("renamed"), nullptr);
+    QCOMPARE(result.GetValue(), true);
+    source.SetValue(1.0, nullptr); // still followed
+    QCOMPARE(result.GetValue(), false);
+}
+
 void tst_operations::HearsTransactionsAtTheirEnd()
 {
     auto & source = Make<Real>("source");
@@ -765,9 +814,10 @@ void tst_operations::HearsTransactionsAtTheirEnd()
 void tst_operations::EndsInAnyOrder_data()
 {
     QTest::addColumn<QString>("order"); // what goes: s source, o operand, r result, x the operations
-    for (char const * const order : { "sorx", "srox", "osrx", "orsx", "rsox", "rosx", "sxor", "oxsr", "rxso", "xsor",
-                                      "xrso", "soxr", "srxo", "orxs" })
-        QTest::newRow(order) << order;
+    std::string order = "orsx";
+    do
+        QTest::newRow(order.c_str()) << QString::fromStdString(order);
+    while (std::next_permutation(order.begin(), order.end()));
 }
 
 void tst_operations::EndsInAnyOrder()
