@@ -126,7 +126,7 @@ public:
             return inside;
         // halved, so that the difference of two far ends stays finite
         double const count = std::floor((inside / 2 - m_base / 2) / (m_step / 2) + 0.5);
-        if (!(std::abs(count) <= s_mostSteps))
+        if (!(std::abs(count) <= MostSteps(inside)))
             return inside;
         double const point = Point(count);
         if (point > m_max)
@@ -139,10 +139,11 @@ public:
     double NearestTo(double value) const { return Nearest(value); }
 
 private:
-    static constexpr double s_mostSteps = 1125899906842624.0; // 2^50: above, a double cannot count single steps safely
-    static constexpr double s_mostUnits = 9007199254740992.0; // 2^53: up to here whole numbers are exact
-    static constexpr double s_finestScale = 1e15;             // units of 1e-15
-    static constexpr double s_rounding = 1e-9;                // part of a step
+    static constexpr double s_mostSteps = 1125899906842624.0;  // 2^50: above, a double cannot count single steps safely
+    static constexpr double s_mostHalves = 4503599627370496.0; // 2^52: up to here halves are exact
+    static constexpr double s_mostUnits = 9007199254740992.0;  // 2^53: up to here whole numbers are exact
+    static constexpr double s_finestScale = 1e15;              // units of 1e-15
+    static constexpr double s_rounding = 1e-9;                 // part of a step
 
     static double Finite(double limit)
     {
@@ -154,6 +155,13 @@ private:
     {
         double const units = std::round(number * scale);
         return std::abs(units) <= s_mostUnits && units / scale == number;
+    }
+
+    //! How many steps a double can count one by one on the way to a number.
+    double MostSteps(double number) const
+    {
+        bool const isWhole = m_scale == 1.0 && std::abs(m_base) <= s_mostHalves && std::abs(number) <= s_mostHalves;
+        return isWhole ? s_mostHalves : s_mostSteps;
     }
 
     double Point(double count) const

@@ -17,7 +17,8 @@ public:
     ~IValueNumeric() override;
 
     virtual double GetNumericValue() const = 0;
-    //! The nearest allowed value becomes the value; code 3 to all but \a except when it differs.
+    //! The nearest allowed value becomes the value, and the interim value too; code 3 to all but \a except when it
+    //! differs. The value held already ends a drag silently.
     virtual void SetNumericValue(double value, IObserver * except) = 0;
     virtual double GetNumericMin() const = 0;
     virtual double GetNumericMax() const = 0;
@@ -50,7 +51,8 @@ public:
 
     ~ValueNumeric() override { this->GoAway(); }
 
-    //! The nearest allowed value becomes the value, and the interim value too; code 3 when it differs. NaN is refused.
+    //! The nearest allowed value becomes the value, and the interim value too; code 3 when the value differs. NaN is
+    //! refused.
     void SetValue(T value, IObserver * except) override;
 
     //! Sets the limits and the step. Notifies code 4 when one of them differs, then code 3 when the value had to move,
@@ -108,8 +110,10 @@ private:
 template <class T, class Format, class Stream>
 void ValueNumeric<T, Format, Stream>::Store(T value, IObserver * except)
 {
-    if (sameValue(this->m_value, value))
+    if (sameValue(this->m_value, value)) {
+        m_interim = this->m_value;
         return;
+    }
     this->BeforeChange();
     this->m_value = value;
     m_interim = value;

@@ -263,6 +263,8 @@ void tst_valuenumeric::doubles_data()
     QTest::newRow("an infinite step is no grid") << 0.0 << 1.0 << Infinite << 0.33 << 0.33;
     QTest::newRow("far ends") << -1e308 << HighestDouble << 1e308 << HighestDouble << 1e308;
     QTest::newRow("a grid finer than doubles") << 0.0 << 1e300 << 1e-300 << 1e299 << 1e299;
+    QTest::newRow("time stamps in whole us") << 0.0 << 4e15 << 1.0 << 1709208000123457.25 << 1709208000123457.0;
+    QTest::newRow("whole steps from a far minimum") << -2e15 << 2e15 << 1.0 << 1000000000000000.25 << 1e15;
     QTest::newRow("frequencies in steps of 12.5 kHz") << 0.0 << 3e9 << 12500.0 << 433920000.0 << 433925000.0;
 }
 
@@ -350,6 +352,28 @@ void tst_valuenumeric::codes_data()
             return stage.Seen();
         },
         " 5/5");
+    SceneRow(
+        "the value held already ends a drag, silently",
+        [] {
+            Stage<int> stage(0, 100, 0, 50);
+            stage.value.SetInterimValue(60.0, nullptr);
+            stage.log.Clear();
+            stage.value.SetValue(50, nullptr);
+            QString const seen = stage.Seen();
+            stage.value.CommitInterimValue(nullptr);
+            return seen + stage.Seen();
+        },
+        " 50/50 50/50");
+    SceneRow(
+        "what clamps to the value held already ends a drag, silently",
+        [] {
+            Stage<double> stage(0.0, 100.0, 0.0, 100.0);
+            stage.value.SetInterimValue(60.0, nullptr);
+            stage.log.Clear();
+            stage.value.SetNumericValue(1e300, nullptr);
+            return stage.Seen();
+        },
+        " 100/100");
     SceneRow(
         "what clamps to the value held already is silent",
         [] {
@@ -447,6 +471,16 @@ void tst_valuenumeric::codes_data()
         },
         "a4 a23 50/60");
     SceneRow(
+        "limits that move the value take a pending interim value along",
+        [] {
+            Stage<int> stage(0, 100, 0, 50);
+            stage.value.SetInterimValue(30.0, nullptr);
+            stage.log.Clear();
+            stage.value.SetMinMax(0, 40, 0, &stage.b);
+            return stage.Seen();
+        },
+        "a4 a3 40/40");
+    SceneRow(
         "limits as they stand are silent",
         [] {
             Stage<int> stage(0, 100, 5, 50);
@@ -508,6 +542,14 @@ void tst_valuenumeric::codes_data()
             return log.Text();
         },
         "a4 a2");
+    SceneRow(
+        "a text for people is clamped",
+        [] {
+            Stage<int> stage(0, 100, 0, 5);
+            bool const read = stage.value.SetStringValue(QStringLiteral("400"), nullptr);
+            return YesNo(read) + stage.Seen();
+        },
+        "yesa3 b3 100/100");
     SceneRow(
         "a stored text is clamped, and no number changes nothing",
         [] {
