@@ -109,16 +109,6 @@ bool PathTable::Remove(QString const & path)
     return true;
 }
 
-ValueBase * PathTable::GetAny() const
-{
-    if (m_count == 0)
-        return nullptr;
-    for (Slot const & slot : m_slots)
-        if (slot.value)
-            return slot.value;
-    return nullptr;
-}
-
 void PathTable::Grow()
 {
     std::vector<Slot> const old = std::move(m_slots);

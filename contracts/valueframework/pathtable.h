@@ -24,8 +24,6 @@ public:
     void Insert(QString const & path, ValueBase * value);
     //! \return false when there is no such path.
     bool Remove(QString const & path);
-    //! Any of the values; null when the table is empty.
-    ValueBase * GetAny() const;
 
     //! Calls \a visit with every value, in no order. It must not change the table.
     template <class Visit>

@@ -21,8 +21,8 @@ Tree::Tree() = default;
 Tree::~Tree()
 {
     IsTreeGone = true;
-    while (ValueBase * const value = m_table.GetAny())
-        Remove(value->GetPathName());
+    while (GetCount() > 0) // an observer may still insert
+        RemoveFolder(Slash);
 }
 
 Tree * Tree::Instance()
@@ -63,13 +63,13 @@ ValueBase * Tree::Find(QString const & path) const
 
 bool Tree::Insert(QString const & folder, ValueBase * value)
 {
-    if (!value || value->m_pDeleteObserver || value->m_gone)
+    if (!value || value->m_pTree || value->m_gone)
         return false;
     QString const path = Fold(folder + Slash + value->GetName());
     if (path.isEmpty() || m_table.Find(path))
         return false;
     value->m_path = path;
-    value->m_pDeleteObserver = this;
+    value->m_pTree = this;
     m_table.Insert(value->m_path, value);
     return true;
 }

@@ -4,6 +4,7 @@
 #include "valuerecorder.h"
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -62,8 +63,8 @@ void ValueBase::SetName(QString const & name, IObserver * except)
 {
     if (name == m_name)
         return;
-    if (m_pDeleteObserver) {
-        QString const path = m_pDeleteObserver->RenameSubject(this, name);
+    if (ITreeItem * const item = m_pTree ? m_pTree : m_pDeleteObserver) {
+        QString const path = item->RenameSubject(this, name);
         if (path.isEmpty())
             return;
         if (path != m_path) // the tree may refer to the characters of the path that it has set
@@ -135,10 +136,10 @@ void ValueBase::GoAway()
     m_state = eStateGoingAway;
     m_gone = true;
     CloseObservers();
-    if (ITreeItem * const item = m_pDeleteObserver) {
-        m_pDeleteObserver = nullptr;
+    if (ITreeItem * const tree = std::exchange(m_pTree, nullptr))
+        tree->SubjectGoesAway(this);
+    if (ITreeItem * const item = std::exchange(m_pDeleteObserver, nullptr))
         item->SubjectGoesAway(this);
-    }
     LifeWatch const watch(GetLifetime());
     NotifyAtAnyDepth(eStateChanged, nullptr);
     if (!watch.IsOver())

@@ -74,7 +74,7 @@ class ORIMCONTRACTS_EXPORT IDeleteSubject
 public:
     virtual ~IDeleteSubject();
 
-    //! Who hears of the end of this object first; null for nobody. The tree sets itself.
+    //! Who hears of the end of this object before its observers do; null for nobody. The tree hears of it anyway.
     virtual void SetDeleteObserver(ITreeItem * item) = 0;
     virtual ITreeItem * GetDeleteObserver() const = 0;
 };
@@ -187,10 +187,11 @@ private:
     QString m_name;
     QString m_path;
     TValueState m_state;
-    ITreeItem * m_pDeleteObserver = nullptr;
-    int m_transactions = 0;       // open brackets
-    bool m_changedInside = false; // something changed since the outermost bracket was opened
-    bool m_gone = false;          // GoAway() was called
+    ITreeItem * m_pTree = nullptr;           // who keeps the value, hears of its end first and names its path
+    ITreeItem * m_pDeleteObserver = nullptr; // borrowed; names the path of a value that is in no tree
+    int m_transactions = 0;                  // open brackets
+    bool m_changedInside = false;            // something changed since the outermost bracket was opened
+    bool m_gone = false;                     // GoAway() was called
 };
 
 #endif

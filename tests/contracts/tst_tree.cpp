@@ -7,6 +7,8 @@
 #include "valuenumeric.h"
 #include "valueselection.h"
 
+#include <QElapsedTimer>
+
 #include <memory>
 #include <set>
 
@@ -42,8 +44,11 @@ public:
     {
         if (m_bound && (!m_heard || Tree::Instance()))
             std::abort();
+        if (m_bound && m_sinceMain.elapsed() > 5000)
+            std::abort();
     }
 
+    QElapsedTimer m_sinceMain; // the tree has many values to delete since then
     bool m_bound = false;
     bool m_heard = false;
 };
@@ -99,6 +104,9 @@ void tst_tree::cleanupTestCase()
 {
     TheLastWord().m_bound = Plant("/last", "one")->AddObserver(&TheLastWord());
     QVERIFY(TheLastWord().m_bound);
+    for (int i = 0; i < 100000; ++i)
+        Plant("/last/many", qPrintable(QString::number(i)));
+    TheLastWord().m_sinceMain.start();
 }
 
 void tst_tree::paths_data()
@@ -267,6 +275,41 @@ void tst_tree::values_data()
 void tst_tree::removal_data()
 {
     SceneColumns();
+    SceneRow(
+        "a value without a delete observer leaves the tree when it is deleted",
+        [] {
+            Value<int> * const value = Plant("/a", "b");
+            value->SetDeleteObserver(nullptr);
+            delete value;
+            return YesNo(TheTree().Find(Path("/a/b")));
+        },
+        "no");
+    SceneRow(
+        "one with its own delete observer leaves the tree first, and is renamed by the tree",
+        [] {
+            class Item : public ITreeItem
+            {
+            public:
+                void SubjectGoesAway(ValueBase * value) override
+                {
+                    m_seen += value->GetPathName() + YesNo(TheTree().Find(value->GetPathName()));
+                }
+
+                QString RenameSubject(ValueBase *, QString const &) override { return QStringLiteral("/never"); }
+
+                QString m_seen;
+            };
+
+            Item item;
+            Value<int> * const value = Plant("/a", "b");
+            value->SetDeleteObserver(&item);
+            value->SetName(QStringLiteral("c"), nullptr);
+            bool const again = TheTree().Insert(Path("/d"), value);
+            bool const found = TheTree().Find(Path("/a/c")) == value;
+            TheTree().Remove(Path("/a/c"));
+            return YesNo(again) + YesNo(found) + item.m_seen;
+        },
+        "noyes/a/cno");
     SceneRow(
         "state 1 and code 2 to all, the path still answers, the tree knows it no more",
         [] {
