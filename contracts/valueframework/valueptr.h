@@ -12,6 +12,7 @@ template <class T>
 class ORIMCONTRACTS_EXPORT ValuePtr : public IObserver
 {
 public:
+    //! Null for a value that is going away.
     explicit ValuePtr(T * value = nullptr) { Hold(value); }
 
     //! A copy holds the same value and observes it itself.
@@ -29,7 +30,8 @@ public:
 
     //! Lets go of the value, removes it from the tree and becomes null.
     void Release();
-    //! Lets go of the value held and holds another one, which may be null. Does nothing for the one held.
+    //! Lets go of the value held and holds another one, which may be null; null for one that is going away. Does
+    //! nothing for the one held.
     void Replace(T * value);
     //! Holds the value at a path. \return false, and the pointer is null, when there is none of this type.
     bool Bind(QString const & path);
@@ -85,9 +87,8 @@ bool ValuePtr<T>::Bind(QString const & path)
 template <class T>
 void ValuePtr<T>::Hold(T * value)
 {
-    m_pValue = value;
-    if (m_pValue)
-        m_pValue->AddObserver(this);
+    bool const hears = value && (value->AddObserver(this) || value->HasObserver(this));
+    m_pValue = hears ? value : nullptr;
 }
 
 template <class T>

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "valueptr.h"
 
+#include "operations.h"
 #include "scene.h"
 #include "testmain.h"
 
+#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -42,6 +44,45 @@ QString Life()
     return seen;
 }
 
+//! Built before the tree, so that it ends after it. What is done then must be harmless.
+class Survivor
+{
+public:
+    Survivor() = default;
+    Survivor(Survivor const &) = delete;
+    Survivor & operator=(Survivor const &) = delete;
+
+    ~Survivor()
+    {
+        if (!m_pHeld)
+            return;
+        bool const heard = !*m_pHeld && !Tree::Instance();
+        ValueNumeric<double> value(QStringLiteral("one"));
+        m_pHeld->Replace(&value);
+        bool const held = m_pHeld->Get() == &value;
+        m_pHeld->Release();
+        bool const released = !*m_pHeld && value.GetObserverCount() == 0;
+        bool const bound = m_pHeld->Bind(QStringLiteral("/last/one"));
+        NumericCoupler const coupler(QStringLiteral("/last/one"), QStringLiteral("/last/two"), 1.0,
+                                     NumericCoupler::eOffset);
+        value.SetValue(2.0, nullptr);
+        if (!heard || !held || !released || bound)
+            std::_Exit(3);
+    }
+
+    //! Holds the value of the tree that goes away with it.
+    bool Hold(char const * path)
+    {
+        m_pHeld = std::make_unique<Pointer>();
+        return m_pHeld->Bind(QString::fromLatin1(path));
+    }
+
+private:
+    std::unique_ptr<Pointer> m_pHeld;
+};
+
+Survivor TheSurvivor;
+
 } // namespace
 
 class tst_valueptr : public QObject
@@ -54,7 +95,16 @@ private Q_SLOTS:
     void pointer() { PlayScene(); }
 
     void cleanup() { QCOMPARE(Tree::Instance()->RemoveFolder(QStringLiteral("/ptr")), 0); }
+
+    void cleanupTestCase();
 };
+
+//! The end of the process is the test: what goes wrong there ends it with another code.
+void tst_valueptr::cleanupTestCase()
+{
+    QVERIFY(Tree::Instance()->Insert(QStringLiteral("/last"), new ValueNumeric<double>(QStringLiteral("one"))));
+    QVERIFY(TheSurvivor.Hold("/last/one"));
+}
 
 void tst_valueptr::pointer_data()
 {
@@ -88,6 +138,32 @@ void tst_valueptr::pointer_data()
             return YesNo(bool(pointer));
         },
         "no");
+    SceneRow(
+        "a value that says farewell is not held any more",
+        [] {
+            Log log;
+            auto * const value = new ValueNumeric<double>;
+            Pointer replaced;
+            std::unique_ptr<Pointer> built;
+            Listener a("a", log, [&](Observable *, TChangeCode) {
+                replaced.Replace(value);
+                built = std::make_unique<Pointer>(value);
+            });
+            value->AddObserver(&a);
+            delete value;
+            return log.Text() + YesNo(bool(replaced)) + YesNo(bool(*built));
+        },
+        "a2nono");
+    SceneRow(
+        "a value that is observed already is held",
+        [] {
+            ValueNumeric<double> value;
+            Pointer pointer;
+            value.AddObserver(&pointer);
+            pointer.Replace(&value);
+            return YesNo(pointer.Get() == &value) + QString::number(value.GetObserverCount());
+        },
+        "yes1");
     SceneRow(
         "state 1 alone lets it go, and nothing dangles",
         [] {
