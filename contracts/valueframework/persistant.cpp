@@ -204,31 +204,34 @@ QString Persistant::Prefix(QString const & section, Item const & item) const
 void Persistant::Read(QString const & section, ICfg::View)
 {
     // A value that is set here may make its observers add items, or delete this.
+    LifeWatch const watch(m_lifetime);
     std::shared_ptr<Items> const items = m_pItems;
-    auto const alive = [&items] { return items.use_count() > 1; };
-    for (size_t i = 0; alive() && i < items->size(); ++i) {
+    for (size_t i = 0; !watch.IsOver() && i < items->size(); ++i) {
         PrefixedCfg store(Store(), Prefix(section, (*items)[i]));
         (*items)[i].object->Read(&store);
     }
-    if (alive() && m_pOwner)
+    if (!watch.IsOver() && m_pOwner)
         m_pOwner->ApplyPersistantAfterRead();
 }
 
 bool Persistant::Write(QString const & section, ICfg::View)
 {
+    LifeWatch const watch(m_lifetime); // as in Read
+    std::shared_ptr<Items> const items = m_pItems;
     if (m_pOwner)
         m_pOwner->ApplyPersistantBeforeWrite();
-    for (Item const & item : *m_pItems) {
-        PrefixedCfg store(Store(), Prefix(section, item));
-        item.object->Write(&store);
+    for (size_t i = 0; !watch.IsOver() && i < items->size(); ++i) {
+        PrefixedCfg store(Store(), Prefix(section, (*items)[i]));
+        (*items)[i].object->Write(&store);
     }
-    return Store()->Flush();
+    return !watch.IsOver() && Store()->Flush();
 }
 
 void Persistant::RestoreDefault()
 {
-    std::shared_ptr<Items> const items = m_pItems; // as in Read
-    for (size_t i = 0; items.use_count() > 1 && i < items->size(); ++i)
+    LifeWatch const watch(m_lifetime); // as in Read
+    std::shared_ptr<Items> const items = m_pItems;
+    for (size_t i = 0; !watch.IsOver() && i < items->size(); ++i)
         (*items)[i].object->RestoreDefault();
 }
 

@@ -88,7 +88,8 @@ public:
     //! \param view     0; other views of the store are treated alike.
     void Read(QString const & section, ICfg::View view) override;
     //! Tells the owner, then stores every item and makes the store last.
-    //! \return false when the store could not be made to last; it keeps what was written for the next time.
+    //! \return false when the store could not be made to last; it keeps what was written for the next time. False as
+    //!         well when this was deleted on the way.
     bool Write(QString const & section, ICfg::View view) override;
     //! Puts every item back to its default; the store stays as it is.
     void RestoreDefault() override;
@@ -109,7 +110,8 @@ private:
 
     QString m_name;
     PersistantOwner * m_pOwner;
-    std::shared_ptr<Items> m_pItems; // a running Read holds it too, as it may delete this
+    std::shared_ptr<Items> m_pItems; // a running Read, Write or RestoreDefault holds it too, as it may delete this
+    Lifetime m_lifetime;
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "inicfg.h"
 #include "memorycfg.h"
+#include "slot.h"
 #include "testmain.h"
 #include "valueselection.h"
 
@@ -147,7 +148,12 @@ private Q_SLOTS:
     void twoItemsOfOneKey();
     void ownerHearsInOrder();
     void anyViewIsTheSame();
+    void ordersItsOperations();
     void readMayEndTheGroup();
+    void nestedReadMayEndTheGroup();
+    void writeMayEndTheGroup_data();
+    void writeMayEndTheGroup();
+    void writeMayAddItems();
     void restoreMayEndTheGroup();
     void readMayAddItems();
     void writeTellsWhetherItLasts();
@@ -568,6 +574,91 @@ void tst_Persistant::readMayEndTheGroup()
     QCOMPARE(later, 0);
     QCOMPARE(owner.log, QByteArray());
     QCOMPARE(number.GetObserverCount(), 1);
+}
+
+void tst_Persistant::nestedReadMayEndTheGroup()
+{
+    Owner owner;
+    Persistant * const group = owner.Make();
+    ValueNumeric<int> number;
+    int later = 0;
+    group->Add(&number, Latin("n"), 5);
+    group->Add(&later, Latin("later"), 6);
+    Teller teller;
+    teller.onChange = [&] {
+        if (number.GetValue() != 5)
+            return owner.End();
+        m_store->WriteString(Latin("Group/n"), Latin("8"));
+        group->Read(QString(), 0); // the inner one reads 8, and ends the group
+    };
+    number.AddObserver(&teller);
+    group->Read(QString(), 0);
+    QCOMPARE(number.GetValue(), 8);
+    QCOMPARE(later, 0);
+    QCOMPARE(owner.log, QByteArray());
+    QCOMPARE(number.GetObserverCount(), 1);
+}
+
+void tst_Persistant::writeMayEndTheGroup_data()
+{
+    QTest::addColumn<bool>("byTheOwner");
+    QTest::newRow("the owner ends it before the first item") << true;
+    QTest::newRow("an item ends it") << false;
+}
+
+namespace {
+
+//! Item that does something when it is written.
+struct Actor : PersistantObject
+{
+    explicit Actor(std::function<void()> action) : onWrite(std::move(action)) {}
+
+    void Read(ICfg *) override {}
+
+    void Write(ICfg *) override { onWrite(); }
+
+    void RestoreDefault() override {}
+
+    std::function<void()> onWrite;
+};
+
+} // namespace
+
+void tst_Persistant::writeMayEndTheGroup()
+{
+    QFETCH(bool, byTheOwner);
+    Owner owner;
+    Persistant * const group = owner.Make();
+    int number = 3;
+    if (byTheOwner)
+        owner.beforeWrite = [&owner] { owner.End(); };
+    else
+        group->Add(new Actor([&owner] { owner.End(); }));
+    group->Add(&number, Latin("n"), 5);
+    QVERIFY(!group->Write(QString(), 0));
+    QCOMPARE(owner.log, QByteArray("w"));
+    QCOMPARE(m_store->GetKeys(), QStringList());
+}
+
+void tst_Persistant::writeMayAddItems()
+{
+    Persistant group(Latin("G"));
+    std::array<int, 50> added{};
+    added.back() = 4;
+    group.Add(new Actor([&] {
+        for (int & variable : added)
+            group.Add(&variable, Latin("a"), 6);
+    }));
+    QVERIFY(group.Write(QString(), 0));
+    QCOMPARE(m_store->ReadString(Latin("G/a"), QString()), Latin("4"));
+}
+
+//! Who overrides the operations by their places finds them there.
+void tst_Persistant::ordersItsOperations()
+{
+    QCOMPARE(Slot(&PersistantObject::Read), 2);
+    QCOMPARE(Slot(&PersistantObject::Write), 3);
+    QCOMPARE(Slot(&PersistantObject::RestoreDefault), 4);
 }
 
 void tst_Persistant::restoreMayEndTheGroup()
