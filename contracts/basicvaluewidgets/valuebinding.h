@@ -10,6 +10,7 @@
 
 //! The tie of a widget to one value of the tree: it binds by path, lets go when the value goes away and when the widget
 //! dies. The widget's Update() hands every notification to Hears() first.
+//! Of several bindings of one widget to one value the first does the observing: release it last.
 //! \tparam T  what the widget wants of the value: a value class or IValueNumeric.
 template <class T>
 class ValueBinding
@@ -35,16 +36,18 @@ public:
     bool Bind(T * value)
     {
         Release();
-        if (!value || !value->AddObserver(m_pObserver))
+        bool const isNew = value && value->AddObserver(m_pObserver);
+        if (!value || !(isNew || value->HasObserver(m_pObserver)))
             return false;
         m_pValue = value;
+        m_isOurs = isNew;
         ReplayOnBinding(dynamic_cast<ValueBase *>(value), m_pObserver);
         return true;
     }
 
     void Release()
     {
-        if (m_pValue)
+        if (m_pValue && m_isOurs)
             m_pValue->DeleteObserver(m_pObserver);
         m_pValue = nullptr;
     }
@@ -67,6 +70,7 @@ public:
 private:
     IObserver * m_pObserver;
     T * m_pValue = nullptr; // borrowed from the tree; null once it went away
+    bool m_isOurs = false;  // this made the widget an observer of the value
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "tree.h"
 #include "value.h"
+#include "valuebinding.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void otherStatesChangeNothing();
     void strangersAreIgnored();
     void labelDiesFirst();
+    void twoBindingsOfOneWidget();
     void plainText();
     void background_data();
     void background();
@@ -216,6 +218,34 @@ void tst_VCLabel::labelDiesFirst()
     }
     QCOMPARE(value->GetObserverCount(), 0);
     value->SetValue(1, nullptr);
+}
+
+void tst_VCLabel::twoBindingsOfOneWidget()
+{
+    struct Counter : IObserver
+    {
+        void Update(Observable *, TChangeCode code) override { changes += code == eValueChanged ? 1 : 0; }
+
+        int changes = 0;
+    } counter;
+
+    auto * const value = new ValueNumeric<double>(QStringLiteral("twice"));
+    QVERIFY(Tree::Instance()->Insert(QStringLiteral("/label"), value));
+    ValueBinding<ValueBase> first(&counter);
+    ValueBinding<IValueNumeric> second(&counter);
+    QVERIFY(first.BindPath(QStringLiteral("/label/twice")));
+    QVERIFY(second.BindPath(QStringLiteral("/label/twice")));
+    QVERIFY(second.Get() == value);
+    QCOMPARE(counter.changes, 2); // the replays
+    value->SetValue(1.0, nullptr);
+    QCOMPARE(counter.changes, 3);
+    second.Release();
+    value->SetValue(2.0, nullptr);
+    QCOMPARE(counter.changes, 4); // the first one still observes
+    first.Release();
+    value->SetValue(3.0, nullptr);
+    QCOMPARE(counter.changes, 4);
+    QCOMPARE(value->GetObserverCount(), 0);
 }
 
 void tst_VCLabel::plainText()
