@@ -90,6 +90,7 @@ void HotkeysCtrl::Rebuild()
     }
     m_pTable->setVisible(!m_rows.empty());
     m_pEmpty->setVisible(m_rows.empty());
+    TakeOver();
     ShowNotes();
 }
 
@@ -126,21 +127,35 @@ void HotkeysCtrl::Edited(int index)
 
 void HotkeysCtrl::TakeOver()
 {
+    std::vector<int> const conflicts = GetConflicts();
     for (std::size_t at = 0; at < m_rows.size(); ++at) {
         Row & row = m_rows[at];
-        if (row.wanted != row.held && GetConflict(static_cast<int>(at)) < 0 &&
-            GuiBase::Instance().ChangeHotKey(row.index, row.wanted))
+        if (row.wanted != row.held && conflicts[at] < 0 && GuiBase::Instance().ChangeHotKey(row.index, row.wanted))
             row.held = row.wanted;
     }
 }
 
-int HotkeysCtrl::GetConflict(int at) const
+std::vector<int> HotkeysCtrl::GetConflicts() const
 {
-    Row const & row = m_rows[static_cast<std::size_t>(at)];
-    for (std::size_t other = 0; other < m_rows.size(); ++other)
-        if (static_cast<int>(other) != at && !row.wanted.IsNone() && m_rows[other].wanted == row.wanted)
-            return static_cast<int>(other);
-    return -1;
+    std::vector<int> conflicts(m_rows.size(), -1);
+    auto const stands = [&](std::size_t at, std::size_t other) {
+        Row const & rival = m_rows[other];
+        HotKeyCombination const & wanted = m_rows[at].wanted;
+        return other != at && !wanted.IsNone() &&
+               (rival.wanted == wanted || (conflicts[other] >= 0 && rival.held == wanted));
+    };
+    // a row in conflict keeps its key, which brings who wants that into conflict; each round but the last finds a row
+    bool hasGrown = true;
+    for (std::size_t round = 0; hasGrown && round <= m_rows.size(); ++round) {
+        hasGrown = false;
+        for (std::size_t at = 0; at < m_rows.size(); ++at)
+            for (std::size_t other = 0; conflicts[at] < 0 && other < m_rows.size(); ++other)
+                if (stands(at, other)) {
+                    conflicts[at] = static_cast<int>(other);
+                    hasGrown = true;
+                }
+    }
+    return conflicts;
 }
 
 QString HotkeysCtrl::Note(Row const & row, int conflict) const
@@ -166,10 +181,11 @@ QString HotkeysCtrl::Note(Row const & row, int conflict) const
 void HotkeysCtrl::ShowNotes()
 {
     QIcon const warning = style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this);
-    for (int at = 0; at < static_cast<int>(m_rows.size()); ++at) {
-        int const conflict = GetConflict(at);
-        QString const note = Note(m_rows[static_cast<std::size_t>(at)], conflict);
-        QTableWidgetItem * const item = m_pTable->item(at, eColumnNote);
+    std::vector<int> const conflicts = GetConflicts();
+    for (std::size_t at = 0; at < m_rows.size(); ++at) {
+        int const conflict = conflicts[at];
+        QString const note = Note(m_rows[at], conflict);
+        QTableWidgetItem * const item = m_pTable->item(static_cast<int>(at), eColumnNote);
         item->setText(note);
         item->setToolTip(note);
         item->setIcon(conflict >= 0 ? warning : QIcon());
@@ -194,6 +210,7 @@ void HotkeysCtrl::slotFollow()
         row.wanted = held;
         row.edit->SetCombination(held);
     }
+    TakeOver();
     ShowNotes();
 }
 

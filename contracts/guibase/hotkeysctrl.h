@@ -15,8 +15,9 @@ class QPushButton;
 class QTableWidget;
 
 //! Editor of the hot keys of GuiBase: one row each. A key that is free is taken over at once. One that another row
-//! wants too is not: both rows say so, and the hot key keeps what it had until one of them is given another key. The
-//! list follows when hot keys come and go.
+//! wants too is not: both rows say so, and the hot key keeps what it had until one of them is given another key. What
+//! it keeps is not free meanwhile. The list follows when hot keys come, go or change elsewhere, and takes over what
+//! becomes free by that.
 class ORIMCONTRACTS_EXPORT HotkeysCtrl : public QWidget
 {
     Q_OBJECT
@@ -50,8 +51,9 @@ private:
     void Edited(int index);
     void TakeOver();
     void ShowNotes();
-    //! Index in m_rows of the first other row that wants the same key; -1 for none.
-    int GetConflict(int at) const;
+    //! For each row the index in m_rows of the first other row that wants the same key, or that cannot let go of it
+    //! because it is in conflict itself; -1 for none.
+    std::vector<int> GetConflicts() const;
     QString Note(Row const & row, int conflict) const;
 
     QTableWidget * m_pTable; // this owns it

@@ -47,6 +47,10 @@ private Q_SLOTS:
     void followsTheTable();
     void followsChangesFromOutside();
     void pendingEditSurvivesANewRow();
+    void keyOfAWaitingRowIsNotGivenAway();
+    void waitingRowsMakeOthersWait();
+    void pendingEditIsTakenOverWhenTheOtherGoes_data();
+    void pendingEditIsTakenOverWhenTheOtherGoes();
     void hotKeysAreSilentInTheEditor();
     void dialog();
     void dialogWhoseParentDies();
@@ -348,6 +352,70 @@ void tst_HotkeysCtrl::pendingEditSurvivesANewRow()
     QTRY_COMPARE(m_pTable->rowCount(), 4);
     QCOMPARE(Edit("Two")->keySequence(), QKeySequence(Qt::Key_F1));
     QCOMPARE(Text("Two", HotkeysCtrl::eColumnNote), QStringLiteral("In use for \"One\": not taken over"));
+}
+
+void tst_HotkeysCtrl::keyOfAWaitingRowIsNotGivenAway()
+{
+    int const two = Gui().GetIndex4HotKey(Qt::Key_F2, 0);
+    int const three = Gui().GetIndex4HotKey(Qt::Key_F3, 0);
+    Type("Two", Qt::Key_F1); // refused: F2 stays its key
+    Type("Three", Qt::Key_F2);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F2, 0), two);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F3, 0), three);
+    QCOMPARE(Gui().GetHotKeys().GetConflict(two), -1);
+    QCOMPARE(Text("Three", HotkeysCtrl::eColumnNote), QStringLiteral("In use for \"Two\": not taken over"));
+    QVERIFY(!m_pTable->item(RowOf("Three"), HotkeysCtrl::eColumnNote)->icon().isNull());
+    Type("One", Qt::Key_F9); // makes way for both
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F1, 0), two);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F2, 0), three);
+    QCOMPARE(Text("Three", HotkeysCtrl::eColumnNote), QStringLiteral("Changed"));
+}
+
+void tst_HotkeysCtrl::waitingRowsMakeOthersWait()
+{
+    // each row wants the key of the next one in the table, and the last one cannot have what it wants
+    char const * const names[] = { "R1", "R2", "R3", "R4", "R5" };
+    int const first = Qt::Key_F10;
+    for (int i = 0; i < 5; ++i)
+        Add(first + i, names[i]);
+    QTRY_COMPARE(m_pTable->rowCount(), 8);
+    Type("R5", Qt::Key_F1);
+    for (int i = 3; i >= 0; --i)
+        Type(names[i], first + i + 1);
+    for (int i = 0; i < 5; ++i) {
+        QCOMPARE(Gui().GetHotKeys().FindName(QString::fromLatin1(names[i])),
+                 Gui().GetIndex4HotKey(Qt::Key(first + i), 0));
+        QVERIFY(Text(names[i], HotkeysCtrl::eColumnNote).contains(QStringLiteral("not taken over")));
+    }
+    Type("R5", Qt::Key_Backspace);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key(first), 0), -1);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(Gui().GetHotKeys().FindName(QString::fromLatin1(names[i])),
+                 Gui().GetIndex4HotKey(Qt::Key(first + i + 1), 0));
+}
+
+void tst_HotkeysCtrl::pendingEditIsTakenOverWhenTheOtherGoes_data()
+{
+    QTest::addColumn<bool>("isRemoved");
+    QTest::newRow("the other is removed") << true;
+    QTest::newRow("the other is given another key from outside") << false;
+}
+
+void tst_HotkeysCtrl::pendingEditIsTakenOverWhenTheOtherGoes()
+{
+    QFETCH(bool, isRemoved);
+    int const one = Gui().GetIndex4HotKey(Qt::Key_F1, 0);
+    int const two = Gui().GetIndex4HotKey(Qt::Key_F2, 0);
+    Type("Two", Qt::Key_F1);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F2, 0), two);
+    if (isRemoved)
+        QCOMPARE(Gui().RemoveHotKey(Qt::Key_F1, 0), one);
+    else
+        QVERIFY(Gui().ChangeHotKey(one, Combination(Qt::Key_F9)));
+    QTRY_COMPARE(Gui().GetIndex4HotKey(Qt::Key_F1, 0), two);
+    QCOMPARE(Gui().GetIndex4HotKey(Qt::Key_F2, 0), -1);
+    QCOMPARE(Text("Two", HotkeysCtrl::eColumnNote), QStringLiteral("Changed"));
+    QCOMPARE(RowOf("One") < 0, isRemoved);
 }
 
 void tst_HotkeysCtrl::hotKeysAreSilentInTheEditor()
