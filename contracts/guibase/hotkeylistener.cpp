@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QWidget>
 
@@ -70,13 +71,16 @@ bool HotKeyListener::Hear(QObject * object, QKeyEvent * event)
     bool const isEscape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && !IsHeldBack();
     if ((index < 0 && !isEscape) || IsWantedAsInput(object, event))
         return false;
+    QPointer<QObject> const guard(object);
     if (!event->isAutoRepeat()) {
         if (isEscape)
             Q_EMIT signalEscape();
         Fire(index);
     }
-    if (index < 0)
+    if (index < 0 && guard) {
+        m_pHeard = event; // its way goes on; a slot may have let other keys in between
         return false;
+    }
     m_pHeard = nullptr; // it goes no further
     event->accept();
     return true;

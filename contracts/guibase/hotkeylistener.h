@@ -29,7 +29,7 @@ Q_SIGNALS:
     //! A hot key was pressed. Its receiver has been told before: by its slot `slotHotKey(int)`, if it has one.
     void signalHotKey(int index);
     //! Escape was pressed without a modifier, whether or not it is a hot key too. Nobody holds it back from the
-    //! widgets.
+    //! widgets, unless a slot destroys the one that it is on its way to.
     void signalEscape();
 
 private:

@@ -20,7 +20,9 @@ class tst_HotKeyListener : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
     void initTestCase() { TestStage::HushPopups(); }
+
     void init();
     void cleanup();
     void oncePerPress_data();
@@ -50,6 +52,9 @@ private Q_SLOTS:
     void receiverThatDiedIsNotTouched();
     void widgetThatDiesOfItsHotKey();
     void hotKeyRemovedByEscape();
+    void escapeWithKeysInsideFiresOnce();
+    void widgetThatDiesOfEscape_data();
+    void widgetThatDiesOfEscape();
     void plainObjectsAreNotHeard();
     void tenThousandRepetitions();
 
@@ -474,6 +479,40 @@ void tst_HotKeyListener::hotKeyRemovedByEscape()
     QTest::keyClick(m_pChild, Qt::Key_Escape);
     QCOMPARE(m_pEscape->count(), 1);
     QCOMPARE(m_pHeard->count(), 0);
+}
+
+void tst_HotKeyListener::escapeWithKeysInsideFiresOnce()
+{
+    int const index = Add(Qt::Key_F9);
+    QWidget other;
+    connect(m_pListener.get(), &HotKeyListener::signalEscape, this, [&other] { QTest::keyClick(&other, Qt::Key_F9); });
+    QTest::keyClick(m_pChild, Qt::Key_Escape);
+    QCOMPARE(m_pEscape->count(), 1);
+    QCOMPARE(m_pHeard->count(), 1);
+    QCOMPARE(m_pHeard->at(0).at(0).toInt(), index);
+    QCOMPARE(static_cast<Pane *>(m_pChild)->m_presses, 1);
+    QCOMPARE(static_cast<Pane *>(m_pWindow.get())->m_presses, 1); // its way went on
+}
+
+void tst_HotKeyListener::widgetThatDiesOfEscape_data() { oncePerPress_data(); }
+
+void tst_HotKeyListener::widgetThatDiesOfEscape()
+{
+    QFETCH(bool, throughWindow);
+    connect(m_pListener.get(), &HotKeyListener::signalEscape, this, [this] {
+        delete m_pChild;
+        m_pChild = nullptr;
+    });
+    if (throughWindow)
+        QTest::keyPress(m_pWindow->windowHandle(), Qt::Key_Escape);
+    else
+        Press(m_pChild, Qt::Key_Escape);
+    QVERIFY(!m_pChild);
+    QCOMPARE(m_pEscape->count(), 1);
+    // the window looks for a widget afterwards; one that was on its way to the dead one has ended with it
+    QCOMPARE(static_cast<Pane *>(m_pWindow.get())->m_presses, throughWindow ? 1 : 0);
+    QTest::keyClick(m_pWindow.get(), Qt::Key_Escape);
+    QCOMPARE(m_pEscape->count(), 2);
 }
 
 void tst_HotKeyListener::plainObjectsAreNotHeard()
