@@ -69,7 +69,8 @@ public:
     //! registered of two with one key is heard.
     //!
     //! The hot key ends with its receiver. A slot `slotHotKey(int)` of the receiver is called ahead of signalHotKey().
-    //! The key that the operator gives it is stored under group and name.
+    //! The key that the operator gives it is stored under group and name. These two together identify it in the store:
+    //! two hot keys of one group and name share the stored key.
     //!
     //! \param key           any key but a bare modifier.
     //! \param modifiers     Qt::KeyboardModifiers as a number; Shift, Control, Alt and Meta count.
@@ -173,7 +174,8 @@ public:
     QUndoStack * UndoStack();
 
 public Q_SLOTS:
-    //! Takes over the offset of local time when it has changed. Called once a minute while an application is set.
+    //! Takes over the offset of local time when it has changed. Called once a minute while an application is set. A
+    //! selection of time zones that the application put into the tree stays as it is.
     void slotUpdateLocalTime();
 
 Q_SIGNALS:
@@ -181,7 +183,7 @@ Q_SIGNALS:
     void signalColorsChanged();
     //! The hot key with this index was pressed.
     void signalHotKey(int index);
-    //! Escape was pressed without a modifier, and neither a dialog nor a menu nor an editor took it.
+    //! Escape was pressed without a modifier, while no modal dialog and no menu was open, and no editor took it.
     void hotkey_ESC_pressed();
     //! A hot key was added, removed, switched or given another key.
     void signalHotKeysChanged();
@@ -202,6 +204,7 @@ private:
     void LoadKey(int index);
     void StoreKey(int index) const;
     void FlushKeys() const;
+    void ReceiverGone(QObject * receiver);
     void HotKeysChanged();
     void ShowKey(ShownKey const & shown) const;
 

@@ -37,8 +37,9 @@ std::vector<SelectionItem> PositionItems()
 }
 
 //! The selection that is held, else the one at its path, else a new one there.
+//! \param isOwn  set to whether it is a new one when none was held; may be null.
 ValueSelection * Provide(ValuePtr<ValueSelection> & held, char const * name, std::vector<SelectionItem> (*makeItems)(),
-                         long chosen)
+                         long chosen, bool * isOwn = nullptr)
 {
     Tree * const tree = Tree::Instance();
     if (held || !tree)
@@ -46,8 +47,11 @@ ValueSelection * Provide(ValuePtr<ValueSelection> & held, char const * name, std
     auto made = std::make_unique<ValueSelection>(QString::fromLatin1(name));
     made->AddItems(makeItems());
     made->Select(chosen, nullptr);
-    if (tree->Insert(Folder(), made.get()))
+    bool const isInserted = tree->Insert(Folder(), made.get());
+    if (isInserted)
         made.release(); // the tree owns it
+    if (isOwn)
+        *isOwn = isInserted;
     held.Bind(Folder() + QLatin1Char('/') + QLatin1String(name));
     return held.Get();
 }
@@ -73,7 +77,8 @@ ValueSelection * GuiBase::GetPositionFormat()
 ValueSelection * GuiBase::GetTimeZone()
 {
     return Provide(
-        m_pValues->timeZone, "TimeZone", [] { return TimeZones::Items(TimeZones::LocalOffset()); }, TimeZones::UtcKey);
+        m_pValues->timeZone, "TimeZone", [] { return TimeZones::Items(TimeZones::LocalOffset()); }, TimeZones::UtcKey,
+        &m_pValues->isOwnTimeZone);
 }
 
 long long GuiBase::GetTimeZoneValue()
@@ -85,6 +90,8 @@ long long GuiBase::GetTimeZoneValue()
 void GuiBase::slotUpdateLocalTime()
 {
     ValueSelection * const selection = GetTimeZone();
+    if (!m_pValues->isOwnTimeZone)
+        return;
     SelectionItem const * const local = selection ? selection->GetItem(TimeZones::LocalKey) : nullptr;
     int const offset = TimeZones::LocalOffset();
     if (!local || local->GetValue() == offset)

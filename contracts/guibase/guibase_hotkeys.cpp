@@ -32,7 +32,7 @@ int GuiBase::AddHotKey(Qt::Key key, int modifiers, QObject * receiver, QString n
         return index;
     LoadKey(index);
     if (receiver)
-        connect(receiver, &QObject::destroyed, this, &GuiBase::HotKeysChanged, Qt::UniqueConnection);
+        connect(receiver, &QObject::destroyed, this, &GuiBase::ReceiverGone, Qt::UniqueConnection);
     HotKeysChanged();
     return index;
 }
@@ -126,6 +126,12 @@ void GuiBase::ShowHotKeyFrom(QAction * action, QString name)
     m_shownKeys.erase(std::remove_if(m_shownKeys.begin(), m_shownKeys.end(), isOf), m_shownKeys.end());
     m_shownKeys.push_back({ action, std::move(name) });
     ShowKey(m_shownKeys.back());
+}
+
+void GuiBase::ReceiverGone(QObject * receiver)
+{
+    m_hotKeys.RemoveReceiver(receiver); // that of a widget still counts as alive at this point
+    HotKeysChanged();
 }
 
 void GuiBase::HotKeysChanged()

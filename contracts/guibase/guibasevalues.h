@@ -11,6 +11,7 @@ struct GuiBase::Values
     ValuePtr<ValueSelection> frequencyUnit;
     ValuePtr<ValueSelection> positionFormat;
     ValuePtr<ValueSelection> timeZone;
+    bool isOwnTimeZone = false; // made here, not by the application
 };
 
 #endif
