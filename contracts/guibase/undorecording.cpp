@@ -3,6 +3,7 @@
 
 #include "guibase.h"
 #include "tree.h"
+#include "valuelist.h"
 #include "valuerecorder.h"
 
 #include <QCoreApplication>
@@ -11,18 +12,49 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <variant>
 #include <vector>
 
 namespace {
 
-//! What a value of the tree held before and after a change, as stored text.
+//! What a value held.
+struct Content
+{
+    QString text; // as stored, where NaN and infinity are no numbers
+    std::variant<std::monostate, double, std::vector<BearingResult>> typed; // of a value that may hold them
+};
+
+//! What a value of the tree held before and after a change.
 struct ValueChange
 {
     QString path;
     TValueType type;
-    QString before;
-    QString after;
+    Content before;
+    Content after;
 };
+
+Content Read(ValueBase const & value)
+{
+    Content content;
+    content.text = value.ToStoredText();
+    if (auto const * const number = dynamic_cast<Value<double> const *>(&value))
+        content.typed = number->GetValue();
+    else if (auto const * const list = dynamic_cast<ValueList<BearingResult> const *>(&value))
+        content.typed = list->GetEntries();
+    return content;
+}
+
+void Write(ValueBase & value, Content const & content)
+{
+    auto * const number = dynamic_cast<Value<double> *>(&value);
+    auto * const list = dynamic_cast<ValueList<BearingResult> *>(&value);
+    if (auto const * const held = std::get_if<double>(&content.typed); held && number)
+        number->SetValue(*held, nullptr);
+    else if (auto const * const entries = std::get_if<std::vector<BearingResult>>(&content.typed); entries && list)
+        list->SetEntries(*entries, nullptr);
+    else
+        value.FromStoredText(content.text, nullptr);
+}
 
 //! The value that a change speaks of; null when it has gone or is of another type now.
 ValueBase * FindValue(ValueChange const & change)
@@ -74,7 +106,7 @@ public:
         if (m_replaying || path.isEmpty() || m_seen.contains(path))
             return;
         m_seen.insert(path);
-        m_changes.push_back({ path, value.GetType(), value.ToStoredText(), QString() });
+        m_changes.push_back({ path, value.GetType(), Read(value), Content() });
     }
 
     //! True while undo or redo writes.
@@ -102,25 +134,25 @@ public:
     void undo() override
     {
         std::vector<ValueChange> reversed(m_changes.rbegin(), m_changes.rend());
-        Write(reversed, &ValueChange::before);
+        WriteAll(reversed, &ValueChange::before);
     }
 
     void redo() override
     {
         if (m_isDone)
-            Write(m_changes, &ValueChange::after);
+            WriteAll(m_changes, &ValueChange::after);
         m_isDone = true;
     }
 
 private:
     //! Two rounds: a value whose limits or coupling hung on a later one comes right in the second.
-    static void Write(std::vector<ValueChange> const & changes, QString ValueChange::*text)
+    static void WriteAll(std::vector<ValueChange> const & changes, Content ValueChange::*content)
     {
         QScopedValueRollback<bool> const replaying(Recording::Instance().m_replaying, true);
         for (int round = 0; round < 2; ++round)
             for (auto const & change : changes)
                 if (ValueBase * const value = FindValue(change))
-                    value->FromStoredText(change.*text, nullptr);
+                    Write(*value, change.*content);
     }
 
     std::vector<ValueChange> m_changes;
@@ -131,9 +163,9 @@ void Recording::Push(std::vector<ValueChange> changes, QString const & text)
 {
     for (auto & change : changes) {
         ValueBase const * const value = FindValue(change);
-        change.after = value ? value->ToStoredText() : change.before;
+        change.after = value ? Read(*value) : change.before;
     }
-    auto const isBack = [](ValueChange const & change) { return change.after == change.before; };
+    auto const isBack = [](ValueChange const & change) { return change.after.text == change.before.text; };
     changes.erase(std::remove_if(changes.begin(), changes.end(), isBack), changes.end());
     if (changes.empty())
         return;

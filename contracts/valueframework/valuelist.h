@@ -83,6 +83,8 @@ public:
 
     int Size() const { return static_cast<int>(m_entries.size()); }
 
+    std::vector<T> const & GetEntries() const { return m_entries; }
+
     void ToBegin() { m_cursor = 0; }
 
     //! Moves to the next entry; stays once it is past the last one.

@@ -4,12 +4,15 @@
 #include "guibase.h"
 #include "testmain.h"
 #include "tree.h"
+#include "valuelist.h"
 #include "valuenumeric.h"
 #include "valuerecorder.h"
 #include "valueselection.h"
 
+#include <QMap>
 #include <QUndoStack>
 
+#include <limits>
 #include <memory>
 #include <random>
 
@@ -24,6 +27,8 @@ private Q_SLOTS:
     void everyKindOfValue_data();
     void everyKindOfValue();
     void doublesComeBackExactly();
+    void numbersWithoutTextComeBack_data();
+    void numbersWithoutTextComeBack();
     void changeThatEndsWhereItBegan();
     void nothingChanged();
     void changesOutsideAreNotRecorded();
@@ -58,6 +63,33 @@ T * MakeValue(char const * name)
 }
 
 ValueNumeric<double> * MakeNumber(char const * name) { return MakeValue<ValueNumeric<double>>(name); }
+
+//! A value of the kind that a row names; null for none.
+ValueBase * MakeKind(QString const & kind)
+{
+    using Maker = ValueBase * (*)();
+    QMap<QString, Maker> const makers{
+        { "bool", [] { return static_cast<ValueBase *>(MakeValue<Value<bool>>("v")); } },
+        { "int", [] { return static_cast<ValueBase *>(MakeValue<ValueNumeric<int>>("v")); } },
+        { "int64", [] { return static_cast<ValueBase *>(MakeValue<ValueNumeric<long long>>("v")); } },
+        { "double", [] { return static_cast<ValueBase *>(MakeNumber("v")); } },
+        { "string", [] { return static_cast<ValueBase *>(MakeValue<Value<QString>>("v")); } },
+        { "char", [] { return static_cast<ValueBase *>(MakeValue<Value<char>>("v")); } },
+        { "plain int", [] { return static_cast<ValueBase *>(MakeValue<Value<int>>("v")); } },
+        { "plain int64", [] { return static_cast<ValueBase *>(MakeValue<Value<long long>>("v")); } },
+        { "plain double", [] { return static_cast<ValueBase *>(MakeValue<Value<double>>("v")); } },
+        { "narrow", [] { return static_cast<ValueBase *>(MakeValue<Value<std::string>>("v")); } },
+        { "list", [] { return static_cast<ValueBase *>(MakeValue<ValueList<BearingResult>>("v")); } },
+        { "selection",
+          [] {
+              auto * const selection = MakeValue<ValueSelection>("v");
+              selection->AddItems({ { "one", 1.0, 10L }, { "two", 2.0, 20L } });
+              return static_cast<ValueBase *>(selection);
+          } },
+    };
+    Maker const make = makers.value(kind, nullptr);
+    return make ? make() : nullptr;
+}
 
 //! A pane with a word for its changes.
 class Pane : public UndoRecordingControlBase
@@ -171,6 +203,25 @@ void tst_UndoRecording::everyKindOfValue_data()
                             << "-1e300";
     QTest::newRow("text") << "string"
                           << "" << QString("a;\"\\\n%1").arg(QChar(0x416));
+    QTest::newRow("small whole number without limits") << "char"
+                                                       << "-128"
+                                                       << "127";
+    QTest::newRow("whole number without limits") << "plain int"
+                                                 << "-2147483648"
+                                                 << "5";
+    QTest::newRow("long whole number without limits") << "plain int64"
+                                                      << "-9223372036854775808"
+                                                      << "5";
+    QTest::newRow("double without limits") << "plain double"
+                                           << "0.5"
+                                           << "-1e300";
+    QTest::newRow("narrow text") << "narrow" << QString(QChar(0xE4)) << "a;\"\\\n";
+    QTest::newRow("list") << "list"
+                          << "1 2.5 \"one%20word\n-3 \"\n"
+                          << "0.5 \"\n";
+    QTest::newRow("list that was empty") << "list"
+                                         << ""
+                                         << "0.5 \"\n";
     QTest::newRow("selection") << "selection"
                                << "one"
                                << "two";
@@ -184,22 +235,7 @@ void tst_UndoRecording::everyKindOfValue()
     QFETCH(QString, kind);
     QFETCH(QString, first);
     QFETCH(QString, second);
-    ValueBase * value = nullptr;
-    if (kind == "bool")
-        value = MakeValue<Value<bool>>("v");
-    else if (kind == "int")
-        value = MakeValue<ValueNumeric<int>>("v");
-    else if (kind == "int64")
-        value = MakeValue<ValueNumeric<long long>>("v");
-    else if (kind == "double")
-        value = MakeNumber("v");
-    else if (kind == "string")
-        value = MakeValue<Value<QString>>("v");
-    else {
-        auto * const selection = MakeValue<ValueSelection>("v");
-        selection->AddItems({ { "one", 1.0, 10L }, { "two", 2.0, 20L } });
-        value = selection;
-    }
+    ValueBase * const value = MakeKind(kind);
     QVERIFY(value);
     value->SetStringValue(first, nullptr);
     QCOMPARE(value->GetStringValue(), first);
@@ -229,6 +265,43 @@ void tst_UndoRecording::doublesComeBackExactly()
     QVERIFY(value->GetValue() == odd);
     Stack().redo();
     QVERIFY(value->GetValue() == 0.3);
+}
+
+void tst_UndoRecording::numbersWithoutTextComeBack_data()
+{
+    QTest::addColumn<double>("before");
+    QTest::addColumn<double>("after");
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    double const infinity = std::numeric_limits<double>::infinity();
+    QTest::newRow("from NaN") << nan << 1.0;
+    QTest::newRow("to NaN") << 1.0 << nan;
+    QTest::newRow("from infinity to NaN") << infinity << nan;
+    QTest::newRow("between the infinities") << -infinity << infinity;
+}
+
+void tst_UndoRecording::numbersWithoutTextComeBack()
+{
+    QFETCH(double, before);
+    QFETCH(double, after);
+    auto * const number = MakeValue<Value<double>>("number");
+    auto * const list = MakeValue<ValueList<BearingResult>>("list");
+    std::vector<BearingResult> const entriesBefore{ BearingResult({ 1.0, before }, "a"), BearingResult({ 2.0 }) };
+    std::vector<BearingResult> const entriesAfter{ BearingResult({ after }, "b") };
+    number->SetValue(before, nullptr);
+    list->SetEntries(entriesBefore, nullptr);
+    {
+        GuiUndoRecordingHelper const helper(nullptr, QString());
+        number->SetValue(after, nullptr);
+        list->SetEntries(entriesAfter, nullptr);
+    }
+    for (int turn = 0; turn < 2; ++turn) {
+        Stack().undo();
+        QVERIFY(sameValue(number->GetValue(), before));
+        QVERIFY(list->GetEntries() == entriesBefore);
+        Stack().redo();
+        QVERIFY(sameValue(number->GetValue(), after));
+        QVERIFY(list->GetEntries() == entriesAfter);
+    }
 }
 
 void tst_UndoRecording::changeThatEndsWhereItBegan()
