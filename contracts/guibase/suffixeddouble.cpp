@@ -32,7 +32,12 @@ void SuffixedDouble::SetResolution(ESuffix resolution) { m_resolution = Checked(
 
 QString SuffixedDouble::GetDisplayString(double value) const
 {
-    int const exponent = m_suffix == eSuffixAuto ? SuffixedNumber::BestExponent(value, m_digits) : Exponent(m_suffix);
+    int exponent = Exponent(m_suffix);
+    if (m_suffix == eSuffixAuto && m_resolution == eSuffixAuto)
+        exponent = SuffixedNumber::BestExponent(value, m_digits);
+    else if (m_suffix == eSuffixAuto) // what is less than a step reads as none of it
+        exponent =
+            std::max(SuffixedNumber::BestExponent(value, m_digits, Exponent(m_resolution)), Exponent(m_resolution));
     QString const number = Print(value, exponent, true);
     QString const suffix = SuffixedNumber::Prefix(exponent) + m_unit;
     return suffix.isEmpty() || !std::isfinite(value) ? number : number + QLatin1Char(' ') + suffix;

@@ -44,7 +44,8 @@ public:
     int GetSignificantDigits() const { return m_digits; }
 
     //! The smallest step that is shown: decimals stop at one unit of this prefix, and the display string is filled up
-    //! to it with zeros. eSuffixAuto, as at start, sets no such limit.
+    //! to it with zeros. With eSuffixAuto as the prefix the number is rounded to it before the prefix is chosen, and
+    //! none below it is. eSuffixAuto, as at start, sets no such limit.
     void SetResolution(ESuffix resolution);
 
     ESuffix GetResolution() const { return m_resolution; }

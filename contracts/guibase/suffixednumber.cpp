@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
+#include <limits>
 
 namespace {
 
@@ -150,6 +150,22 @@ struct Scientific
     int power = 0;
 };
 
+bool IsInRange(QByteArray const & text)
+{
+    bool isRead = false;
+    double const value = text.toDouble(&isRead);
+    return isRead && std::isfinite(value);
+}
+
+//! Takes one from the last digit of a number above it.
+void StepDown(QByteArray & digits)
+{
+    auto at = digits.size() - 1;
+    for (; at > 0 && digits.at(at) == '0'; --at)
+        digits[at] = '9';
+    digits[at] = static_cast<char>(digits.at(at) - 1);
+}
+
 Scientific Round(double value, int digits)
 {
     QByteArray const text = QByteArray::number(std::abs(value), 'e', digits - 1);
@@ -158,6 +174,8 @@ Scientific Round(double value, int digits)
     rounded.digits = text.left(e).replace('.', QByteArray());
     rounded.power = text.mid(e + 1).toInt();
     rounded.isNegative = value < 0.0;
+    if (rounded.power == std::numeric_limits<double>::max_exponent10 && !IsInRange(text))
+        StepDown(rounded.digits);
     return rounded;
 }
 
@@ -232,11 +250,15 @@ QString SuffixedNumber::Print(double value, Layout const & layout)
     return QString::fromLatin1(text);
 }
 
-int SuffixedNumber::BestExponent(double value, int digits)
+int SuffixedNumber::BestExponent(double value, int digits, std::optional<int> step)
 {
     if (!std::isfinite(value) || value == 0.0)
         return 0;
-    int const power = Round(value, std::clamp(digits, 1, 17)).power;
+    Layout layout;
+    layout.digits = digits;
+    layout.exponent = step.value_or(0);
+    layout.decimals = step ? 0 : -1;
+    int const power = Round(value, layout).power; // 0 of what rounds to 0
     int const third = power >= 0 ? power / 3 : -((2 - power) / 3);
     return 3 * std::clamp(third, -3, 4);
 }

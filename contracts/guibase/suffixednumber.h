@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 //! Numbers with a decimal prefix as text: digits are moved, never multiplied, so that 12.5 MHz is exactly 12500000. All
 //! in the C locale.
 namespace SuffixedNumber {
@@ -37,12 +39,14 @@ struct Layout
 };
 
 //! Prints a number in units of 10^exponent, without a suffix. From 10^15 on, and below 10^-9, in the form "1.5e+20".
+//! What would be rounded beyond the range of a double is rounded towards 0, so that it can be read back.
 //! \return "---" for NaN and infinite.
 ORIMCONTRACTS_EXPORT QString Print(double value, Layout const & layout);
 
 //! Power of ten of the prefix in which a number reads best, 1 to 999.99 in front of it: a multiple of 3 from -9 to 12.
 //! \param digits  significant digits to which it will be rounded.
-ORIMCONTRACTS_EXPORT int BestExponent(double value, int digits);
+//! \param step    power of ten to a multiple of which it will be rounded before; what rounds to 0 reads best as 0.
+ORIMCONTRACTS_EXPORT int BestExponent(double value, int digits, std::optional<int> step = {});
 
 } // namespace SuffixedNumber
 

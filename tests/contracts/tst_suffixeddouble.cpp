@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "suffixeddouble.h"
+#include "suffixednumber.h"
 #include "testmain.h"
 
 #include <clocale>
+#include <cmath>
 #include <limits>
+#include <memory>
 
 class tst_SuffixedDouble : public QObject
 {
@@ -21,6 +24,8 @@ private Q_SLOTS:
     void reads();
     void comesBack_data();
     void comesBack();
+    void largestComeBack_data();
+    void largestComeBack();
     void localeDoesNotMatter();
     void derivedFormsAreUsed();
 };
@@ -35,8 +40,32 @@ constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 class Degrees : public SuffixedDouble
 {
 public:
+    QString GetDisplayString(double value) const override { return QStringLiteral("about %1 deg").arg(value); }
+
+    QString GetSignificantStringNoSuffix(double value) const override { return QStringLiteral("about %1").arg(value); }
+
     QString GetPureSuffix() const override { return QStringLiteral("deg"); }
+
+    double GetValue(QString const & text, bool * ok) const override
+    {
+        if (ok)
+            *ok = true;
+        return static_cast<double>(text.size());
+    }
 };
+
+//! Half of the last digit that a text shows, in the bare unit.
+double HalfOfTheLast(QString const & shown, QString const & unit)
+{
+    QString const number = shown.section(' ', 0, 0);
+    QString const suffix = shown.section(' ', 1);
+    QString const digits = number.section('e', 0, 0);
+    int power = number.section('e', 1).toInt() - static_cast<int>(digits.section('.', 1).size());
+    for (int exponent = -9; exponent <= 12; exponent += 3)
+        if (SuffixedNumber::Prefix(exponent) + unit == suffix)
+            power += exponent;
+    return 0.5 * std::pow(10.0, power);
+}
 
 } // namespace
 
@@ -94,6 +123,18 @@ void tst_SuffixedDouble::displayString_data()
     QTest::newRow("auto, rounding reaches the next prefix")
         << automatic << "Hz" << automatic << 999999.9999999999 << "1 MHz";
     QTest::newRow("auto with a resolution") << automatic << "Hz" << 0 << 12.5e6 << "12.500000 MHz";
+    QTest::newRow("auto, rounded to the resolution reaches the next prefix")
+        << automatic << "Hz" << 0 << 999999.9999 << "1.000000 MHz";
+    QTest::newRow("auto, the last below the next prefix") << automatic << "Hz" << 0 << 999999.4 << "999.999 kHz";
+    QTest::newRow("auto, less than half a step") << automatic << "Hz" << 0 << 0.4 << "0 Hz";
+    QTest::newRow("auto, less than half a step below zero") << automatic << "Hz" << 0 << -0.4 << "0 Hz";
+    QTest::newRow("auto, half a step") << automatic << "Hz" << 0 << 0.5 << "1 Hz";
+    QTest::newRow("auto, less than half a larger step") << automatic << "Hz" << 1 << 400.0 << "0 kHz";
+    QTest::newRow("auto, more than half a larger step") << automatic << "Hz" << 1 << 600.0 << "1 kHz";
+    QTest::newRow("auto, less than half a smaller step") << automatic << "Hz" << -1 << 0.0004 << "0.000 Hz";
+    QTest::newRow("auto, a smaller step reaches the next prefix") << automatic << "Hz" << -1 << 0.9996 << "1.000 Hz";
+    QTest::newRow("auto, a step far below what doubles resolve")
+        << automatic << "Hz" << -3 << 12.5e12 << "12.500000000000000000000 THz";
     QTest::newRow("fixed") << 2 << "Hz" << automatic << 12500.0 << "0.0125 MHz";
     QTest::newRow("filled up to the resolution") << 2 << "Hz" << 0 << 12.5e6 << "12.500000 MHz";
     QTest::newRow("rounded to the resolution") << 2 << "Hz" << 1 << 12345678.0 << "12.346 MHz";
@@ -197,25 +238,65 @@ void tst_SuffixedDouble::comesBack_data()
 {
     QTest::addColumn<int>("suffix");
     QTest::addColumn<QString>("unit");
+    QTest::addColumn<int>("resolution");
     for (int const suffix : { -3, -2, -1, 0, 1, 2, 3, 4, 100 })
         for (char const * const unit : { "Hz", "m", "", "eV", "dBm" })
-            QTest::addRow("suffix %d, unit '%s'", suffix, unit) << suffix << unit;
+            for (int const resolution : { 100, 0, 1 })
+                QTest::addRow("suffix %d, unit '%s', resolution %d", suffix, unit, resolution)
+                    << suffix << unit << resolution;
 }
 
 void tst_SuffixedDouble::comesBack()
 {
     QFETCH(int, suffix);
     QFETCH(QString, unit);
-    SuffixedDouble const number(static_cast<Suffix>(suffix), unit);
-    for (double const value : { 0.0, 1.0, -1.0, 12.5e6, 433.92e6, 999999.999, 1.0 / 3.0, 1e-9, 6e12, -87.5e6, 1e300 }) {
+    QFETCH(int, resolution);
+    SuffixedDouble number(static_cast<Suffix>(suffix), unit);
+    number.SetResolution(static_cast<Suffix>(resolution));
+    for (double const value :
+         { 0.0, 1.0, -1.0, 12.5e6, 433.92e6, 999999.999, 999999.9999, 400.0, 1.0 / 3.0, 1e-9, 6e12, -87.5e6, 1e300 }) {
         bool ok = false;
         QString const shown = number.GetDisplayString(value);
         double const back = number.GetValue(shown, &ok);
         QVERIFY2(ok, qPrintable(shown));
         QCOMPARE(number.GetDisplayString(back), shown);
+        double const rounding = std::abs(value) * 4.0 * std::numeric_limits<double>::epsilon();
+        QVERIFY2(std::abs(back - value) <= HalfOfTheLast(shown, unit) + rounding, qPrintable(shown));
         QString const bare = number.GetSignificantStringNoSuffix(value);
         QCOMPARE(number.GetSignificantStringNoSuffix(number.GetValue(bare, &ok)), bare);
         QVERIFY2(ok, qPrintable(bare));
+    }
+}
+
+void tst_SuffixedDouble::largestComeBack_data()
+{
+    QTest::addColumn<int>("digits");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("one digit") << 1 << "1e+308 Hz";
+    QTest::newRow("two digits") << 2 << "1.7e+308 Hz";
+    QTest::newRow("three digits") << 3 << "1.79e+308 Hz";
+    QTest::newRow("four digits") << 4 << "1.797e+308 Hz";
+    QTest::newRow("five digits") << 5 << "1.7976e+308 Hz";
+    QTest::newRow("six digits are rounded down") << 6 << "1.79769e+308 Hz";
+    QTest::newRow("all digits") << 17 << "1.7976931348623157e+308 Hz";
+}
+
+void tst_SuffixedDouble::largestComeBack()
+{
+    QFETCH(int, digits);
+    QFETCH(QString, text);
+    double const largest = std::numeric_limits<double>::max();
+    SuffixedDouble number(SuffixedDouble::eSuffixNone);
+    number.SetSignificantDigits(digits);
+    QCOMPARE(number.GetDisplayString(largest), text);
+    QCOMPARE(number.GetDisplayString(-largest), QString('-' + text));
+    number.SetSuffix(SuffixedDouble::eSuffixAuto);
+    for (double const value : { largest, -largest }) {
+        bool ok = false;
+        QString const shown = number.GetDisplayString(value);
+        double const back = number.GetValue(shown, &ok);
+        QVERIFY2(ok, qPrintable(shown));
+        QVERIFY(std::abs(back - value) <= 2.0 * HalfOfTheLast(shown, QStringLiteral("Hz")));
     }
 }
 
@@ -232,7 +313,12 @@ void tst_SuffixedDouble::localeDoesNotMatter()
 void tst_SuffixedDouble::derivedFormsAreUsed()
 {
     std::unique_ptr<SuffixedDouble> const number = std::make_unique<Degrees>();
+    QCOMPARE(number->GetDisplayString(1.5), QStringLiteral("about 1.5 deg"));
+    QCOMPARE(number->GetSignificantStringNoSuffix(1.5), QStringLiteral("about 1.5"));
     QCOMPARE(number->GetPureSuffix(), QStringLiteral("deg"));
+    bool ok = false;
+    QCOMPARE(number->GetValue(QStringLiteral("abc"), &ok), 3.0);
+    QVERIFY(ok);
 }
 
 ORIM_CORE_TEST_MAIN(tst_SuffixedDouble)
