@@ -64,6 +64,8 @@ private Q_SLOTS:
     void CountStaysBetween4And12();
     void FixedWidth_data();
     void FixedWidth();
+    void DigitsOfAFixedWidth_data();
+    void DigitsOfAFixedWidth();
     void OffsetIsWritten_data();
     void OffsetIsWritten();
     void ZeroIsExact_data();
@@ -312,6 +314,40 @@ void tst_axisDefinition::FixedWidth()
     QCOMPARE(search.count, count);
     QCOMPARE(search.At(0), atFirst);
     QCOMPARE(search.step, step);
+}
+
+void tst_axisDefinition::DigitsOfAFixedWidth_data()
+{
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("stop");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("minor");
+    QTest::addColumn<int>("left");
+    QTest::addColumn<double>("first");
+    QTest::addColumn<double>("offset");
+    QTest::newRow("degrees") << 0.0 << 360.0 << 1.0 << 30 << 2 << 3 << 0.0 << 0.0;
+    QTest::newRow("no tics") << 1.0 << 29.0 << 1.0 << 30 << 0 << 1 << 0.0 << 0.0;
+    QTest::newRow("of the displayed value") << 0.0 << 10e6 << 1e-6 << 2 << 3 << 2 << 0.0 << 0.0;
+    QTest::newRow("the last without an offset")
+        << 999.0 * 7.0 << 999.0 * 7.0 + 70.0 << 1.0 << 7 << 0 << 4 << 6993.0 << 0.0;
+    QTest::newRow("the first with an offset") << 7000.0 << 7070.0 << 1.0 << 7 << 0 << 4 << 0.0 << 7000.0;
+    QTest::newRow("the rest is first") << 1234.0 * 30.0 << 1240.0 * 30.0 << 1.0 << 30 << 2 << 5 << 7020.0 << 30000.0;
+    QTest::newRow("below zero") << -1240.0 * 30.0 << -1234.0 * 30.0 << 1.0 << 30 << 2 << 5 << -7200.0 << -30000.0;
+}
+
+void tst_axisDefinition::DigitsOfAFixedWidth()
+{
+    QFETCH(double, start);
+    QFETCH(double, stop);
+    QFETCH(double, factor);
+    QFETCH(int, width);
+    Search const search(start, stop, factor, width);
+    QTEST(search.minor, "minor");
+    QTEST(search.left, "left");
+    QCOMPARE(search.right, 0);
+    QTEST(search.first, "first");
+    QTEST(search.offset, "offset");
 }
 
 void tst_axisDefinition::OffsetIsWritten_data()

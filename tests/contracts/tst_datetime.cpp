@@ -68,6 +68,15 @@ void tst_DateTime::formats_data()
     row("other characters stay", "yyyy/MM_dd|", "2024/02_29|");
     row("three micro signs stay", "\xB5\xB5\xB5", "\xB5\xB5\xB5");
     row("empty", "", "");
+    auto const later = [](char const * name, char const * format, char const * text) {
+        QTest::newRow(name) << 1709211845 * Second + 7000 << QString::fromLatin1(format) << QString::fromLatin1(text);
+    };
+    later("hours, minutes and seconds", "hh:mm:ss", "13:04:05");
+    later("hours and minutes", "hh:mm", "13:04");
+    later("minutes and seconds below ten", "mm:ss", "04:05");
+    later("milliseconds below ten", "ss.zzz", "05.007");
+    later("behind a bracket", "[mm:ss.zzz", "[04:05.007");
+    later("behind dots", "... mm:ss.zzz", "... 04:05.007");
     QTest::newRow("milliseconds are cut, not rounded") << 1999ULL << QStringLiteral("zzz") << QStringLiteral("001");
     QTest::newRow("the highest stamp is a time")
         << LastStamp << QStringLiteral("MM-dd hh:mm:ss.zzz") << QStringLiteral("01-19 08:01:49.551");

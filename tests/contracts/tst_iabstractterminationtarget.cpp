@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 
 namespace {
 
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void BuiltMeanwhileIsNotTold();
     void CallFromInsideDoesNothing();
     void DoesNothingUnlessOverridden();
+    void DeletedThroughTheBase();
     void ApplicationsEndTells();
     void cleanup();
 };
@@ -160,6 +162,20 @@ void tst_IAbstractTerminationTarget::DoesNothingUnlessOverridden()
     target.aboutToTerminate();
     IAbstractTerminationTarget::TerminateAll();
     QCOMPARE(IAbstractTerminationTarget::GetCount(), 1);
+}
+
+void tst_IAbstractTerminationTarget::DeletedThroughTheBase()
+{
+    static_assert(std::has_virtual_destructor<IAbstractTerminationTarget>::value, "deleted through the base");
+    QStringList told;
+    auto const kept = std::make_shared<int>(0);
+    auto target = std::make_unique<Target>(QStringLiteral("a"), told);
+    target->action = [kept] { ++*kept; };
+    std::unique_ptr<IAbstractTerminationTarget> base = std::move(target);
+    QCOMPARE(kept.use_count(), 2L);
+    base.reset();
+    QCOMPARE(kept.use_count(), 1L); // the whole target has gone, not its base alone
+    QCOMPARE(IAbstractTerminationTarget::GetCount(), 0);
 }
 
 void tst_IAbstractTerminationTarget::ApplicationsEndTells()

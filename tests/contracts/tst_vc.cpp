@@ -6,7 +6,10 @@
 #include "ihaspropertypage.h"
 #include "testmain.h"
 
+#include <memory>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 class tst_VC : public QObject
 {
@@ -18,6 +21,7 @@ private Q_SLOTS:
     void paneNamesThemWithoutPrefix();
     void pageOperationsThatMayStayEmpty();
     void persistantPageIsFoundByCast();
+    void severalPages();
 };
 
 namespace {
@@ -57,6 +61,36 @@ public:
 
     QString m_path;
 };
+
+//! A provider of two pages.
+class Pages : public IHasMultiplePropertyPages
+{
+public:
+    explicit Pages(bool & isGone) : m_isGone(isGone) {}
+
+    Pages(Pages const &) = delete;
+    Pages & operator=(Pages const &) = delete;
+
+    ~Pages() override { m_isGone = true; }
+
+    std::vector<short> GetPropertyPageIds() override { return { 7, 3 }; }
+
+    QString GetPropertyPagePath(short id) override
+    {
+        return id == 7 ? QStringLiteral("A/B") : id == 3 ? QStringLiteral("A") : QString();
+    }
+
+    QWidget * GetPropertyPage(short, QWidget *, char const *) override { return nullptr; }
+
+private:
+    bool & m_isGone;
+};
+
+static_assert(std::is_same<decltype(std::declval<IHasPropertyPage &>().GetPropertyPagePath()), QString const &>::value,
+              "the path is lent");
+static_assert(std::has_virtual_destructor<IHasPropertyPage>::value, "deleted through the interface");
+static_assert(std::has_virtual_destructor<IHasMultiplePropertyPages>::value, "deleted through the interface");
+static_assert(std::has_virtual_destructor<IHasPersistantPropertyPage>::value, "deleted through the interface");
 
 } // namespace
 
@@ -116,6 +150,19 @@ void tst_VC::persistantPageIsFoundByCast()
     QCOMPARE(page.m_calls, QByteArray("wr"));
     PlainPage plain;
     QVERIFY(!dynamic_cast<IHasPersistantPropertyPage *>(static_cast<IHasPropertyPage *>(&plain)));
+}
+
+void tst_VC::severalPages()
+{
+    bool isGone = false;
+    std::unique_ptr<IHasMultiplePropertyPages> owned = std::make_unique<Pages>(isGone);
+    IHasMultiplePropertyPages & provider = *owned;
+    QVERIFY(provider.GetPropertyPageIds() == (std::vector<short>{ 7, 3 }));
+    QCOMPARE(provider.GetPropertyPagePath(7), QStringLiteral("A/B"));
+    QVERIFY(provider.GetPropertyPagePath(4).isEmpty());
+    QCOMPARE(provider.GetPropertyPage(4, nullptr, nullptr), nullptr);
+    owned.reset();
+    QVERIFY(isGone);
 }
 
 ORIM_CORE_TEST_MAIN(tst_VC)
