@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFont>
+#include <QTimer>
 #include <QUndoStack>
 
 namespace {
