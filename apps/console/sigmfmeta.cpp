@@ -2,6 +2,7 @@
 #include "sigmfmeta.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonParseError>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -110,6 +112,11 @@ std::optional<SigmfMeta> SigmfMeta::Parse(QByteArray const & json, QString & rea
 
 std::optional<SigmfMeta> SigmfMeta::Load(QString const & path, QString & error)
 {
+    QFileInfo const info(path);
+    if (info.exists() && !info.isFile()) { // a pipe would block for ever
+        error = tr("%1: is no file").arg(path);
+        return std::nullopt;
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         error = tr("%1: cannot be opened: %2").arg(path, file.errorString());
@@ -143,6 +150,11 @@ bool SigmfMeta::ReadGlobal(QJsonObject const & global, QString & reason)
         reason = tr("core:sample_rate is missing or not above 0 and at most %1 Hz").arg(MaxRate);
         return false;
     }
+    constexpr auto mostSamples = static_cast<double>(std::numeric_limits<qint64>::max());
+    if (!std::isfinite(mostSamples / m_sampleRate)) {
+        reason = tr("core:sample_rate is too low: the duration is not finite");
+        return false;
+    }
     std::optional<qint64> const channels = WholeNumber(global, QLatin1String("core:num_channels"), 1);
     if (!channels || *channels < 1 || *channels > MaxChannels) {
         reason = tr("core:num_channels is no number from 1 to %1").arg(MaxChannels);
@@ -167,6 +179,7 @@ bool SigmfMeta::ReadGlobal(QJsonObject const & global, QString & reason)
         reason = tr("core:dataset is no plain file name");
         return false;
     }
+    m_sha512 = TextOf(global, "core:sha512");
     m_description = TextOf(global, "core:description");
     m_author = TextOf(global, "core:author");
     m_hardware = TextOf(global, "core:hw");

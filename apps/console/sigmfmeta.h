@@ -83,7 +83,8 @@ public:
     //! Whether the samples are real-valued.
     bool IsReal() const { return !m_datatype.complex; }
 
-    //! Samples a second, Hz: above 0, at most MaxRate, not always an integer.
+    //! Samples a second, Hz: above 0, at most MaxRate, not always an integer; so high that every number of samples has
+    //! a finite duration.
     double SampleRate() const { return m_sampleRate; }
 
     //! Channels whose samples are interleaved, 1 to MaxChannels. The first is the one that is played.
@@ -97,6 +98,9 @@ public:
 
     //! Name of the data file in the folder of the metadata; empty: the name of the metadata file with ".sigmf-data".
     QString const & Dataset() const { return m_dataset; }
+
+    //! SHA-512 of the data file, hexadecimal; empty where none is told.
+    QString const & Sha512() const { return m_sha512; }
 
     QString const & Description() const { return m_description; }
 
@@ -128,6 +132,7 @@ private:
     qint64 m_offset = 0; // number of the first sample of the data file
     qint64 m_trailingBytes = 0;
     QString m_dataset;
+    QString m_sha512;
     QString m_description;
     QString m_author;
     QString m_hardware;

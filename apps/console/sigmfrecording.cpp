@@ -1,22 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "sigmfrecording.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <limits>
 #include <type_traits>
 #include <utility>
 
+#include <unistd.h>
+
 namespace {
 
 QLatin1String const MetaSuffix(".sigmf-meta");
 QLatin1String const DataSuffix(".sigmf-data");
+constexpr qint64 PieceBytes = 256 * 1024; // read at a time, at least one sample of all channels
+constexpr qint64 HashBytes = 1024 * 1024; // hashed at a time
 
 //! The unsigned integer that has the bytes of a number.
 template <class Number>
@@ -112,17 +118,18 @@ std::unique_ptr<SigmfRecording> SigmfRecording::Open(QString const & path, QStri
         return nullptr;
     }
     std::unique_ptr<SigmfRecording> recording(new SigmfRecording(std::move(*meta)));
-    return recording->Map(data, error) ? std::move(recording) : nullptr;
+    return recording->OpenData(data, error) ? std::move(recording) : nullptr;
 }
 
-bool SigmfRecording::Map(QString const & dataPath, QString & error)
+bool SigmfRecording::OpenData(QString const & dataPath, QString & error)
 {
     m_file.setFileName(dataPath);
-    if (!QFileInfo(dataPath).isFile()) {
-        error = tr("%1: the data file is missing").arg(dataPath);
+    QFileInfo const info(dataPath);
+    if (!info.isFile()) { // a pipe would block for ever
+        error = info.exists() ? tr("%1: is no file").arg(dataPath) : tr("%1: the data file is missing").arg(dataPath);
         return false;
     }
-    if (!m_file.open(QIODevice::ReadOnly)) {
+    if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         error = tr("%1: cannot be opened: %2").arg(dataPath, m_file.errorString());
         return false;
     }
@@ -131,12 +138,28 @@ bool SigmfRecording::Map(QString const & dataPath, QString & error)
         error = tr("%1: %2").arg(dataPath, reason);
         return false;
     }
-    m_data = m_file.map(0, m_file.size());
-    if (!m_data) {
-        error = tr("%1: cannot be mapped: %2").arg(dataPath, m_file.errorString());
+    if (!MatchesHash()) {
+        error = tr("%1: the data does not match core:sha512").arg(dataPath);
         return false;
     }
     return true;
+}
+
+//! True also where nothing is there to compare with, and for a file too long to be hashed.
+bool SigmfRecording::MatchesHash()
+{
+    qint64 const bytes = m_file.size();
+    if (m_meta.Sha512().isEmpty() || bytes > MaxHashed)
+        return true;
+    QCryptographicHash hash(QCryptographicHash::Sha512);
+    for (qint64 done = 0; done < bytes;) {
+        QByteArray const piece = m_file.read(std::min(HashBytes, bytes - done));
+        if (piece.isEmpty())
+            return false;
+        hash.addData(piece);
+        done += piece.size();
+    }
+    return QString::fromLatin1(hash.result().toHex()) == m_meta.Sha512().toLower();
 }
 
 bool SigmfRecording::Measure(qint64 bytes, QString & reason)
@@ -192,9 +215,6 @@ qint64 SigmfRecording::ReadSamples(qint64 position, Sample * out, qint64 count) 
 {
     if (position < 0 || position >= m_length)
         return 0;
-    qint64 const frame = m_meta.FrameBytes();
-    qint64 const present = m_file.size(); // touching a page behind the end of the file would end the program
-    Converter<Sample> const convert = ConverterOf<Sample>(m_meta.GetDatatype());
     auto extent = std::upper_bound(m_extents.begin(), m_extents.end(), position,
                                    [](qint64 at, Extent const & e) { return at < e.first; }) -
                   1;
@@ -203,15 +223,49 @@ qint64 SigmfRecording::ReadSamples(qint64 position, Sample * out, qint64 count) 
     while (done < wanted) {
         bool const last = extent + 1 == m_extents.end();
         qint64 const at = position + done;
-        qint64 const offset = extent->offset + (at - extent->first) * frame;
+        qint64 const offset = extent->offset + (at - extent->first) * m_meta.FrameBytes();
         qint64 const stretch = std::min(wanted - done, (last ? m_length : (extent + 1)->first) - at);
-        qint64 const part = std::min(stretch, (present - offset) / frame);
-        if (part > 0)
-            convert(m_data + offset, frame, !m_meta.IsReal(), out + done, part);
-        done += std::max<qint64>(part, 0);
+        qint64 const part = ReadStretch(offset, out + done, stretch);
+        done += part;
         if (part < stretch)
             break;
         ++extent;
+    }
+    return done;
+}
+
+//! Reads samples that lie in the file without a gap, from a byte of it on.
+template <class Sample>
+qint64 SigmfRecording::ReadStretch(qint64 offset, Sample * out, qint64 count) const
+{
+    qint64 const frame = m_meta.FrameBytes();
+    qint64 const most = std::max<qint64>(1, PieceBytes / frame);
+    Converter<Sample> const convert = ConverterOf<Sample>(m_meta.GetDatatype());
+    qint64 done = 0;
+    while (done < count) {
+        qint64 const wanted = std::min(count - done, most);
+        qint64 const got = ReadBytes(offset + done * frame, wanted * frame) / frame;
+        convert(m_piece.data(), frame, !m_meta.IsReal(), out + done, got);
+        done += got;
+        if (got < wanted)
+            break;
+    }
+    return done;
+}
+
+//! Reads bytes into m_piece; fewer where the file ends. A mapped file that another program cuts would end this one.
+qint64 SigmfRecording::ReadBytes(qint64 offset, qint64 bytes) const
+{
+    m_piece.resize(std::max(m_piece.size(), static_cast<std::size_t>(bytes)));
+    qint64 done = 0;
+    while (done < bytes) {
+        ssize_t const got =
+            ::pread(m_file.handle(), m_piece.data() + done, static_cast<std::size_t>(bytes - done), offset + done);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            break;
+        done += got;
     }
     return done;
 }

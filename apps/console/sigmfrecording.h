@@ -12,7 +12,8 @@
 #include <memory>
 #include <vector>
 
-//! The samples of a SigMF recording. The data file is mapped, never loaded; of several channels the first is read.
+//! The samples of a SigMF recording. The data file is read in pieces, never loaded; of several channels the first is
+//! read. Used from one thread at a time.
 //!
 //! Numbers become floats so that full scale is 1: those of 32 and 64 bit floating point as they stand, signed integers
 //! divided by the magnitude of their lowest, unsigned ones from -1 for the lowest to 1 for the highest. A floating
@@ -23,11 +24,13 @@ class SigmfRecording
 
 public:
     static constexpr float MaxMagnitude = 1e6F;
+    static constexpr qint64 MaxHashed = 256 * 1024 * 1024; //!< longest data file that is checked against core:sha512
 
     //! Opens a recording.
     //! \param path   path of the metadata file, which ends in ".sigmf-meta".
     //! \param error  receives the path of the file at fault and the reason; unchanged on success.
-    //! \return null when the recording was refused: the sizes it tells of are checked before any of them is used.
+    //! \return null when the recording was refused: the sizes it tells of are checked before any of them is used,
+    //!         and the data must match core:sha512 where the metadata has one.
     static std::unique_ptr<SigmfRecording> Open(QString const & path, QString & error);
     ~SigmfRecording();
     SigmfRecording(SigmfRecording const &) = delete;
@@ -62,15 +65,19 @@ private:
     };
 
     explicit SigmfRecording(SigmfMeta meta);
-    bool Map(QString const & dataPath, QString & error);
+    bool OpenData(QString const & dataPath, QString & error);
     bool Measure(qint64 bytes, QString & reason);
+    bool MatchesHash();
     template <class Sample>
     qint64 ReadSamples(qint64 position, Sample * out, qint64 count) const;
+    template <class Sample>
+    qint64 ReadStretch(qint64 offset, Sample * out, qint64 count) const;
+    qint64 ReadBytes(qint64 offset, qint64 bytes) const;
 
     SigmfMeta m_meta;
     QFile m_file;
-    uchar const * m_data = nullptr; // the mapped file
-    std::vector<Extent> m_extents;  // ascending, the first at sample 0
+    mutable std::vector<uchar> m_piece; // bytes read last
+    std::vector<Extent> m_extents;      // ascending, the first at sample 0
     qint64 m_length = 0;
 };
 

@@ -8,6 +8,8 @@
 
 #include <array>
 
+#include <sys/stat.h>
+
 class tst_SigmfMeta : public QObject
 {
     Q_OBJECT
@@ -32,6 +34,8 @@ private Q_SLOTS:
     void annotationsStayRaw();
     void missingFile();
     void folderInsteadOfFile();
+    void pipeInsteadOfFile();
+    void hashOfTheData();
     void reasonFollowsThePath();
     void longestFile();
     void realRecordings_data();
@@ -134,6 +138,11 @@ void tst_SigmfMeta::refused_data()
             << QByteArray("{\"global\": {\"core:datatype\": \"cu8\", \"core:sample_rate\": ").append(rate).append("}}")
             << "core:sample_rate";
     }
+    for (char const * rate : { "5e-324", "1e-290" }) {
+        QTest::newRow(QByteArray("rate ").append(rate).constData())
+            << QByteArray("{\"global\": {\"core:datatype\": \"cu8\", \"core:sample_rate\": ").append(rate).append("}}")
+            << "core:sample_rate is too low: the duration is not finite";
+    }
     QTest::newRow("no rate") << QByteArray("{\"global\": {\"core:datatype\": \"cu8\"}}") << "core:sample_rate";
     for (char const * channels : { "0", "-1", "1.5", "4097", "4294967295", "1e300", "\"2\"" }) {
         QTest::newRow(QByteArray("channels ").append(channels).constData())
@@ -196,7 +205,7 @@ void tst_SigmfMeta::accepted_data()
     QTest::newRow("highest rate") << QByteArray(
         "{\"global\": {\"core:datatype\": \"cu8\", \"core:sample_rate\": 1e12}}");
     QTest::newRow("lowest rate") << QByteArray(
-        "{\"global\": {\"core:datatype\": \"cu8\", \"core:sample_rate\": 5e-324}}");
+        "{\"global\": {\"core:datatype\": \"cu8\", \"core:sample_rate\": 1e-289}}");
     QTest::newRow("most channels") << SigmfFiles::Meta("cu8", "\"core:num_channels\": 4096");
     QTest::newRow("highest frequency") << SigmfFiles::Meta("cu8", "",
                                                            "{\"core:sample_start\": 0, \"core:frequency\": 1e12}");
@@ -360,7 +369,26 @@ void tst_SigmfMeta::folderInsteadOfFile()
     QTemporaryDir const folder;
     QString error;
     QVERIFY(!SigmfMeta::Load(folder.path(), error).has_value());
-    QVERIFY2(error.startsWith(folder.path() + QLatin1String(": cannot be ")), qPrintable(error));
+    QCOMPARE(error, folder.path() + QLatin1String(": is no file"));
+}
+
+void tst_SigmfMeta::pipeInsteadOfFile()
+{
+    SigmfFiles const files;
+    QString const path = files.Path(QStringLiteral("r.sigmf-meta"));
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QString error;
+    QVERIFY(!SigmfMeta::Load(path, error).has_value());
+    QCOMPARE(error, path + QLatin1String(": is no file"));
+}
+
+void tst_SigmfMeta::hashOfTheData()
+{
+    QString reason;
+    auto const meta = SigmfMeta::Parse(SigmfFiles::Meta("cu8", "\"core:sha512\": \"12ab\""), reason);
+    QVERIFY2(meta.has_value(), qPrintable(reason));
+    QCOMPARE(meta->Sha512(), QStringLiteral("12ab"));
+    QVERIFY(SigmfMeta::Parse(SigmfFiles::Meta("cu8"), reason)->Sha512().isEmpty());
 }
 
 void tst_SigmfMeta::reasonFollowsThePath()

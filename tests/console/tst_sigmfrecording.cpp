@@ -4,13 +4,18 @@
 #include "sigmffiles.h"
 #include "testmain.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QtEndian>
 
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <limits>
+#include <thread>
 #include <type_traits>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -88,11 +93,17 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void missingData();
+    void pipeInsteadOfData();
+    void hashOfTheData_data();
+    void hashOfTheData();
+    void longFileIsNotHashed();
     void wrongName();
     void missingMeta();
     void readAtTheEnds_data();
     void readAtTheEnds();
+    void longRead();
     void shrunkFile();
+    void fileCutWhileItIsRead();
     void duration();
     void realRecordings_data();
     void realRecordings();
@@ -325,7 +336,61 @@ void tst_SigmfRecording::missingData()
     QCOMPARE(error, files.Path(QStringLiteral("r.sigmf-data")) + QLatin1String(": the data file is missing"));
     QVERIFY(QDir().mkdir(files.Path(QStringLiteral("r.sigmf-data"))));
     QVERIFY(!SigmfRecording::Open(meta, error));
-    QVERIFY2(error.endsWith(QLatin1String("the data file is missing")), qPrintable(error));
+    QCOMPARE(error, files.Path(QStringLiteral("r.sigmf-data")) + QLatin1String(": is no file"));
+}
+
+void tst_SigmfRecording::pipeInsteadOfData()
+{
+    SigmfFiles const files;
+    QString const meta = files.Write(QStringLiteral("r.sigmf-meta"), SigmfFiles::Meta("cu8"));
+    QString const data = files.Path(QStringLiteral("r.sigmf-data"));
+    QCOMPARE(mkfifo(QFile::encodeName(data).constData(), 0600), 0);
+    QString error;
+    QVERIFY(!SigmfRecording::Open(meta, error));
+    QCOMPARE(error, data + QLatin1String(": is no file"));
+}
+
+void tst_SigmfRecording::hashOfTheData_data()
+{
+    QTest::addColumn<QByteArray>("hash");
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<bool>("taken");
+    QByteArray const abc("ddaf35a193617abacc417349ae20413112e6fa4e89a97ea20a9eeee64b55d39a"
+                         "2192992a274fc1a836ba3c23a3feebbd454d4423643ce80e2a9ac94fa54ca49f");
+    QByteArray const pieces = QByteArray("0123456789").repeated(262145); // two and a half pieces
+    QByteArray const piecesHash = QCryptographicHash::hash(pieces, QCryptographicHash::Sha512).toHex();
+    QTest::newRow("the whole file") << abc << QByteArray("abc") << true;
+    QTest::newRow("in capitals") << abc.toUpper() << QByteArray("abc") << true;
+    QTest::newRow("cut at a sample") << abc << QByteArray("ab") << false;
+    QTest::newRow("another sample") << abc << QByteArray("abd") << false;
+    QTest::newRow("a sample more") << abc << QByteArray("abcd") << false;
+    QTest::newRow("cut hash") << abc.left(64) << QByteArray("abc") << false;
+    QTest::newRow("several pieces") << piecesHash << pieces << true;
+    QTest::newRow("several pieces, the last cut") << piecesHash << pieces.left(pieces.size() - 1) << false;
+    QTest::newRow("none told") << QByteArray() << QByteArray("abc") << true;
+}
+
+void tst_SigmfRecording::hashOfTheData()
+{
+    QFETCH(QByteArray, hash);
+    QFETCH(QByteArray, data);
+    QFETCH(bool, taken);
+    SigmfFiles const files;
+    QString error;
+    auto const recording =
+        SigmfRecording::Open(files.Recording(SigmfFiles::Meta("ru8", "\"core:sha512\": \"" + hash + '"'), data), error);
+    QCOMPARE(recording != nullptr, taken);
+    QCOMPARE(error,
+             taken ? QString() : files.Path(QStringLiteral("r.sigmf-data: the data does not match core:sha512")));
+}
+
+void tst_SigmfRecording::longFileIsNotHashed()
+{
+    SigmfFiles const files;
+    QString const meta = files.Recording(SigmfFiles::Meta("ru8", "\"core:sha512\": \"00\""), "abc");
+    QVERIFY(QFile::resize(files.Path(QStringLiteral("r.sigmf-data")), SigmfRecording::MaxHashed + 1));
+    QString error;
+    QVERIFY2(SigmfRecording::Open(meta, error), qPrintable(error));
 }
 
 void tst_SigmfRecording::wrongName()
@@ -372,6 +437,23 @@ void tst_SigmfRecording::readAtTheEnds()
     QTEST(recording->Read(position, samples.data(), count), "read");
 }
 
+void tst_SigmfRecording::longRead()
+{
+    SigmfFiles const files;
+    QByteArray data;
+    for (int i = 0; i < 1000000; ++i)
+        Append(data, static_cast<qint16>(i % 30011), false);
+    QString error;
+    auto const recording = SigmfRecording::Open(files.Recording(SigmfFiles::Meta("ri16_le"), data), error);
+    QVERIFY2(recording, qPrintable(error));
+    std::vector<float> samples(999999);
+    QCOMPARE(recording->Read(1, samples.data(), 999999), qint64(999999));
+    int wrong = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        wrong += samples[i] != static_cast<float>((i + 1) % 30011) / 32768.0F;
+    QCOMPARE(wrong, 0);
+}
+
 void tst_SigmfRecording::shrunkFile()
 {
     SigmfFiles const files;
@@ -383,6 +465,33 @@ void tst_SigmfRecording::shrunkFile()
     std::vector<float> samples(20000);
     QCOMPARE(recording->Read(0, samples.data(), 20000), qint64(10));
     QCOMPARE(recording->Read(15000, samples.data(), 1), qint64(0));
+}
+
+void tst_SigmfRecording::fileCutWhileItIsRead()
+{
+    constexpr qint64 size = 1000000;
+    SigmfFiles const files;
+    QString const data = files.Path(QStringLiteral("r.sigmf-data"));
+    QString error;
+    auto const recording =
+        SigmfRecording::Open(files.Recording(SigmfFiles::Meta("ru8"), QByteArray(static_cast<int>(size), 'a')), error);
+    QVERIFY2(recording, qPrintable(error));
+    std::atomic<bool> over{ false };
+    std::thread cutter([&] {
+        while (!over) {
+            QFile::resize(data, 10);
+            QFile::resize(data, size);
+        }
+    });
+    std::vector<float> samples(static_cast<std::size_t>(size));
+    bool bounded = true;
+    for (int i = 0; i < 200; ++i) {
+        qint64 const read = recording->Read(0, samples.data(), size);
+        bounded = bounded && read >= 10 && read <= size;
+    }
+    over = true;
+    cutter.join();
+    QVERIFY(bounded);
 }
 
 void tst_SigmfRecording::duration()

@@ -24,8 +24,8 @@ using Random = std::mt19937_64;
 constexpr std::array<char const *, 14> Lies{ { "4294967295", "-1", "1e300", "-1e300", "0.5", "9007199254740993",
                                                "18446744073709551615", "\"7\"", "null", "true", "NaN", "[]", "{}",
                                                "1e-320" } };
-constexpr std::array<char const *, 10> NoRates{ { "0", "-1", "NaN", "1e300", "-1e300", "\"48000\"", "null", "-0.0",
-                                                  "1e13", "[48000]" } };
+constexpr std::array<char const *, 11> NoRates{ { "0", "-1", "NaN", "1e300", "-1e300", "\"48000\"", "null", "-0.0",
+                                                  "1e13", "[48000]", "5e-324" } };
 constexpr std::array<char const *, 8> Types{ { "cf32_le", "cf64_be", "ri32_le", "cu32_be", "ri16_be", "cu16_le", "ci8",
                                                "ru8" } };
 constexpr rlim_t MostAddresses = 1024UL * 1024UL * 1024UL;
@@ -258,8 +258,9 @@ void tst_SigmfRecordingHostile::recordingsThatLie()
             QVERIFY2(Broken(std::move(recording), size).isEmpty(), where.constData());
     }
     QVERIFY(slowest < 1000);
-    std::printf("recordings that lie: %lld, %lld refused, seed %llu, slowest %lld ms, peak address space %ld MB\n",
-                count, refused, TestStage::Seed(), static_cast<long long>(slowest), PeakAddressSpace());
+    std::printf(
+        "figures: recordings that lie: %lld, %lld refused, seed %llu, slowest %lld ms, peak address space %ld MB\n",
+        count, refused, TestStage::Seed(), static_cast<long long>(slowest), PeakAddressSpace());
 }
 
 ORIM_CORE_TEST_MAIN(tst_SigmfRecordingHostile)
