@@ -22,7 +22,8 @@ std::shared_ptr<SpectrumLine const> LineMaker::Make(quint64 number, double secon
     auto line = std::make_shared<SpectrumLine>();
     double const duration = m_source.Duration();
     double const at = std::isfinite(seconds) ? seconds : 0.0;
-    double const folded = duration > 0.0 ? std::fmod(std::fmod(at, duration) + duration, duration) : std::max(at, 0.0);
+    bool const isRing = duration > 0.0 && std::isfinite(duration);
+    double const folded = isRing ? std::fmod(std::fmod(at, duration) + duration, duration) : std::max(at, 0.0);
     double const rate = m_source.SampleRate();
     double const middle = folded * rate;
     double const sliceSamples = std::isfinite(slice) && slice > 0.0 ? slice * rate : 0.0;

@@ -32,6 +32,15 @@ qint64 LinePacer::Due(qint64 nanoseconds)
     return most;
 }
 
+void LinePacer::SkipLate(qint64 nanoseconds)
+{
+    qint64 const late = toInt<qint64>(std::max(Elapsed(nanoseconds), 0.0)) - m_index - 1;
+    if (late <= 0)
+        return;
+    m_skipped += static_cast<quint64>(late);
+    m_index += late;
+}
+
 qint64 LinePacer::Wait(qint64 nanoseconds) const
 {
     double const periods = static_cast<double>(m_index + 1) - Elapsed(nanoseconds);

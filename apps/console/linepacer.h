@@ -24,6 +24,9 @@ public:
     //! \return lines that are due now, 0 and above.
     qint64 Due(qint64 nanoseconds);
 
+    //! Skips all lines that are due at a time but the latest.
+    void SkipLate(qint64 nanoseconds);
+
     //! Passes on to the next line.
     void Advance() { ++m_index; }
 

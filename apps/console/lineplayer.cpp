@@ -91,9 +91,10 @@ void LinePlayer::Seek(double seconds)
     if (!std::isfinite(seconds))
         return;
     double const ahead = std::max(seconds, 0.0);
-    double const from = m_duration > 0.0 ? std::fmod(ahead, m_duration) : ahead;
+    bool const isRing = m_duration > 0.0 && std::isfinite(m_duration);
+    double const from = isRing ? std::fmod(ahead, m_duration) : ahead;
     if (m_pWorker)
-        m_pWorker->ShowPosition(from);
+        m_pWorker->AskPosition(from);
     Send([from](LineWorker & worker) { worker.Seek(from); });
 }
 

@@ -76,7 +76,8 @@ void LineWorker::Seek(double seconds)
 {
     Anchor();
     m_origin = seconds;
-    ShowPosition(seconds);
+    m_position = seconds;
+    --m_openSeeks;
     Announce();
 }
 
@@ -104,10 +105,13 @@ void LineWorker::Anchor()
 {
     if (!m_running || !m_playing)
         return;
+    qint64 const now = m_clock.nsecsElapsed();
+    m_pacer.SkipLate(now);
+    m_skipped = m_pacer.Skipped();
     double const duration = m_pSource->Duration();
     double const next = LineSeconds(static_cast<double>(m_pacer.Index()));
-    m_origin = duration > 0.0 ? std::fmod(next, duration) : next;
-    m_pacer.SetRate(m_clock.nsecsElapsed(), m_rate);
+    m_origin = duration > 0.0 && std::isfinite(duration) ? std::fmod(next, duration) : next;
+    m_pacer.SetRate(now, m_rate);
 }
 
 void LineWorker::Arm()

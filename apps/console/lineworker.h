@@ -41,6 +41,7 @@ public:
 
     void SetLineRate(double linesPerSecond);
     void SetSpeed(double speed);
+    //! Answers one AskPosition().
     void Seek(double seconds);
 
     //! Thread-safe: the receiver of signalBatch() is about to take the lines; from now on the next line signals again.
@@ -51,9 +52,15 @@ public:
 
     quint64 Skipped() const { return m_skipped; }
 
-    double Position() const { return m_position; }
+    double Position() const { return m_openSeeks > 0 ? m_asked : m_position; }
 
-    void ShowPosition(double seconds) { m_position = seconds; }
+    //! Thread-safe: the position that a Seek() which is on its way asks for. It is the position until all are answered,
+    //! whatever line is made meanwhile.
+    void AskPosition(double seconds)
+    {
+        m_asked = seconds;
+        ++m_openSeeks;
+    }
 
 Q_SIGNALS:
     //! Lines lie in the queue; raised once until Acknowledge().
@@ -82,6 +89,8 @@ private:
     std::atomic<quint64> m_produced{ 0 };
     std::atomic<quint64> m_skipped{ 0 };
     std::atomic<double> m_position{ 0.0 };
+    std::atomic<double> m_asked{ 0.0 };
+    std::atomic<int> m_openSeeks{ 0 }; // asked for and not yet answered
 };
 
 #endif

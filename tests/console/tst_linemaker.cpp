@@ -20,7 +20,7 @@ class TestSource : public ISampleSource
 public:
     TestSource(qint64 length, bool real) : m_length(length), m_real(real) {}
 
-    double SampleRate() const override { return 1000.0; }
+    double SampleRate() const override { return rate; }
 
     bool IsReal() const override { return m_real; }
 
@@ -43,6 +43,7 @@ public:
 
     std::vector<qint64> starts;
     qint64 most = 1000000;
+    double rate = 1000.0;
 
 private:
     qint64 m_length;
@@ -100,6 +101,7 @@ private Q_SLOTS:
     void foldedSeconds();
     void endlessSeconds_data();
     void endlessSeconds();
+    void durationThatIsNotFinite();
     void frequencyOfTheMiddle();
     void realSpan();
     void missingSamplesAreSilence();
@@ -217,6 +219,16 @@ void tst_LineMaker::endlessSeconds()
     TestSource source(0, false);
     LineMaker maker(source);
     QTEST(maker.Make(0, seconds, 0.02)->seconds, "kept");
+}
+
+void tst_LineMaker::durationThatIsNotFinite()
+{
+    TestSource source(10000, false);
+    source.rate = 5e-324;
+    QVERIFY(std::isinf(source.Duration()));
+    LineMaker maker(source);
+    QCOMPARE(maker.Make(0, 2.5, 0.02)->seconds, 2.5);
+    QCOMPARE(maker.Make(0, -2.5, 0.02)->seconds, 0.0);
 }
 
 void tst_LineMaker::frequencyOfTheMiddle()

@@ -36,6 +36,9 @@ private Q_SLOTS:
     void stallIsCaughtUp();
     void longStallIsSkipped();
     void fastRateCatchesUpItsTime();
+    void lateLinesAreSkipped();
+    void skipsNothingInTime_data();
+    void skipsNothingInTime();
     void waitUntilTheNext_data();
     void waitUntilTheNext();
     void rateChangeKeepsThePart();
@@ -154,6 +157,37 @@ void tst_LinePacer::fastRateCatchesUpItsTime()
     pacer.Start(0, 1000.0);
     QCOMPARE(pacer.Due(Second), qint64(100));
     QCOMPARE(pacer.Skipped(), quint64(900));
+}
+
+void tst_LinePacer::lateLinesAreSkipped()
+{
+    LinePacer pacer;
+    pacer.Start(0, 50.0);
+    pacer.SkipLate(110000000);
+    QCOMPARE(pacer.Skipped(), quint64(4));
+    QCOMPARE(pacer.Index(), qint64(4));
+    QCOMPARE(pacer.Due(110000000), qint64(1));
+    pacer.SkipLate(110000000);
+    QCOMPARE(pacer.Skipped(), quint64(4));
+}
+
+void tst_LinePacer::skipsNothingInTime_data()
+{
+    QTest::addColumn<qint64>("now");
+    QTest::newRow("before the start") << -Second;
+    QTest::newRow("at the start") << qint64(0);
+    QTest::newRow("the first is due") << Second / 50;
+    QTest::newRow("just before the second") << Second / 25 - 1;
+}
+
+void tst_LinePacer::skipsNothingInTime()
+{
+    QFETCH(qint64, now);
+    LinePacer pacer;
+    pacer.Start(0, 50.0);
+    pacer.SkipLate(now);
+    QCOMPARE(pacer.Skipped(), quint64(0));
+    QCOMPARE(pacer.Index(), qint64(0));
 }
 
 void tst_LinePacer::waitUntilTheNext_data()

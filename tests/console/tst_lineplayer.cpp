@@ -2,6 +2,8 @@
 #include "lineplayer.h"
 
 #include "isamplesource.h"
+#include "linequeue.h"
+#include "lineworker.h"
 #include "testmain.h"
 
 #include <QElapsedTimer>
@@ -17,7 +19,10 @@ namespace {
 class TestSource : public ISampleSource
 {
 public:
-    explicit TestSource(qint64 length, std::atomic<int> * alive = nullptr) : m_length(length), m_alive(alive)
+    explicit TestSource(qint64 length, std::atomic<int> * alive = nullptr, double rate = 1000.0)
+        : m_length(length)
+        , m_alive(alive)
+        , m_rate(rate)
     {
         if (m_alive)
             ++*m_alive;
@@ -29,7 +34,7 @@ public:
             --*m_alive;
     }
 
-    double SampleRate() const override { return 1000.0; }
+    double SampleRate() const override { return m_rate; }
 
     bool IsReal() const override { return false; }
 
@@ -50,6 +55,7 @@ public:
 private:
     qint64 m_length;
     std::atomic<int> * m_alive;
+    double m_rate;
     qint64 m_position = 0;
 };
 
@@ -99,6 +105,9 @@ private Q_SLOTS:
     void seek_data();
     void seek();
     void seekBeforeStart();
+    void seekOnItsWay();
+    void seekOfADurationThatIsNotFinite();
+    void orderAfterAStallCountsWhatItSkips();
     void stopIsSafeTwice();
     void startGoesOn();
     void changesWhilePlaying();
@@ -409,6 +418,53 @@ void tst_LinePlayer::seekBeforeStart()
     player.Start();
     QVERIFY(WaitForLines(player, 3));
     QCOMPARE(TakeAll(player).front()->seconds, 4.005);
+}
+
+void tst_LinePlayer::seekOnItsWay()
+{
+    LineQueue queue(64);
+    LineWorker worker(Source(5000), queue);
+    worker.Begin();
+    worker.AskPosition(2.0);
+    worker.AskPosition(1.5);
+    QTRY_VERIFY(worker.Produced() > 0); // these lines are from the beginning
+    QCOMPARE(worker.Position(), 1.5);
+    worker.Seek(2.0);
+    QCOMPARE(worker.Position(), 1.5);
+    worker.Seek(1.5);
+    QCOMPARE(worker.Position(), 1.5);
+    QTRY_VERIFY(worker.Position() > 1.5);
+    worker.End();
+}
+
+void tst_LinePlayer::seekOfADurationThatIsNotFinite()
+{
+    LinePlayer player(std::make_unique<TestSource>(5000, nullptr, 5e-324));
+    QVERIFY(std::isinf(player.Duration()));
+    player.Start();
+    player.Seek(1.5);
+    QCOMPARE(player.Position(), 1.5);
+    player.SetSpeed(2.0);
+    QVERIFY(WaitForLines(player, 1));
+    player.Stop();
+    for (auto const & line : TakeAll(player))
+        QVERIFY2(line->seconds >= 0.0, QByteArray::number(line->seconds).constData()); // false for NaN
+}
+
+void tst_LinePlayer::orderAfterAStallCountsWhatItSkips()
+{
+    LineQueue queue(64);
+    LineWorker worker(Source(0), queue);
+    worker.SetLineRate(1000.0);
+    worker.Begin();
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 50) // the thread of the worker is this one
+        QThread::yieldCurrentThread();
+    worker.SetSpeed(2.0);
+    QVERIFY2(worker.Skipped() >= 48, QByteArray::number(worker.Skipped()).constData());
+    QCOMPARE(worker.Produced(), quint64(0));
+    worker.End();
 }
 
 void tst_LinePlayer::stopIsSafeTwice()
