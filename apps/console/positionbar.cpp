@@ -184,7 +184,7 @@ void PositionBar::slotBarMoved(int value)
 {
     m_position = ValueToSeconds(value);
     ShowTexts();
-    Q_EMIT signalSeek(m_position);
+    Q_EMIT signalSeek(std::min(m_position, std::nextafter(m_duration, 0.0))); // the very end folds to the beginning
 }
 
 //! Moves the bar when that moves it by a pixel.

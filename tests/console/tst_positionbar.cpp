@@ -188,7 +188,7 @@ void tst_PositionBar::keysSeek_data()
     QTest::newRow("page up: five percent on") << int(Qt::Key_PageUp) << 55.0;
     QTest::newRow("page down: five percent back") << int(Qt::Key_PageDown) << 45.0;
     QTest::newRow("home: the beginning") << int(Qt::Key_Home) << 0.0;
-    QTest::newRow("end: the end") << int(Qt::Key_End) << 100.0;
+    QTest::newRow("end: the last moment, the end is the beginning") << int(Qt::Key_End) << std::nextafter(100.0, 0.0);
 }
 
 void tst_PositionBar::keysSeek()
@@ -200,7 +200,7 @@ void tst_PositionBar::keysSeek()
     QSignalSpy const seeks(&bar, &PositionBar::signalSeek);
     QTest::keyClick(bar.Slider(), static_cast<Qt::Key>(key));
     QCOMPARE(seeks.count(), 1);
-    QCOMPARE(LastSeek(seeks), position);
+    QVERIFY2(LastSeek(seeks) == position, qPrintable(QString::number(LastSeek(seeks), 'g', 17)));
 }
 
 void tst_PositionBar::spacePlaysAndPauses()
