@@ -29,13 +29,11 @@ bool IsIndexOf(int index, std::vector<QColor> const & colors)
     return index >= 0 && static_cast<std::size_t>(index) < colors.size();
 }
 
-std::size_t Capped(std::size_t count) { return std::min(count, ColorSetText::MaxColors); }
-
 } // namespace
 
 ShadingColorSet::ShadingColorSet() = default;
 
-ShadingColorSet::ShadingColorSet(std::size_t count, bool smooth) : m_Colors(Capped(count)), m_Smooth(smooth) {}
+ShadingColorSet::ShadingColorSet(std::size_t count, bool smooth) : m_Colors(count), m_Smooth(smooth) {}
 
 ShadingColorSet::ShadingColorSet(ShadingColorSet const & other)
     : m_Colors(other.m_Colors)
@@ -158,7 +156,7 @@ bool ShadingColorSet::SetColorNr(int index, QColor color)
 
 void ShadingColorSet::Resize(std::size_t count)
 {
-    m_Colors.resize(Capped(count), QColor(Qt::white));
+    m_Colors.resize(count, QColor(Qt::white));
     m_colorsChanged = true;
 }
 

@@ -22,7 +22,7 @@ class ORIMWIDGETS_EXPORT ShadingColorSet
 public:
     //! Two black colours, smooth, over the caller's range.
     ShadingColorSet();
-    //! \a count invalid colours, 65,536 at most; everything else as in a default set.
+    //! \a count invalid colours; everything else as in a default set.
     ShadingColorSet(std::size_t count, bool smooth);
     //! Copies everything, the name, the writeable flag and the use as index included.
     ShadingColorSet(ShadingColorSet const & other);
@@ -53,7 +53,7 @@ public:
     QColor GetColorNr(int index, bool & ok) const;
     //! \return false for an index outside the list; nothing changes then.
     bool SetColorNr(int index, QColor color);
-    //! Number of colours, 65,536 at most. New ones are white, a shrink cuts from the end.
+    //! Number of colours. New ones are white, a shrink cuts from the end.
     void Resize(std::size_t count);
 
     std::size_t GetLength() const { return m_Colors.size(); }
@@ -124,8 +124,8 @@ public:
     void SetPureIndexUse(bool on) { m_PureIndexUse = on; }
 
     //! What to call when a colour is asked of an empty list, a fault of the colour configuration: it may restore the
-    //! factory colours, and so refill the set that is asked. Not called from within
-    //! itself. Null, as at the start: nothing but black.
+    //! factory colours, and so refill the set that is asked, but must not delete it: the set goes on after the hook.
+    //! Not called from within itself. Null, as at the start: nothing but black.
     static void SetEmptyListHook(void (*hook)());
 
 private:

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -50,6 +51,16 @@ void AskingHook()
     empty.GetColor(0.0, 0.0, 1.0, false);
 }
 
+static_assert(std::is_polymorphic_v<ShadingColorSet>);
+static_assert(!std::has_virtual_destructor_v<ShadingColorSet>);
+
+//! Answers every value with one colour.
+class GreenSet final : public ShadingColorSet
+{
+public:
+    QColor GetColor(double /*value*/, double /*min*/, double /*max*/, bool /*inverse*/) override { return Green; }
+};
+
 } // namespace
 
 class tst_shadingcolorset : public QObject
@@ -62,9 +73,10 @@ private Q_SLOTS:
 
     void aDefaultSet();
     void aSetOfGivenLength();
-    void anAbsurdLengthIsCapped();
+    void onlyTheCountOfATextIsCapped();
     void getColor_data();
     void getColor();
+    void anOverrideIsCalledThroughTheBase();
     void theResultOfBlendingIsOpaque();
     void rangeIsNormalised_data();
     void rangeIsNormalised();
@@ -131,13 +143,20 @@ void tst_shadingcolorset::aSetOfGivenLength()
     QCOMPARE(ShadingColorSet(0, true).GetLength(), std::size_t{ 0 });
 }
 
-void tst_shadingcolorset::anAbsurdLengthIsCapped()
+void tst_shadingcolorset::onlyTheCountOfATextIsCapped()
 {
-    std::size_t const absurd = std::numeric_limits<std::size_t>::max();
-    QCOMPARE(ShadingColorSet(absurd, true).GetLength(), std::size_t{ 65536 });
-    ShadingColorSet set;
-    set.Resize(absurd);
-    QCOMPARE(set.GetLength(), std::size_t{ 65536 });
+    QCOMPARE(SetOf(QStringLiteral("V02;70000;1;0;0;100;0;0;0;#000000;")).GetLength(), std::size_t{ 65536 });
+    ShadingColorSet set(70000, false);
+    QCOMPARE(set.GetLength(), std::size_t{ 70000 });
+    set.Resize(80000);
+    QCOMPARE(set.GetLength(), std::size_t{ 80000 });
+    set.SetPureIndexUse(true);
+    QVERIFY(set.SetColorNr(79999, Red));
+    double const last = 79999.0;
+    QRgb out = 0;
+    set.GetColors(&last, &out, 1, 0.0, 1.0, false);
+    QCOMPARE(out, Red.rgb());
+    QCOMPARE(set.GetColor(last, 0.0, 1.0, false), Red);
 }
 
 void tst_shadingcolorset::getColor_data()
@@ -233,6 +252,11 @@ void tst_shadingcolorset::getColor_data()
     range("wrap blend: half a turn", CompassRamp, 540.0, 1.0, false, GreyLevel(127));
     range("wrap blend: NaN is no colour", CompassRamp, NaN, 1.0, false, QColor());
     range("wrap blend: minus infinite is no colour", CompassRamp, -Infinity, 1.0, false, QColor());
+    range("wrap blend, inverse: a whole turn is the last colour", CompassRamp, 360.0, 1.0, true, GreyLevel(255));
+    range("wrap: the offset is added before folding",
+          QStringLiteral("V02;3;0;1;0;360;120;1;0;#000000;#ff0000;#00ff00;#0000ff;"), 300.0, 1.0, false, Red);
+    range("fixed blend: the offset is added", QStringLiteral("V02;2;1;1;10;20;2.5;0;0;#000000;#000000;#ffffff;"), 10.0,
+          1.0, false, GreyLevel(63));
     range("wrap without a fixed range does not fold", QStringLiteral("V02;2;1;0;0;10;0;1;0;#000000;#000000;#ffffff;"),
           12.0, 10.0, false, Grey);
 
@@ -282,6 +306,13 @@ void tst_shadingcolorset::getColor()
         QVERIFY(std::abs(qBlue(pixel) - result.blue()) <= (set.GetSmooth() ? 1 : 0));
         QCOMPARE(qAlpha(pixel), 255);
     }
+}
+
+void tst_shadingcolorset::anOverrideIsCalledThroughTheBase()
+{
+    GreenSet green;
+    ShadingColorSet & base = green;
+    QCOMPARE(base.GetColor(0.0, 0.0, 1.0, false), Green);
 }
 
 void tst_shadingcolorset::theResultOfBlendingIsOpaque()
@@ -441,6 +472,7 @@ void tst_shadingcolorset::theListIsGivenByReference()
 
 void tst_shadingcolorset::textOfADefaultSet()
 {
+    QCOMPARE(ShadingColorSet(1, false).GetString(), QStringLiteral("V02;1;0;0;0;100;0;0;0;#000000;#000000;"));
     QCOMPARE(ShadingColorSet().GetString(), QStringLiteral("V02;2;1;0;0;100;0;0;0;#000000;#000000;#000000;"));
 }
 
@@ -512,6 +544,12 @@ void tst_shadingcolorset::colorsBeyondTheFieldLimitStayWhite()
     ShadingColorSet assigned;
     assigned = SetOf(line);
     QCOMPARE(assigned.GetLength(), std::size_t{ 40 });
+    QCOMPARE(assigned.GetColorNr(34, ok), QColor(Qt::white));
+
+    ShadingColorSet full = SetOf(line);
+    QVERIFY(full.SetColorNr(34, Red));
+    assigned = full;
+    QCOMPARE(assigned.GetColorNr(33, ok), full.GetColorNr(33, ok));
     QCOMPARE(assigned.GetColorNr(34, ok), QColor(Qt::white));
 }
 
