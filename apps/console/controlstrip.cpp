@@ -38,6 +38,17 @@ void ShowNumber(QDoubleSpinBox * box, IValueNumeric const * value, double unit)
     box->setValue(value->GetNumericValue() / unit);
 }
 
+//! The number of a box in the unit of the value: at an end of the box, whose ends are rounded to its decimals, the
+//! limit itself.
+double ReadNumber(QDoubleSpinBox const * box, IValueNumeric const * value, double unit)
+{
+    if (value && box->value() >= box->maximum())
+        return value->GetNumericMax();
+    if (value && box->value() <= box->minimum())
+        return value->GetNumericMin();
+    return box->value() * unit;
+}
+
 } // namespace
 
 ControlStrip::ControlStrip(QWidget * parent) : QWidget(parent), m_pLayout(new FlowLayout(this))
@@ -84,8 +95,8 @@ QDoubleSpinBox * ControlStrip::AddNumber(QString const & name, QString const & l
         [this, box, place, unit] { ShowNumber(box, m_followers[place]->Numeric(), unit); }));
     ValueFollower * const follower = m_followers.back().get();
     follower->Bind(path);
-    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [box, follower, unit](double number) {
-        follower->SetNumber(number * unit);
+    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [box, follower, unit] {
+        follower->SetNumber(ReadNumber(box, follower->Numeric(), unit));
         ShowNumber(box, follower->Numeric(), unit); // also when the value did not move
     });
     AddControl(label, box);

@@ -11,9 +11,11 @@
 #include "waterfallpane.h"
 
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QSlider>
+#include <QThread>
 #include <QTimerEvent>
 #include <QToolButton>
 
@@ -39,6 +41,10 @@ private Q_SLOTS:
     void controlsWriteTheValues();
     void controlsFollowTheValues();
     void limitsWinOverTheOperator();
+    void endsOfABoxAreTheLimits_data();
+    void endsOfABoxAreTheLimits();
+    void panesFollowTheSegments();
+    void dropsAreCountedAndShown();
     void valuesReachThePlayer();
     void colourSetChangeRecolours();
     void fitShowsTheSignal();
@@ -48,6 +54,7 @@ private Q_SLOTS:
     void closedWindowLeavesNothing();
 
 private:
+    template <class Source = ToneSource>
     std::unique_ptr<ConsoleWindow> Window(bool show = true) const;
 };
 
@@ -59,11 +66,30 @@ T * Child(ConsoleWindow & window, char const * name)
     return window.findChild<T *>(QLatin1String(name));
 }
 
+//! A source whose second half was received elsewhere.
+class TwoBandSource : public ToneSource
+{
+public:
+    static constexpr double Step = 1e6; // Hz
+
+    double CentreFrequency(qint64 position) const override { return position < Samples / 2 ? Centre : Centre + Step; }
+};
+
+//! A source whose band has no end that a box of three decimals of a kilohertz could show.
+class OddSource : public ToneSource
+{
+public:
+    static constexpr double OddRate = 8191.23456789;
+
+    double SampleRate() const override { return OddRate; }
+};
+
 } // namespace
 
+template <class Source>
 std::unique_ptr<ConsoleWindow> tst_ConsoleWindow::Window(bool show) const
 {
-    auto window = std::make_unique<ConsoleWindow>(std::make_unique<LinePlayer>(std::make_unique<ToneSource>()),
+    auto window = std::make_unique<ConsoleWindow>(std::make_unique<LinePlayer>(std::make_unique<Source>()),
                                                   QStringLiteral("tone.sigmf-meta"));
     ConsoleValues::Select(ConsolePaths::Bins, 256);
     ConsoleValues::Set(ConsolePaths::LineRate, 50.0);
@@ -164,6 +190,7 @@ void tst_ConsoleWindow::controlsWriteTheValues_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<double>("value");
     auto const path = [](char const * text) { return QString(QLatin1String(text)); };
+    QTest::newRow("centre in MHz") << "centre" << 100.001 << path(ConsolePaths::Centre) << 100.001e6;
     QTest::newRow("span in kHz") << "span" << 2.0 << path(ConsolePaths::Span) << 2000.0;
     QTest::newRow("lowest level") << "levelMin" << -95.0 << path(ConsolePaths::LevelMin) << -95.0;
     QTest::newRow("highest level") << "levelMax" << -5.0 << path(ConsolePaths::LevelMax) << -5.0;
@@ -185,6 +212,8 @@ void tst_ConsoleWindow::controlsWriteTheValues()
     QTRY_VERIFY(window->Figures().taken > 0);
     QByteArray const name = path.toLatin1();
     if (auto * const spin = window->findChild<QDoubleSpinBox *>(control)) {
+        if (control == QLatin1String("centre"))
+            ConsoleValues::Set(ConsolePaths::Span, 1000.0); // a view that can be moved
         spin->setValue(input);
         QCOMPARE(ConsoleValues::Get(name.constData()), value);
     } else {
@@ -221,6 +250,69 @@ void tst_ConsoleWindow::limitsWinOverTheOperator()
     levelMin->setValue(50.0);
     QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMin), ConsoleValues::Get(ConsolePaths::LevelMax) - 1.0);
     QCOMPARE(levelMin->value(), ConsoleValues::Get(ConsolePaths::LevelMin));
+}
+
+void tst_ConsoleWindow::endsOfABoxAreTheLimits_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<double>("least");
+    QTest::addColumn<double>("most");
+    auto const path = [](char const * text) { return QString(QLatin1String(text)); };
+    double const band = OddSource::OddRate;
+    QTest::newRow("span") << "span" << path(ConsolePaths::Span) << band / ConsoleValues::MostZoom << band;
+    QTest::newRow("centre") << "centre" << path(ConsolePaths::Centre) << ToneSource::Centre - (band - 1000.0) / 2.0
+                            << ToneSource::Centre + (band - 1000.0) / 2.0;
+}
+
+void tst_ConsoleWindow::endsOfABoxAreTheLimits()
+{
+    QFETCH(QString, control);
+    QFETCH(QString, path);
+    QFETCH(double, least);
+    QFETCH(double, most);
+    auto window = Window<OddSource>();
+    QTRY_VERIFY(window->Figures().taken > 0);
+    window->Player().Stop();
+    ConsoleValues::Set(ConsolePaths::Span, 1000.0);
+    auto * const box = window->findChild<QDoubleSpinBox *>(control);
+    QByteArray const name = path.toLatin1();
+    box->setValue(box->minimum());
+    QVERIFY2(std::abs(ConsoleValues::Get(name.constData()) - least) < 1e-6, name.constData()); // Hz
+    box->setValue(box->maximum());
+    QVERIFY2(std::abs(ConsoleValues::Get(name.constData()) - most) < 1e-6, name.constData()); // Hz
+}
+
+void tst_ConsoleWindow::panesFollowTheSegments()
+{
+    auto window = Window<TwoBandSource>();
+    ConsoleValues::Set(ConsolePaths::Speed, 0.1);
+    auto const start = [&window](RangePane const & pane) { return pane.GetFrequencyRange().start; };
+    QTRY_COMPARE(start(window->Spectrum()), ToneSource::Centre - ToneSource::Rate / 2.0);
+    window->Player().Seek(1.2);
+    double const second = ToneSource::Centre + TwoBandSource::Step - ToneSource::Rate / 2.0;
+    QTRY_COMPARE(start(window->Spectrum()), second);
+    QCOMPARE(start(window->Waterfall()), second);
+    QCOMPARE(window->Spectrum().GetFrequencyRange().span, ToneSource::Rate);
+    QCOMPARE(Child<QLabel>(*window, "frequency")->text(), QStringLiteral("Centre 101.00000 MHz"));
+}
+
+void tst_ConsoleWindow::dropsAreCountedAndShown()
+{
+    auto window = Window(false);
+    ConsoleValues::Set(ConsolePaths::LineRate, 200.0);
+    window->Start();
+    QDeadlineTimer const deadline(20000);
+    while (window->Player().Dropped() == 0 && !deadline.hasExpired()) // nobody takes the lines
+        QThread::yieldCurrentThread();
+    window->Player().Stop();
+    ConsoleFigures const figures = window->Figures();
+    QVERIFY(figures.dropped > 0);
+    QCOMPARE(figures.dropped, window->Player().Dropped());
+    QTimerEvent tick(window->GetStatusTimerId());
+    QCoreApplication::sendEvent(window.get(), &tick);
+    QString const text = Child<QLabel>(*window, "figures")->text();
+    QVERIFY2(text.contains(QStringLiteral(" %1 drops").arg(figures.dropped + figures.skipped)), qPrintable(text));
 }
 
 void tst_ConsoleWindow::valuesReachThePlayer()
