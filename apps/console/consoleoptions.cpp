@@ -16,6 +16,7 @@ struct OptionRow
     char const * name;
     char const * value; // null for a switch
     char const * text;
+    char const * letter = nullptr; // second name
 };
 
 constexpr std::array<OptionRow, 14> OptionRows{ {
@@ -31,8 +32,8 @@ constexpr std::array<OptionRow, 14> OptionRows{ {
     { "after", "SECONDS", "Time before the picture is written. Default 2." },
     { "seconds", "NUMBER", "End after this many seconds." },
     { "verbose", nullptr, "Print lines a second, drops and frame time each second." },
-    { "help", nullptr, "Show this help." },
-    { "version", nullptr, "Show the version." },
+    { "help", nullptr, "Show this help.", "h" },
+    { "version", nullptr, "Show the version.", "v" },
 } };
 
 struct ColorRow
@@ -55,11 +56,13 @@ struct NumberLimits
 
 constexpr NumberLimits SpeedLimits{ 0.01, 100.0 };
 constexpr NumberLimits RateLimits{ 1.0, 200.0 };
-constexpr NumberLimits SecondsLimits{ 0.0, 86400.0 };
+constexpr NumberLimits AfterLimits{ 0.0, 86400.0 };
+constexpr NumberLimits SecondsLimits{ 0.001, 86400.0 };
 constexpr NumberLimits LevelLimits{ -160.0, 60.0 };
 constexpr int LeastBins = 64;
 constexpr int MostBins = 65536;
-constexpr int MostSize = 16384; // px
+constexpr int MostSize = 16384;         // px
+constexpr int MostPixels = 7680 * 4320; // in both directions together
 
 //! Reads values of options; the first that is none leaves a message.
 class ValueReader
@@ -77,6 +80,13 @@ public:
     {
         if (m_message.isEmpty())
             m_message = QStringLiteral("--%1 %2: %3").arg(QLatin1String(name), Text(name), wanted);
+    }
+
+    //! Refuses the option whatever its value.
+    void RefuseOption(char const * name, QString const & reason)
+    {
+        if (m_message.isEmpty())
+            m_message = QStringLiteral("--%1: %2").arg(QLatin1String(name), reason);
     }
 
     std::optional<double> Number(char const * name, NumberLimits const & limits)
@@ -105,7 +115,10 @@ private:
 void AddOptions(QCommandLineParser & parser)
 {
     for (OptionRow const & row : OptionRows) {
-        QCommandLineOption option(QLatin1String(row.name), QLatin1String(row.text));
+        QStringList names{ QLatin1String(row.name) };
+        if (row.letter)
+            names.append(QLatin1String(row.letter));
+        QCommandLineOption option(names, QLatin1String(row.text));
         if (row.value)
             option.setValueName(QLatin1String(row.value));
         parser.addOption(option);
@@ -121,6 +134,8 @@ QString HelpText()
         QString name = QLatin1String("--") + QLatin1String(row.name);
         if (row.value)
             name += QLatin1Char(' ') + QLatin1String(row.value);
+        if (row.letter)
+            name += QLatin1String(", -") + QLatin1String(row.letter);
         text += QLatin1String("  ") + name.leftJustified(24) + QLatin1String(row.text) + QLatin1Char('\n');
     }
     return text;
@@ -159,10 +174,15 @@ void ReadSize(ValueReader & reader, ConsoleOptions & options)
     static QRegularExpression const form(QStringLiteral("\\A([0-9]{1,5})x([0-9]{1,5})\\z"));
     QRegularExpressionMatch const match = form.match(reader.Text("size"));
     QSize const size(match.captured(1).toInt(), match.captured(2).toInt());
-    if (match.hasMatch() && !size.isEmpty() && size.width() <= MostSize && size.height() <= MostSize)
+    bool const inside = !size.isEmpty() && size.width() <= MostSize && size.height() <= MostSize &&
+                        size.width() * size.height() <= MostPixels;
+    if (match.hasMatch() && inside)
         options.size = size;
     else
-        reader.Refuse("size", QStringLiteral("a width and a height up to 16384 are wanted, as in 1280x800"));
+        reader.Refuse("size", QStringLiteral("a width and a height up to %1, together up to %2 pixels, are wanted, as "
+                                             "in 1280x800")
+                                  .arg(MostSize)
+                                  .arg(MostPixels));
 }
 
 void ReadColors(ValueReader & reader, ConsoleOptions & options)
@@ -211,12 +231,16 @@ void ReadValues(QCommandLineParser const & parser, ConsoleOptions & options)
     ReadColors(reader, options);
     options.speed = reader.Number("speed", SpeedLimits).value_or(options.speed);
     options.rate = reader.Number("rate", RateLimits);
-    options.after = reader.Number("after", SecondsLimits).value_or(options.after);
+    options.after = reader.Number("after", AfterLimits).value_or(options.after);
     options.runSeconds = reader.Number("seconds", SecondsLimits).value_or(options.runSeconds);
     options.screenshot = reader.Text("screenshot");
     if (reader.IsSet("screenshot") && options.screenshot.isEmpty())
         reader.Refuse("screenshot", QStringLiteral("the name of a file is wanted"));
     options.verbose = reader.IsSet("verbose");
+    if (reader.IsSet("after") && !reader.IsSet("screenshot"))
+        reader.RefuseOption("after", QStringLiteral("needs --screenshot"));
+    if (reader.IsSet("seconds") && reader.IsSet("screenshot"))
+        reader.RefuseOption("seconds", QStringLiteral("excludes --screenshot"));
     if (options.message.isEmpty())
         options.message = reader.Message();
 }

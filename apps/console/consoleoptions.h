@@ -27,8 +27,12 @@ struct ConsoleOptions
 
     //! Reads the arguments.
     //! \param arguments  the first is the name of the program.
-    //! \return the action is eRefuse, with a message, for an option that is unknown or whose value is none.
+    //! \return the action is eRefuse, with a message, for an option that is unknown, whose value is none, or that
+    //!         does not go with the others.
     static ConsoleOptions Parse(QStringList const & arguments);
+
+    //! Whether the program ends without the operator: it then neither uses nor changes what is stored.
+    bool EndsByItself() const { return !screenshot.isEmpty() || runSeconds > 0.0; }
 
     Action action = Action::eRun;
     QString message; //!< why the arguments were refused; else empty
@@ -41,7 +45,7 @@ struct ConsoleOptions
 
     QString screenshot;         //!< picture to write; empty for none
     double after = 2.0;         //!< s until it is written
-    double runSeconds = 0.0;    //!< s until the program ends by itself; 0: it does not
+    double runSeconds = 0.0;    //!< s until the program ends by itself, above 0; 0: it does not
     std::optional<QSize> size;  //!< of the window, logical px
     std::optional<int> bins;    //!< power of two from 64 to 65536
     std::optional<double> rate; //!< lines a second, 1 to 200

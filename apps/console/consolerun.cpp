@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -32,29 +33,45 @@ ConsoleRun::ConsoleRun(ConsoleWindow & window, ConsoleOptions const & options, Q
 
 ConsoleRun::~ConsoleRun() = default;
 
-void ConsoleRun::Start()
+bool ConsoleRun::Start()
 {
+    if (!HasRoom())
+        return false;
     ApplyOptions();
     m_window.show();
     m_window.Start();
     if (m_options.verbose)
         m_reportTimer.start(ReportPeriod, this);
+    m_reportClock.start();
     if (!m_options.screenshot.isEmpty())
         QTimer::singleShot(ToMilliseconds(m_options.after), Qt::PreciseTimer, this, &ConsoleRun::slotScreenshot);
     else if (m_options.runSeconds > 0.0)
         QTimer::singleShot(ToMilliseconds(m_options.runSeconds), Qt::PreciseTimer, this, [this] { End(0); });
+    return true;
+}
+
+//! Whether the layout can be as small as the size that was asked for.
+bool ConsoleRun::HasRoom() const
+{
+    QSize const least = m_window.minimumSizeHint();
+    QSize const size = m_options.size.value_or(least);
+    if (size.width() >= least.width() && size.height() >= least.height())
+        return true;
+    std::fprintf(stderr, "orim-console: --size %dx%d: the window needs at least %dx%d\n", size.width(), size.height(),
+                 least.width(), least.height());
+    return false;
 }
 
 int ConsoleRun::Finish(int code)
 {
-    if (!EndsByItself() && !m_settings.Write())
+    if (!m_options.EndsByItself() && !m_settings.Write())
         std::fprintf(stderr, "orim-console: the settings could not be stored\n");
     return code;
 }
 
 void ConsoleRun::ApplyOptions()
 {
-    bool const hasLevels = !EndsByItself() && m_settings.Read();
+    bool const hasLevels = !m_options.EndsByItself() && m_settings.Read();
     if (m_options.size)
         m_window.resize(*m_options.size);
     if (m_options.colors)
@@ -94,8 +111,9 @@ void ConsoleRun::End(int code)
 void ConsoleRun::Report()
 {
     ConsoleFigures const figures = m_window.Figures();
-    std::printf("%llu lines/s, %llu drops, frame time %.2f ms\n",
-                static_cast<unsigned long long>(figures.taken - m_takenAtReport),
+    double const seconds = static_cast<double>(std::max<qint64>(1, m_reportClock.restart())) / MillisecondsASecond;
+    std::printf("%.1f lines/s, %llu drops, frame time %.2f ms\n",
+                static_cast<double>(figures.taken - m_takenAtReport) / seconds,
                 static_cast<unsigned long long>(figures.dropped + figures.skipped), figures.frameMean);
     std::fflush(stdout);
     m_takenAtReport = figures.taken;

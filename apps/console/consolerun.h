@@ -6,6 +6,7 @@
 #include "consolesettings.h"
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QObject>
 
 class ConsoleWindow;
@@ -21,7 +22,8 @@ public:
     ~ConsoleRun() override;
 
     //! Sets the values and the colours that were asked for, shows the window and starts.
-    void Start();
+    //! \return false, with a message, when the window cannot have the size that was asked for.
+    bool Start();
     //! Stores the settings of the operator. \return the code to end with.
     int Finish(int code);
 
@@ -29,8 +31,7 @@ protected:
     void timerEvent(QTimerEvent * event) override;
 
 private:
-    bool EndsByItself() const { return !m_options.screenshot.isEmpty() || m_options.runSeconds > 0.0; }
-
+    bool HasRoom() const;
     void ApplyOptions();
     void slotScreenshot();
     void End(int code);
@@ -40,6 +41,7 @@ private:
     ConsoleOptions m_options;
     ConsoleSettings m_settings;
     QBasicTimer m_reportTimer;
+    QElapsedTimer m_reportClock; // since the last report
     quint64 m_takenAtReport = 0;
 };
 

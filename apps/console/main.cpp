@@ -3,13 +3,14 @@
 #include "consolerun.h"
 #include "consolewindow.h"
 #include "lineplayer.h"
-#include "recordingsource.h"
-#include "sigmfrecording.h"
-#include "simulator.h"
+#include "memorycfg.h"
+#include "opensource.h"
+#include "persistant.h"
 
 #include <QApplication>
 #include <QFileInfo>
 
+#include <clocale>
 #include <cstdio>
 
 namespace {
@@ -20,17 +21,6 @@ int Refuse(QString const & message)
 {
     std::fprintf(stderr, "orim-console: %s\n", qPrintable(message));
     return CodeRefused;
-}
-
-//! The samples that were asked for; null, with a message, when the recording was refused.
-std::unique_ptr<ISampleSource> OpenSource(ConsoleOptions const & options, QString & message)
-{
-    if (options.file.isEmpty())
-        return std::make_unique<Simulator>(options.seed);
-    std::unique_ptr<SigmfRecording> recording = SigmfRecording::Open(options.file, message);
-    if (!recording)
-        return nullptr;
-    return std::make_unique<RecordingSource>(std::move(recording));
 }
 
 QString SourceName(ConsoleOptions const & options)
@@ -55,10 +45,20 @@ void ChoosePlatform(ConsoleOptions const & options)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+//! A run that ends by itself finds an empty store and leaves nothing in that of the operator.
+void ChooseStore(ConsoleOptions const & options)
+{
+    if (!options.EndsByItself())
+        return;
+    static auto * const store = new MemoryCfg; // never destroyed: static objects write while the process ends
+    Persistant::SetStore(store);
+}
+
 } // namespace
 
 int main(int argc, char * argv[])
 {
+    std::setlocale(LC_CTYPE, ""); // file names beyond ASCII among the arguments
     ConsoleOptions const options = ConsoleOptions::Parse(Arguments(argc, argv));
     switch (options.action) {
     case ConsoleOptions::Action::eHelp:
@@ -81,8 +81,10 @@ int main(int argc, char * argv[])
     QApplication::setApplicationName(QStringLiteral("orim-console"));
     QApplication::setApplicationVersion(QStringLiteral(ORIM_VERSION));
     QApplication::setStyle(QStringLiteral("Fusion"));
+    ChooseStore(options);
     ConsoleWindow window(std::make_unique<LinePlayer>(std::move(source)), SourceName(options));
     ConsoleRun run(window, options);
-    run.Start();
+    if (!run.Start())
+        return CodeRefused;
     return run.Finish(QApplication::exec());
 }

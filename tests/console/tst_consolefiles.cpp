@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "testmain.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
 
 //! Starts the program as the operator does.
 class tst_ConsoleFiles : public QObject
@@ -20,8 +26,13 @@ private Q_SLOTS:
     void helpAndVersion();
     void writesAPicture_data();
     void writesAPicture();
+    void writesAPictureWithoutADisplay();
+    void linesUntilThePicture();
+    void leavesTheSettingsAlone_data();
+    void leavesTheSettingsAlone();
     void refusesAPictureItCannotWrite();
     void playsARecording();
+    void namesBeyondAscii();
     void endsAfterSeconds();
 };
 
@@ -34,11 +45,13 @@ struct Run
     QString err;
 };
 
-Run Start(QStringList const & arguments, QProcessEnvironment const & more = {})
+Run Start(QStringList const & arguments, QProcessEnvironment const & more = {}, QStringList const & without = {})
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(more);
+    for (QString const & name : without)
+        environment.remove(name);
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ORIM_CONSOLE_PROGRAM), arguments);
     Run run;
@@ -59,6 +72,29 @@ QByteArray Meta(char const * datatype, char const * rate)
 {
     return QByteArray(R"({"global":{"core:datatype":")") + datatype + R"(","core:sample_rate":)" + rate +
            R"(,"core:version":"1.0.0"},"captures":[{"core:sample_start":0,"core:frequency":100000000}],"annotations":[]})";
+}
+
+QProcessEnvironment With(char const * name, QString const & value)
+{
+    QProcessEnvironment more;
+    more.insert(QLatin1String(name), value);
+    return more;
+}
+
+QStringList FilesBelow(QString const & folder)
+{
+    QStringList files;
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();)
+        files.append(it.next());
+    return files;
+}
+
+//! The number before a text; -1 where there is none.
+int NumberBefore(QString const & out, char const * text)
+{
+    QRegularExpression const form(QLatin1String("([0-9]+) ") + QLatin1String(text));
+    QRegularExpressionMatch const match = form.match(out);
+    return match.hasMatch() ? match.captured(1).toInt() : -1;
 }
 
 } // namespace
@@ -112,6 +148,10 @@ void tst_ConsoleFiles::refusesBadOptions_data()
     QTest::newRow("bad number") << QStringList{ "--bins", "1000" } << "--bins 1000";
     QTest::newRow("two files") << QStringList{ "a.sigmf-meta", "b.sigmf-meta" } << "b.sigmf-meta";
     QTest::newRow("a folder") << QStringList{ "/tmp" } << "/tmp";
+    QTest::newRow("a window too small") << QStringList{ "--size", "100x480", "--seconds", "1" }
+                                        << "--size 100x480: the window needs at least ";
+    QTest::newRow("a window too low") << QStringList{ "--size", "1280x50", "--seconds", "1" }
+                                      << "--size 1280x50: the window needs at least ";
     QTest::newRow("another kind of file") << QStringList{ ORIM_CONSOLE_PROGRAM } << "orim-console: /";
 }
 
@@ -133,6 +173,10 @@ void tst_ConsoleFiles::helpAndVersion_data()
                           << "Usage: orim-console";
     QTest::newRow("version") << "--version"
                              << "orim-console 0.1.0";
+    QTest::newRow("help by its letter") << "-h"
+                                        << "Usage: orim-console";
+    QTest::newRow("version by its letter") << "-v"
+                                           << "orim-console 0.1.0";
 }
 
 void tst_ConsoleFiles::helpAndVersion()
@@ -140,9 +184,7 @@ void tst_ConsoleFiles::helpAndVersion()
     QFETCH(QString, option);
     QFETCH(QString, part);
     // no display is needed
-    QProcessEnvironment noDisplay;
-    noDisplay.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("no-such-platform"));
-    Run const run = Start({ option }, noDisplay);
+    Run const run = Start({ option }, With("QT_QPA_PLATFORM", QStringLiteral("no-such-platform")));
     QCOMPARE(run.code, 0);
     QCOMPARE(run.err, QString());
     QVERIFY2(run.out.contains(part), qPrintable(run.out));
@@ -168,12 +210,10 @@ void tst_ConsoleFiles::writesAPicture()
     QFETCH(QSize, expected);
     QTemporaryDir folder;
     QString const picture = folder.filePath(QStringLiteral("screen.png"));
-    QProcessEnvironment scaled;
-    scaled.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
     Run const run =
         Start({ QStringLiteral("--simulate"), QStringLiteral("--bins"), QStringLiteral("256"), QStringLiteral("--size"),
                 size, QStringLiteral("--screenshot"), picture, QStringLiteral("--after"), QStringLiteral("0.7") },
-              scaled);
+              With("QT_SCALE_FACTOR", scale));
     QVERIFY2(run.code == 0, qPrintable(run.err));
     QImage const image(picture);
     QCOMPARE(image.size(), expected);
@@ -186,6 +226,50 @@ void tst_ConsoleFiles::writesAPicture()
         for (int x = 0; x < image.width(); x += 3)
             colors.insert(image.pixel(x, y));
     QVERIFY(colors.size() > 50);
+}
+
+void tst_ConsoleFiles::writesAPictureWithoutADisplay()
+{
+    QTemporaryDir folder;
+    QString const picture = folder.filePath(QStringLiteral("screen.png"));
+    Run const run =
+        Start({ QStringLiteral("--size"), QStringLiteral("800x600"), QStringLiteral("--screenshot"), picture,
+                QStringLiteral("--after"), QStringLiteral("0.3") },
+              {}, { QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY") });
+    QVERIFY2(run.code == 0, qPrintable(run.err));
+    QCOMPARE(QImage(picture).size(), QSize(800, 600));
+}
+
+void tst_ConsoleFiles::linesUntilThePicture()
+{
+    QTemporaryDir folder;
+    Run const run = Start({ QStringLiteral("--screenshot"), folder.filePath(QStringLiteral("screen.png")),
+                            QStringLiteral("--after"), QStringLiteral("1.5"), QStringLiteral("--rate"),
+                            QStringLiteral("50"), QStringLiteral("--bins"), QStringLiteral("64") });
+    QVERIFY2(run.code == 0, qPrintable(run.err));
+    // 75 in time; a loaded machine skips some, and comes late to the picture
+    int const lines = NumberBefore(run.out, "produced") + std::max(0, NumberBefore(run.out, "skipped"));
+    QVERIFY2(lines >= 40 && lines <= 90, qPrintable(run.out));
+}
+
+void tst_ConsoleFiles::leavesTheSettingsAlone_data()
+{
+    QTest::addColumn<QStringList>("end");
+    QTest::newRow("after seconds") << QStringList{ "--seconds", "0.2" };
+    QTest::newRow("with a picture") << QStringList{ "--after", "0.2", "--screenshot" };
+}
+
+void tst_ConsoleFiles::leavesTheSettingsAlone()
+{
+    QFETCH(QStringList, end);
+    QTemporaryDir settings;
+    QTemporaryDir pictures;
+    if (end.last() == QLatin1String("--screenshot"))
+        end.append(pictures.filePath(QStringLiteral("screen.png")));
+    Run const run = Start(QStringList{ QStringLiteral("--colors"), QStringLiteral("night") } + end,
+                          With("XDG_CONFIG_HOME", settings.path()));
+    QVERIFY2(run.code == 0, qPrintable(run.err));
+    QCOMPARE(FilesBelow(settings.path()), QStringList());
 }
 
 void tst_ConsoleFiles::refusesAPictureItCannotWrite()
@@ -212,6 +296,23 @@ void tst_ConsoleFiles::playsARecording()
     QVERIFY2(run.out.contains(QStringLiteral(" lines/s, 0 drops, frame time ")), qPrintable(run.out));
     QVERIFY2(run.out.contains(QStringLiteral(" produced, ")), qPrintable(run.out));
     QVERIFY2(!run.out.contains(QStringLiteral("lines: 0 produced")), qPrintable(run.out));
+}
+
+void tst_ConsoleFiles::namesBeyondAscii()
+{
+    QTemporaryDir folder;
+    QString const base = folder.filePath(QString::fromUtf8("gr\xc3\xb6\xc3\x9f\x65"));
+    QStringList const arguments{ base + QStringLiteral(".sigmf-meta"), QStringLiteral("--seconds"),
+                                 QStringLiteral("0.3") };
+    QProcessEnvironment const utf8 = With("LC_ALL", QStringLiteral("C.UTF-8"));
+    Run const missing = Start(arguments, utf8);
+    QCOMPARE(missing.code, 2);
+    QVERIFY2(missing.err.contains(base + QStringLiteral(".sigmf-meta: cannot be opened")), qPrintable(missing.err));
+    // by the bytes of the names, whatever the locale of this test
+    std::ofstream((base + QStringLiteral(".sigmf-meta")).toStdString()) << Meta("cu8", "8000").constData();
+    std::ofstream((base + QStringLiteral(".sigmf-data")).toStdString()) << std::string(16000, 'x');
+    Run const playing = Start(arguments, utf8);
+    QVERIFY2(playing.code == 0, qPrintable(playing.err));
 }
 
 void tst_ConsoleFiles::endsAfterSeconds()

@@ -9,12 +9,15 @@ class tst_ConsoleOptions : public QObject
 private Q_SLOTS:
     void startsWithDefaults();
     void readsEveryOption();
+    void endsByItself_data();
+    void endsByItself();
     void readsValues_data();
     void readsValues();
     void refuses_data();
     void refuses();
     void helpNamesEveryOption();
     void versionIsAnAction();
+    void shortNames();
 };
 
 namespace {
@@ -52,7 +55,7 @@ void tst_ConsoleOptions::readsEveryOption()
 {
     ConsoleOptions const options =
         Parse(QStringLiteral("a.sigmf-meta --speed 2.5 --bins 4096 --rate 50 --range -130:10 --colors contrast "
-                             "--size 640x480 --screenshot out.png --after 0.5 --seconds 60 --seed 77 --verbose"));
+                             "--size 640x480 --screenshot out.png --after 0.5 --seed 77 --verbose"));
     QCOMPARE(options.message, QString());
     QVERIFY(options.action == Action::eRun);
     QCOMPARE(options.file, QStringLiteral("a.sigmf-meta"));
@@ -65,9 +68,25 @@ void tst_ConsoleOptions::readsEveryOption()
     QCOMPARE(options.size.value_or(QSize()), QSize(640, 480));
     QCOMPARE(options.screenshot, QStringLiteral("out.png"));
     QCOMPARE(options.after, 0.5);
-    QCOMPARE(options.runSeconds, 60.0);
+    QCOMPARE(options.runSeconds, 0.0);
     QCOMPARE(options.seed, quint64(77));
     QVERIFY(options.verbose);
+    QCOMPARE(Parse(QStringLiteral("--seconds 60")).runSeconds, 60.0);
+}
+
+void tst_ConsoleOptions::endsByItself_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<bool>("ends");
+    QTest::newRow("with a picture") << "--screenshot out.png" << true;
+    QTest::newRow("after seconds") << "--seconds 0.001" << true;
+    QTest::newRow("with neither") << "--size 640x480 --verbose" << false;
+}
+
+void tst_ConsoleOptions::endsByItself()
+{
+    QFETCH(QString, arguments);
+    QTEST(Parse(arguments).EndsByItself(), "ends");
 }
 
 void tst_ConsoleOptions::readsValues_data()
@@ -85,8 +104,10 @@ void tst_ConsoleOptions::readsValues_data()
     QTest::newRow("day") << "--colors day";
     QTest::newRow("night") << "--colors night";
     QTest::newRow("smallest size") << "--size 1x1";
-    QTest::newRow("greatest size") << "--size 16384x16384";
-    QTest::newRow("at once") << "--after 0";
+    QTest::newRow("widest size") << "--size 16384x2025";
+    QTest::newRow("greatest size") << "--size 7680x4320";
+    QTest::newRow("at once") << "--after 0 --screenshot out.png";
+    QTest::newRow("least seconds") << "--seconds 0.001";
     QTest::newRow("greatest seed") << "--seed 18446744073709551615";
 }
 
@@ -158,14 +179,23 @@ void tst_ConsoleOptions::refuses_data()
                             << "--size 0x480";
     QTest::newRow("size too large") << "--size 16385x480"
                                     << "--size 16385x480";
+    QTest::newRow("size of too many pixels")
+        << "--size 7681x4320"
+        << "--size 7681x4320: a width and a height up to 16384, together up to 33177600 pixels, are wanted";
     QTest::newRow("size below 0") << "--size -640x480"
                                   << "--size -640x480";
     QTest::newRow("size with a tail") << "--size 640x480x2"
                                       << "--size 640x480x2";
-    QTest::newRow("after below 0") << "--after -1"
-                                   << "--after -1";
-    QTest::newRow("after more than a day") << "--after 86401"
+    QTest::newRow("after below 0") << "--screenshot out.png --after -1"
+                                   << "--after -1: a number from 0 to 86400";
+    QTest::newRow("after more than a day") << "--screenshot out.png --after 86401"
                                            << "--after 86401";
+    QTest::newRow("after without a picture") << "--after 2"
+                                             << "--after: needs --screenshot";
+    QTest::newRow("seconds with a picture") << "--seconds 2 --screenshot out.png"
+                                            << "--seconds: excludes --screenshot";
+    QTest::newRow("seconds 0") << "--seconds 0"
+                               << "--seconds 0: a number from 0.001 to 86400 is wanted";
     QTest::newRow("seconds is no number") << "--seconds soon"
                                           << "--seconds soon";
     QTest::newRow("seed below 0") << "--seed -1"
@@ -198,6 +228,15 @@ void tst_ConsoleOptions::helpNamesEveryOption()
 }
 
 void tst_ConsoleOptions::versionIsAnAction() { QVERIFY(Parse(QStringLiteral("--version")).action == Action::eVersion); }
+
+void tst_ConsoleOptions::shortNames()
+{
+    QVERIFY(Parse(QStringLiteral("-v")).action == Action::eVersion);
+    QVERIFY(Parse(QStringLiteral("-h")).action == Action::eHelp);
+    QString const help = Parse(QStringLiteral("-h")).help;
+    QVERIFY2(help.contains(QLatin1String("--help, -h ")) && help.contains(QLatin1String("--version, -v ")),
+             qPrintable(help));
+}
 
 ORIM_CORE_TEST_MAIN(tst_ConsoleOptions)
 #include "tst_consoleoptions.moc"

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "consolerun.h"
+
+#include "colorset.h"
+#include "consolevalues.h"
+#include "consolewindow.h"
+#include "lineplayer.h"
+#include "opensource.h"
+#include "panetools.h"
+#include "simulator.h"
+#include "spectrumpane.h"
+#include "testmain.h"
+#include "waterfallpane.h"
+
+#include <vector>
+
+class tst_ConsoleRun : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
+    void optionsReachEverything();
+    void withoutOptions();
+    void windowTooSmall_data();
+    void windowTooSmall();
+    void seedReachesTheSimulator_data();
+    void seedReachesTheSimulator();
+    void recordingThatIsMissing();
+};
+
+namespace {
+
+using Samples = std::vector<std::complex<float>>;
+
+ConsoleOptions Parse(QString const & arguments)
+{
+    return ConsoleOptions::Parse((QStringLiteral("orim-console ") + arguments).split(QLatin1Char(' ')));
+}
+
+std::unique_ptr<ConsoleWindow> Window()
+{
+    return std::make_unique<ConsoleWindow>(std::make_unique<LinePlayer>(std::make_unique<PaneTools::ToneSource>()),
+                                           QStringLiteral("tone"));
+}
+
+Samples FirstSamples(ISampleSource & source)
+{
+    Samples samples(100);
+    qint64 const read = source.Read(samples.data(), 100);
+    samples.resize(static_cast<std::size_t>(read));
+    return samples;
+}
+
+} // namespace
+
+void tst_ConsoleRun::optionsReachEverything()
+{
+    ColorSet::Instance().Load(0);
+    auto const window = Window();
+    ConsoleOptions const options = Parse(
+        QStringLiteral("--speed 2.5 --rate 40 --bins 512 --range -90:-10 --colors night --size 900x700 --seconds 60"));
+    QCOMPARE(options.message, QString());
+    ConsoleRun run(*window, options);
+    QVERIFY(run.Start());
+    QCOMPARE(window->Player().Speed(), 2.5);
+    QCOMPARE(window->Player().LineRate(), 40.0);
+    QCOMPARE(window->Player().Bins(), 512);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Speed), 2.5);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::LineRate), 40.0);
+    QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Bins), 512L);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMin), -90.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMax), -10.0);
+    QCOMPARE(window->Spectrum().GetLevelMin(), -90.0);
+    QCOMPARE(window->Waterfall().GetLevelMax(), -10.0);
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), 1);
+    QCOMPARE(window->size(), QSize(900, 700));
+    QVERIFY(window->isVisible());
+    QTRY_VERIFY(window->Figures().taken > 0);
+    // levels that were asked for are not fitted to the signal
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMax), -10.0);
+    QCOMPARE(run.Finish(5), 5);
+    ColorSet::Instance().Load(0);
+}
+
+void tst_ConsoleRun::withoutOptions()
+{
+    auto const window = Window();
+    QSize const size = window->size();
+    ConsoleRun run(*window, Parse(QStringLiteral("--seconds 60")));
+    QVERIFY(run.Start());
+    QCOMPARE(window->size(), size);
+    QCOMPARE(window->Player().Speed(), 1.0);
+    QCOMPARE(window->Player().LineRate(), 25.0);
+    QCOMPARE(window->Player().Bins(), 2048);
+    // the levels are fitted to the first line
+    QTRY_VERIFY(ConsoleValues::Get(ConsolePaths::LevelMin) != -120.0);
+}
+
+void tst_ConsoleRun::windowTooSmall_data()
+{
+    QTest::addColumn<QSize>("less");
+    QTest::addColumn<bool>("starts");
+    QTest::newRow("the least size") << QSize(0, 0) << true;
+    QTest::newRow("a pixel too narrow") << QSize(1, 0) << false;
+    QTest::newRow("a pixel too low") << QSize(0, 1) << false;
+}
+
+void tst_ConsoleRun::windowTooSmall()
+{
+    QFETCH(QSize, less);
+    QFETCH(bool, starts);
+    auto const window = Window();
+    ConsoleOptions options = Parse(QStringLiteral("--seconds 60"));
+    QSize const size = window->minimumSizeHint() - less;
+    options.size = size;
+    ConsoleRun run(*window, options);
+    QCOMPARE(run.Start(), starts);
+    QCOMPARE(window->isVisible(), starts);
+    QCOMPARE(window->size() == size, starts);
+}
+
+void tst_ConsoleRun::seedReachesTheSimulator_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<qulonglong>("seed");
+    QTest::newRow("a seed") << "--seed 77" << qulonglong{ 77 };
+    QTest::newRow("none") << "--simulate" << qulonglong{ 1 };
+}
+
+void tst_ConsoleRun::seedReachesTheSimulator()
+{
+    QFETCH(QString, arguments);
+    QFETCH(qulonglong, seed);
+    QString message;
+    auto const source = OpenSource(Parse(arguments), message);
+    QVERIFY2(source, qPrintable(message));
+    Simulator simulator(seed);
+    Simulator other(seed + 1);
+    Samples const samples = FirstSamples(*source);
+    QCOMPARE(samples.size(), std::size_t{ 100 });
+    QVERIFY(samples == FirstSamples(simulator));
+    QVERIFY(samples != FirstSamples(other));
+}
+
+void tst_ConsoleRun::recordingThatIsMissing()
+{
+    QString message;
+    QVERIFY(!OpenSource(Parse(QStringLiteral("/nowhere/a.sigmf-meta")), message));
+    QVERIFY2(message.startsWith(QStringLiteral("/nowhere/a.sigmf-meta: cannot be opened")), qPrintable(message));
+}
+
+ORIM_TEST_MAIN(tst_ConsoleRun)
+#include "tst_consolerun.moc"
