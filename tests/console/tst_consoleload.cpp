@@ -71,7 +71,7 @@ void tst_ConsoleLoad::showsEveryLineForAMinute()
     window.Player().Stop();
     QTRY_COMPARE(window.Figures().painted, window.Figures().produced);
     ConsoleFigures const figures = window.Figures();
-    std::printf("%llu frames, %zu of them different; cpu in the run: %.1f %%; %s\n",
+    std::printf("figures: %llu frames, %zu of them different; cpu in the run: %.1f %%; %s\n",
                 static_cast<unsigned long long>(m_frames), m_hashes.size(), processor, qPrintable(figures.ToText()));
     QVERIFY(figures.produced >= Lines);
     QCOMPARE(figures.taken, figures.produced);
