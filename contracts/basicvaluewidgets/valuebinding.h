@@ -2,6 +2,7 @@
 #ifndef ORIM_VALUEBINDING_H
 #define ORIM_VALUEBINDING_H
 
+#include "lifetime.h"
 #include "replayonbinding.h"
 #include "tree.h"
 #include "valuebase.h"
@@ -41,13 +42,14 @@ public:
             return false;
         m_pValue = value;
         m_isOurs = isNew;
+        m_life = LifeWatch(value->GetLifetime());
         ReplayOnBinding(dynamic_cast<ValueBase *>(value), m_pObserver);
         return true;
     }
 
     void Release()
     {
-        if (m_pValue && m_isOurs)
+        if (Get() && m_isOurs)
             m_pValue->DeleteObserver(m_pObserver);
         m_pValue = nullptr;
     }
@@ -56,7 +58,7 @@ public:
     //! end of the value lets go of it.
     bool Hears(Observable const * subject, TChangeCode code)
     {
-        if (!m_pValue || subject != m_pValue)
+        if (!Get() || subject != m_pValue)
             return false;
         if (code != eStateChanged || m_pValue->GetState() != eStateGoingAway)
             return true;
@@ -64,13 +66,14 @@ public:
         return false;
     }
 
-    //! The bound value; null while there is none.
-    T * Get() const { return m_pValue; }
+    //! The bound value; null while there is none, also when it ended without telling its observers.
+    T * Get() const { return m_life.IsOver() ? nullptr : m_pValue; }
 
 private:
     IObserver * m_pObserver;
     T * m_pValue = nullptr; // borrowed from the tree; null once it went away
     bool m_isOurs = false;  // this made the widget an observer of the value
+    LifeWatch m_life;       // of the value
 };
 
 #endif
