@@ -1,18 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include "vcscrollbuttons.h"
 
+#include "toint.h"
+
 #include <QBoxLayout>
 #include <QPointer>
 #include <QToolButton>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
 // Ranges that count as endless: that of all int, and what no quantity fills.
 constexpr double WholeRange = 4294967295.0;
 constexpr double RealRange = 1e300;
+
+using Wide = ValueNumeric<long long>; // beyond 2^53 a double does not tell its numbers apart
+
+//! The number one step up or down, not beyond the ends of the type.
+long long StepOf(long long number, long long step, bool up)
+{
+    using Limits = std::numeric_limits<long long>;
+    if (up)
+        return number > Limits::max() - step ? Limits::max() : number + step;
+    return number < Limits::min() + step ? Limits::min() : number - step;
+}
+
+struct Room
+{
+    bool below;
+    bool above;
+};
+
+Room RoomOf(IValueNumeric const * value)
+{
+    if (!value)
+        return { false, false };
+    if (auto const * const wide = dynamic_cast<Wide const *>(value))
+        return { wide->GetValue() > wide->GetMin(), wide->GetValue() < wide->GetMax() };
+    double const number = value->GetNumericValue();
+    return { number > value->GetNumericMin(), number < value->GetNumericMax() };
+}
 
 } // namespace
 
@@ -70,11 +100,11 @@ void VCScrollButtons::Update(Observable * subject, TChangeCode code)
     ShowLimits();
 }
 
-void VCScrollButtons::slotStepDown() { StepBy(-GetStep()); }
+void VCScrollButtons::slotStepDown() { StepBy(-1); }
 
-void VCScrollButtons::slotStepUp() { StepBy(GetStep()); }
+void VCScrollButtons::slotStepUp() { StepBy(1); }
 
-void VCScrollButtons::StepBy(double distance)
+void VCScrollButtons::StepBy(int direction)
 {
     IValueNumeric * const value = m_value.Get();
     if (!value)
@@ -82,7 +112,12 @@ void VCScrollButtons::StepBy(double distance)
     QPointer<VCScrollButtons> const self(this);
     {
         GuiUndoRecordingHelper const recording(this, tr("Step %1").arg(value->GetValueBase()->GetName()));
-        value->SetNumericValue(value->GetNumericValue() + distance, this);
+        if (auto * const wide = dynamic_cast<Wide *>(value)) {
+            long long const step = wide->GetStep() > 0 ? wide->GetStep() : toInt<long long>(GetStep());
+            wide->SetValue(StepOf(wide->GetValue(), step, direction > 0), this);
+        } else {
+            value->SetNumericValue(value->GetNumericValue() + direction * GetStep(), this);
+        }
     }
     if (self)
         ShowLimits();
@@ -90,7 +125,7 @@ void VCScrollButtons::StepBy(double distance)
 
 void VCScrollButtons::ShowLimits()
 {
-    IValueNumeric const * const value = m_value.Get();
-    m_pDown->setEnabled(value && value->GetNumericValue() > value->GetNumericMin());
-    m_pUp->setEnabled(value && value->GetNumericValue() < value->GetNumericMax());
+    Room const room = RoomOf(m_value.Get());
+    m_pDown->setEnabled(room.below);
+    m_pUp->setEnabled(room.above);
 }

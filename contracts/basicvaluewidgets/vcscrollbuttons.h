@@ -39,7 +39,7 @@ public Q_SLOTS:
     void slotStepUp();
 
 private:
-    void StepBy(double distance);
+    void StepBy(int direction);
     void ShowLimits();
 
     ValueBinding<IValueNumeric> m_value{ this };

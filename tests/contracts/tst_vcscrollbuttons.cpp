@@ -12,8 +12,13 @@
 #include <cfloat>
 #include <climits>
 #include <functional>
+#include <type_traits>
 
 namespace {
+
+static_assert(std::is_base_of<QWidget, VCScrollButtons>::value);
+static_assert(std::is_base_of<IObserver, VCScrollButtons>::value);
+static_assert(std::is_base_of<UndoRecordingControlBase, VCScrollButtons>::value);
 
 QString const Path = QStringLiteral("/scroll/value");
 
@@ -73,10 +78,15 @@ private Q_SLOTS:
     void step();
     void stepOfDoubles_data();
     void stepOfDoubles();
+    void stepOfLongNumbers_data();
+    void stepOfLongNumbers();
     void limitsSwitchTheButtons();
+    void limitsOfLongNumbers();
+    void notToldOfItsOwnWrite();
     void heldButtonGoesOn();
     void undoRestores();
     void valueGoesAway();
+    void valueEndsUnheard();
     void valueGoesAwayInTheWrite();
     void buttonsDieInTheWrite();
     void unboundDoesNothing();
@@ -193,6 +203,95 @@ void tst_VCScrollButtons::stepOfDoubles()
     QCOMPARE(stage.buttons.GetStep(), wanted);
 }
 
+void tst_VCScrollButtons::stepOfLongNumbers_data()
+{
+    QTest::addColumn<qlonglong>("min");
+    QTest::addColumn<qlonglong>("max");
+    QTest::addColumn<qlonglong>("step");
+    QTest::addColumn<qlonglong>("value");
+    QTest::addColumn<qlonglong>("lower");
+    QTest::addColumn<qlonglong>("higher");
+    qlonglong const odd = 9007199254740993LL; // 2^53 + 1 is no double
+    qlonglong const huge = 1LL << 62;
+    QTest::newRow("a number that is no double") << 0LL << LLONG_MAX << 1LL << odd << odd - 1 << odd + 1;
+    QTest::newRow("without a step") << LLONG_MIN << LLONG_MAX << 0LL << odd << odd - 1 << odd + 1;
+    QTest::newRow("a hundredth of the range") << odd << odd + 1000 << 0LL << odd + 500 << odd + 490 << odd + 510;
+    QTest::newRow("at the highest") << LLONG_MIN << LLONG_MAX << 0LL << LLONG_MAX << LLONG_MAX - 1 << LLONG_MAX;
+    QTest::newRow("at the lowest") << LLONG_MIN << LLONG_MAX << 0LL << LLONG_MIN << LLONG_MIN << LLONG_MIN + 1;
+    QTest::newRow("past the highest") << 0LL << LLONG_MAX << huge << huge << 0LL << huge;
+    QTest::newRow("past the lowest") << LLONG_MIN + 1 << 0LL << huge << LLONG_MIN + 1 << LLONG_MIN + 1 << 1 - huge;
+    QTest::newRow("no further than the limits") << 0LL << 100LL << 60LL << 60LL << 0LL << 60LL;
+}
+
+void tst_VCScrollButtons::stepOfLongNumbers()
+{
+    QFETCH(qlonglong, min);
+    QFETCH(qlonglong, max);
+    QFETCH(qlonglong, step);
+    QFETCH(qlonglong, value);
+    QFETCH(qlonglong, lower);
+    QFETCH(qlonglong, higher);
+    auto * const number = InsertNumber<long long>(min, max, step, value);
+    QCOMPARE(number->GetValue(), value);
+    VCScrollButtons buttons;
+    buttons.Set_ValuePath(Path);
+    buttons.slotStepDown();
+    QCOMPARE(number->GetValue(), lower);
+    number->SetValue(value, nullptr);
+    buttons.slotStepUp();
+    QCOMPARE(number->GetValue(), higher);
+}
+
+void tst_VCScrollButtons::limitsOfLongNumbers()
+{
+    auto * const number = InsertNumber<long long>(LLONG_MIN, LLONG_MAX, 0, LLONG_MAX - 1);
+    Stage stage;
+    stage.buttons.Set_ValuePath(Path);
+    QVERIFY(stage.up->isEnabled());
+    QTest::mouseClick(stage.up, Qt::LeftButton);
+    QCOMPARE(number->GetValue(), LLONG_MAX);
+    QVERIFY(!stage.up->isEnabled());
+    QVERIFY(stage.down->isEnabled());
+    number->SetValue(LLONG_MIN + 1, nullptr);
+    QVERIFY(stage.down->isEnabled());
+    QTest::mouseClick(stage.down, Qt::LeftButton);
+    QCOMPARE(number->GetValue(), LLONG_MIN);
+    QVERIFY(!stage.down->isEnabled());
+    QVERIFY(stage.up->isEnabled());
+}
+
+void tst_VCScrollButtons::notToldOfItsOwnWrite()
+{
+    class Spy : public VCScrollButtons
+    {
+    public:
+        void Update(Observable * subject, TChangeCode code) override
+        {
+            m_codes.append(code);
+            VCScrollButtons::Update(subject, code);
+        }
+
+        QVector<int> m_codes;
+    };
+
+    auto const * const number = InsertNumber<int>(0, 10, 1, 5);
+    Spy buttons;
+    buttons.Set_ValuePath(Path);
+    QCOMPARE(buttons.m_codes, (QVector<int>{ eStateChanged, eRangeChanged, eValueChanged }));
+    buttons.m_codes.clear();
+    buttons.slotStepUp();
+    buttons.slotStepDown();
+    buttons.slotStepDown();
+    QCOMPARE(number->GetValue(), 4);
+    QVERIFY(buttons.m_codes.isEmpty());
+    Tree::Instance()->Remove(Path);
+    InsertNumber<long long>(0, 10, 1, 5);
+    buttons.Set_ValuePath(Path);
+    buttons.m_codes.clear();
+    buttons.slotStepUp();
+    QVERIFY(buttons.m_codes.isEmpty());
+}
+
 void tst_VCScrollButtons::limitsSwitchTheButtons()
 {
     auto * const number = InsertNumber<int>(0, 10, 1, 0);
@@ -246,6 +345,18 @@ void tst_VCScrollButtons::valueGoesAway()
     Tree::Instance()->Remove(Path);
     QVERIFY(!stage.up->isEnabled());
     QVERIFY(!stage.down->isEnabled());
+    QCOMPARE(stage.buttons.GetStep(), 0.0);
+    stage.buttons.slotStepUp();
+}
+
+void tst_VCScrollButtons::valueEndsUnheard()
+{
+    auto * const number = InsertNumber<int>(0, 10, 1, 5);
+    Stage stage;
+    stage.buttons.Set_ValuePath(Path);
+    number->DeleteObservers();
+    QCOMPARE(stage.buttons.GetStep(), 1.0);
+    Tree::Instance()->Remove(Path);
     QCOMPARE(stage.buttons.GetStep(), 0.0);
     stage.buttons.slotStepUp();
 }
