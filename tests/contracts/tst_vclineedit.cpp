@@ -13,9 +13,15 @@
 #include <QUndoStack>
 #include <QVBoxLayout>
 
+#include <climits>
 #include <functional>
+#include <type_traits>
 
 namespace {
+
+static_assert(std::is_base_of<QLineEdit, VCLineEdit>::value);
+static_assert(std::is_base_of<IObserver, VCLineEdit>::value);
+static_assert(std::is_base_of<UndoRecordingControlBase, VCLineEdit>::value);
 
 QString const Folder = QStringLiteral("/edit");
 
@@ -95,6 +101,8 @@ private Q_SLOTS:
     void typingIsWritten_data();
     void typingIsWritten();
     void longNumbersKeepEveryDigit();
+    void longDecimals_data();
+    void longDecimals();
     void keysAloneWriteNothing();
     void leavingTheFieldWrites();
     void writtenOnce();
@@ -106,6 +114,7 @@ private Q_SLOTS:
     void typingIsNotDisturbed();
     void returnSelectsTheText();
     void valueGoesAway();
+    void valueEndsUnheard();
     void valueGoesAwayInTheWrite();
     void editDiesInTheWrite();
     void unboundTellsTheFinalText();
@@ -230,6 +239,47 @@ void tst_VCLineEdit::longNumbersKeepEveryDigit()
     stage.Enter("9007199254740993");
     QCOMPARE(value->GetValue(), 9007199254740993LL);
     QCOMPARE(stage.edit->text(), QStringLiteral("9007199254740993"));
+}
+
+void tst_VCLineEdit::longDecimals_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::addColumn<QByteArray>("typed");
+    QTest::addColumn<qlonglong>("becomes");
+    qlonglong const odd = 9007199254740993LL; // 2^53 + 1 is no double
+    QTest::newRow("below half") << 0 << QByteArray("9007199254740993.4") << odd;
+    QTest::newRow("half is upward") << 0 << QByteArray("9007199254740993.5") << odd + 1;
+    QTest::newRow("decimal comma") << 0 << QByteArray("9007199254740993,4") << odd;
+    QTest::newRow("zeros") << 0 << QByteArray("9007199254740993.00") << odd;
+    QTest::newRow("no digit behind the point") << 0 << QByteArray("9007199254740993.") << odd;
+    QTest::newRow("negative, below half") << 0 << QByteArray("-9007199254740993.4") << -odd;
+    QTest::newRow("negative, half is upward") << 0 << QByteArray("-9007199254740993.50") << -odd;
+    QTest::newRow("negative, above half") << 0 << QByteArray("-9007199254740993.51") << -odd - 1;
+    QTest::newRow("negative zero") << 0 << QByteArray("-0.6") << -1LL;
+    QTest::newRow("no whole part") << 0 << QByteArray(".5") << 1LL;
+    QTest::newRow("past the highest") << 0 << QByteArray("9223372036854775807.9") << LLONG_MAX;
+    QTest::newRow("past the lowest") << 0 << QByteArray("-9223372036854775808.9") << LLONG_MIN;
+    QTest::newRow("beyond the type") << 0 << QByteArray("99999999999999999999.5") << LLONG_MAX;
+    QTest::newRow("an exponent") << 0 << QByteArray("2.5e1") << 25LL;
+    QTest::newRow("no number") << 0 << QByteArray("2.5x") << 0LL;
+    QTest::newRow("even grid, nearer to the lower") << 2 << QByteArray("9007199254740992.9") << odd - 1;
+    QTest::newRow("even grid, past halfway") << 2 << QByteArray("9007199254740993.4") << odd + 1;
+    QTest::newRow("odd grid, nearer to the lower") << 3 << QByteArray("9007199254740994.4") << odd;
+    QTest::newRow("odd grid, halfway is upward") << 3 << QByteArray("9007199254740994.5") << odd + 3;
+}
+
+void tst_VCLineEdit::longDecimals()
+{
+    QFETCH(int, step);
+    QFETCH(QByteArray, typed);
+    QFETCH(qlonglong, becomes);
+    auto * const value = Insert<ValueNumeric<long long>>("value");
+    value->SetStep(step, nullptr);
+    Stage const stage;
+    stage.edit->SetValue_ValuePath(QStringLiteral("/edit/value"));
+    stage.Enter(typed.constData());
+    QCOMPARE(value->GetValue(), becomes);
+    QCOMPARE(stage.edit->text(), QString::number(becomes));
 }
 
 void tst_VCLineEdit::keysAloneWriteNothing()
@@ -399,6 +449,19 @@ void tst_VCLineEdit::valueGoesAway()
     QCOMPARE(stage.edit->text(), QStringLiteral("4"));
     stage.Enter("5"); // goes nowhere
     QCOMPARE(stage.edit->text(), QStringLiteral("5"));
+}
+
+void tst_VCLineEdit::valueEndsUnheard()
+{
+    auto * const value = Insert<ValueNumeric<int>>("value");
+    Stage const stage;
+    stage.edit->SetValue_ValuePath(QStringLiteral("/edit/value"));
+    value->DeleteObservers();
+    QCOMPARE(stage.edit->GetValue(), value);
+    Tree::Instance()->Remove(QStringLiteral("/edit/value"));
+    QVERIFY(!stage.edit->GetValue());
+    stage.Enter("5"); // goes nowhere
+    QVERIFY(!stage.edit->SetValue_ValuePath(QStringLiteral("/edit/value")));
 }
 
 void tst_VCLineEdit::valueGoesAwayInTheWrite()
