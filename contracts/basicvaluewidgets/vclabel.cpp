@@ -2,15 +2,23 @@
 #include "vclabel.h"
 
 #include "colorcontrast.h"
+#include "toint.h"
 
 #include <QFontMetrics>
 #include <QPalette>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 constexpr int SmallestSize = 4; // points or pixels
 
-int SizeOf(QFont const & font) { return font.pixelSize() > 0 ? font.pixelSize() : font.pointSize(); }
+//! The largest whole size below that of a font.
+int SizeBelow(QFont const & font)
+{
+    return font.pixelSize() > 0 ? font.pixelSize() - 1 : toInt(std::ceil(font.pointSizeF())) - 1;
+}
 
 QFont WithSize(QFont font, int size)
 {
@@ -71,8 +79,7 @@ QSize VCLabel::sizeHint() const
     if (m_sizingText.isEmpty())
         return QLabel::sizeHint();
     QFontMetrics const metrics(m_fullFont, this);
-    QSize const frame = size() - contentsRect().size() + 2 * QSize(margin(), margin());
-    return QSize(metrics.horizontalAdvance(m_sizingText), metrics.height()) + frame;
+    return metrics.size(0, m_sizingText) + Surround(m_fullFont);
 }
 
 QSize VCLabel::minimumSizeHint() const
@@ -88,19 +95,29 @@ void VCLabel::resizeEvent(QResizeEvent * event)
 
 bool VCLabel::Fits(QFont const & font) const
 {
-    QFontMetrics const metrics(font, this);
-    QSize const room = contentsRect().size() - 2 * QSize(margin(), margin());
-    return metrics.horizontalAdvance(m_sizingText) <= room.width() && metrics.height() <= room.height();
+    QSize const wanted = QFontMetrics(font, this).size(0, m_sizingText) + Surround(font);
+    return wanted.width() <= width() && wanted.height() <= height();
+}
+
+//! The label indents its text at the edge to which it is aligned: by half an x when it has a frame.
+QSize VCLabel::Surround(QFont const & font) const
+{
+    QSize const frame = size() - contentsRect().size() + 2 * QSize(margin(), margin());
+    int const halfX = QFontMetrics(font, this).horizontalAdvance(QLatin1Char('x')) / 2 - margin();
+    int const automatic = frameWidth() > 0 ? std::max(0, halfX) : 0;
+    int const used = indent() >= 0 ? indent() : automatic;
+    bool const atSide = !(alignment() & (Qt::AlignHCenter | Qt::AlignJustify));
+    bool const atTop = (alignment() & (Qt::AlignTop | Qt::AlignBottom)) != 0;
+    return frame + QSize(atSide ? used : 0, atTop ? used : 0);
 }
 
 void VCLabel::FitFont()
 {
     if (m_sizingText.isEmpty())
         return;
-    int size = SizeOf(m_fullFont);
-    while (size > SmallestSize && !Fits(WithSize(m_fullFont, size)))
-        --size;
-    QFont const fitted = WithSize(m_fullFont, size);
+    QFont fitted = m_fullFont;
+    for (int size = SizeBelow(m_fullFont); size >= SmallestSize && !Fits(fitted); --size)
+        fitted = WithSize(m_fullFont, size);
     if (fitted != font())
         setFont(fitted);
 }

@@ -47,6 +47,8 @@ protected:
 private:
     void FitFont();
     bool Fits(QFont const & font) const;
+    //! What frame, margin and indent take beside a text in a font.
+    QSize Surround(QFont const & font) const;
 
     ValueBinding<ValueBase> m_value{ this };
     QFont m_fullFont; // as given to SetFontOnSize()

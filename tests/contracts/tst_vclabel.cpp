@@ -12,6 +12,53 @@
 #include <QFontMetrics>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <type_traits>
+
+static_assert(std::is_base_of<QLabel, VCLabel>::value);
+static_assert(std::is_base_of<IObserver, VCLabel>::value);
+static_assert(std::is_base_of<UndoRecordingControlBase, VCLabel>::value);
+
+namespace {
+
+//! What a label of the toolkit asks for that is set up like another one and shows a text. A label asks for twice the
+//! automatic indent that it draws with, so that is given by its number: half an x.
+QSize PlainLabelRoom(QLabel const & like, QString const & text, int points)
+{
+    QLabel plain;
+    plain.setTextFormat(Qt::PlainText);
+    plain.setFrameStyle(like.frameStyle());
+    plain.setAlignment(like.alignment());
+    plain.setIndent(like.indent());
+    plain.setMargin(like.margin());
+    plain.setFont(QFont(QStringLiteral("DejaVu Sans"), points));
+    if (like.indent() < 0 && like.frameWidth() > 0)
+        plain.setIndent(std::max(0, plain.fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2 - like.margin()));
+    plain.setText(text);
+    return plain.sizeHint();
+}
+
+bool PlainLabelFits(QLabel const & like, QString const & text, int points)
+{
+    QSize const room = PlainLabelRoom(like, text, points);
+    return room.width() <= like.width() && room.height() <= like.height();
+}
+
+//! The size of what is drawn inside the frame.
+QSize Drawn(QLabel & label)
+{
+    QImage const image = label.grab(label.contentsRect()).toImage();
+    QRgb const ground = label.palette().color(QPalette::Window).rgb();
+    QRect drawn;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixel(x, y) != ground)
+                drawn |= QRect(x, y, 1, 1);
+    return drawn.size();
+}
+
+} // namespace
+
 class tst_VCLabel : public QObject
 {
     Q_OBJECT
@@ -31,6 +78,7 @@ private Q_SLOTS:
     void bindsAnew();
     void badPathLetsGo();
     void valueGoesAway();
+    void valueEndsUnheard();
     void otherStatesChangeNothing();
     void strangersAreIgnored();
     void labelDiesFirst();
@@ -41,6 +89,10 @@ private Q_SLOTS:
     void backgroundTakenBack();
     void fontFits_data();
     void fontFits();
+    void fontFitsAsTheLabelDraws_data();
+    void fontFitsAsTheLabelDraws();
+    void partOfAPoint();
+    void smallFontStays();
     void fontOnPixels();
     void fontFollowsTheSize();
     void fontWithoutAText();
@@ -186,6 +238,21 @@ void tst_VCLabel::valueGoesAway()
     QCOMPARE(label.text(), QStringLiteral("0"));
 }
 
+void tst_VCLabel::valueEndsUnheard()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    VCLabel label;
+    label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    value->DeleteObservers();
+    Tree::Instance()->Remove(QStringLiteral("/label/value"));
+    auto * const again = new ValueNumeric<int>(QStringLiteral("value"));
+    again->SetValue(8, nullptr);
+    Tree::Instance()->Insert(QStringLiteral("/label"), again);
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/value")));
+    QCOMPARE(label.text(), QStringLiteral("8"));
+}
+
 void tst_VCLabel::otherStatesChangeNothing()
 {
     auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
@@ -317,13 +384,95 @@ void tst_VCLabel::fontFits()
     }
     int const fitted = label.font().pointSize();
     QVERIFY(fitted > 4 && fitted < 12);
-    auto const fits = [&label, &text](int candidate) {
-        QFontMetrics const metrics(QFont(QStringLiteral("DejaVu Sans"), candidate), &label);
-        return metrics.horizontalAdvance(text) <= label.contentsRect().width() &&
-               metrics.height() <= label.contentsRect().height();
-    };
-    QVERIFY(fits(fitted));
-    QVERIFY(!fits(fitted + 1)); // the largest that fits
+    QVERIFY(PlainLabelFits(label, text, fitted));
+    QVERIFY(!PlainLabelFits(label, text, fitted + 1)); // the largest that fits
+}
+
+void tst_VCLabel::fontFitsAsTheLabelDraws_data()
+{
+    QTest::addColumn<int>("frame");
+    QTest::addColumn<int>("alignment");
+    QTest::addColumn<int>("indent");
+    QTest::addColumn<int>("margin");
+    QTest::addColumn<QString>("text");
+    QString const line = QStringLiteral("999.999");
+    int const left = Qt::AlignLeft | Qt::AlignVCenter;
+    QTest::newRow("framed, left") << 0x32 << left << -1 << 0 << line;
+    QTest::newRow("framed, right") << 0x32 << static_cast<int>(Qt::AlignRight | Qt::AlignVCenter) << -1 << 0 << line;
+    QTest::newRow("framed, centred") << 0x32 << static_cast<int>(Qt::AlignCenter) << -1 << 0 << line;
+    QTest::newRow("framed, justified") << 0x32 << static_cast<int>(Qt::AlignJustify | Qt::AlignVCenter) << -1 << 0
+                                       << line;
+    QTest::newRow("framed, at the top") << 0x32 << static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) << -1 << 0 << line;
+    QTest::newRow("framed, at the bottom")
+        << 0x32 << static_cast<int>(Qt::AlignRight | Qt::AlignBottom) << -1 << 0 << line;
+    QTest::newRow("without a frame") << 0 << left << -1 << 0 << line;
+    QTest::newRow("an indent of its own") << 0 << left << 9 << 0 << line;
+    QTest::newRow("an indent of none") << 0x32 << left << 0 << 0 << line;
+    QTest::newRow("the margin eats the indent") << 0x32 << left << -1 << 2 << line;
+    QTest::newRow("a wide margin") << 0x32 << left << -1 << 9 << line;
+    QTest::newRow("two lines") << 0x32 << left << -1 << 0 << QStringLiteral("12\n999.999");
+}
+
+void tst_VCLabel::fontFitsAsTheLabelDraws()
+{
+    QFETCH(int, frame);
+    QFETCH(int, alignment);
+    QFETCH(int, indent);
+    QFETCH(int, margin);
+    QFETCH(QString, text);
+    VCLabel label;
+    label.setFrameStyle(frame);
+    label.setAlignment(Qt::Alignment(alignment));
+    label.setIndent(indent);
+    label.setMargin(margin);
+    QVector<QSize> sizes;
+    for (int width = 20; width < 110; width += 3)
+        sizes.append(QSize(width, 70));
+    for (int height = 10; height < 60; height += 3)
+        sizes.append(QSize(150, height));
+    QMap<int, QSize> wholes; // of the text by the size of its font
+    for (QSize const & size : sizes) {
+        label.resize(size);
+        label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), text);
+        int const fitted = label.font().pointSize();
+        QVERIFY(fitted == 4 || PlainLabelFits(label, text, fitted));
+        QVERIFY(fitted == 12 || !PlainLabelFits(label, text, fitted + 1));
+        if (!PlainLabelFits(label, text, fitted))
+            continue;
+        label.setText(text);
+        QSize const drawn = Drawn(label);
+        QSize & whole = wholes[fitted];
+        if (whole.isEmpty()) {
+            QLabel roomy(text);
+            roomy.setFont(label.font());
+            roomy.resize(150, 80);
+            whole = Drawn(roomy);
+        }
+        QSize const lost = whole - drawn; // 1 px may be lost to rounding
+        QVERIFY(lost.width() <= 1 && lost.height() <= 1);
+    }
+    QCOMPARE(label.sizeHint(), PlainLabelRoom(label, text, 12));
+}
+
+void tst_VCLabel::partOfAPoint()
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSizeF(9.5);
+    VCLabel label;
+    label.resize(400, 100);
+    label.SetFontOnSize(font, QStringLiteral("999.999"));
+    QCOMPARE(label.font().pointSizeF(), 9.5); // never larger than given
+    label.resize(label.sizeHint().width() - 1, 100);
+    label.SetFontOnSize(font, QStringLiteral("999.999"));
+    QCOMPARE(label.font().pointSizeF(), 9.0);
+}
+
+void tst_VCLabel::smallFontStays()
+{
+    VCLabel label;
+    label.resize(1, 1);
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 3), QStringLiteral("999.999"));
+    QCOMPARE(label.font().pointSize(), 3);
 }
 
 void tst_VCLabel::fontOnPixels()
