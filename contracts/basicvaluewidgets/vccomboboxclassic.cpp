@@ -51,7 +51,7 @@ void VCComboBoxClassic::ShowChoice()
 void VCComboBoxClassic::slotChosen(int index)
 {
     ValueSelection * const selection = m_selection.Get();
-    if (!selection)
+    if (!selection || !itemData(index).isValid()) // an item without a key is not of the selection
         return;
     m_dirty = m_dirty || index != selection->GetCurrentIndex();
     long const key = static_cast<long>(itemData(index).toLongLong());

@@ -13,8 +13,13 @@
 #include <QWheelEvent>
 
 #include <functional>
+#include <type_traits>
 
 namespace {
+
+static_assert(std::is_base_of<QComboBox, VCComboBoxClassic>::value);
+static_assert(std::is_base_of<IObserver, VCComboBoxClassic>::value);
+static_assert(std::is_base_of<UndoRecordingControlBase, VCComboBoxClassic>::value);
 
 QString const Path = QStringLiteral("/combo/mode");
 
@@ -76,11 +81,14 @@ private Q_SLOTS:
     void choiceIsWrittenByKey();
     void choiceByKeyboardAndPopup();
     void twoItemsWithOneKey();
+    void itemWithoutKeyIsIgnored();
+    void notToldOfItsOwnWrite();
     void undoRestores();
     void dirty();
     void sameChoiceIsClean();
     void silentWhileFollowing();
     void selectionGoesAway();
+    void selectionEndsUnheard();
     void selectionGoesAwayInTheWrite();
     void comboDiesInTheWrite();
     void writeIsOverruled();
@@ -216,6 +224,45 @@ void tst_VCComboBoxClassic::twoItemsWithOneKey()
     QCOMPARE(combo.currentIndex(), 0);
 }
 
+void tst_VCComboBoxClassic::itemWithoutKeyIsIgnored()
+{
+    ValueSelection * const selection = InsertSelection();
+    selection->AddItem(SelectionItem(QStringLiteral("zero"), 0.0, 0));
+    VCComboBoxClassic combo;
+    combo.SetValueSelection_ValuePath(Path);
+    combo.addItem(QStringLiteral("of the application"));
+    combo.show();
+    QTest::keyClick(&combo, Qt::Key_End);
+    QCOMPARE(selection->GetCurrentKey(), 9L);
+    QVERIFY(!combo.GetDirty());
+    QCOMPARE(Undo().count(), 0);
+}
+
+void tst_VCComboBoxClassic::notToldOfItsOwnWrite()
+{
+    class Spy : public VCComboBoxClassic
+    {
+    public:
+        void Update(Observable * subject, TChangeCode code) override
+        {
+            m_codes.append(code);
+            VCComboBoxClassic::Update(subject, code);
+        }
+
+        QVector<int> m_codes;
+    };
+
+    ValueSelection const * const selection = InsertSelection();
+    Spy combo;
+    combo.SetValueSelection_ValuePath(Path);
+    QVERIFY(combo.m_codes.contains(eValueChanged));
+    combo.m_codes.clear();
+    combo.show();
+    QTest::keyClick(&combo, Qt::Key_Up);
+    QCOMPARE(selection->GetCurrentKey(), 5L);
+    QVERIFY(combo.m_codes.isEmpty());
+}
+
 void tst_VCComboBoxClassic::undoRestores()
 {
     ValueSelection const * const selection = InsertSelection();
@@ -291,6 +338,20 @@ void tst_VCComboBoxClassic::selectionGoesAway()
     InsertSelection();
     QVERIFY(combo.SetValueSelection_ValuePath(Path));
     QCOMPARE(combo.currentIndex(), 1);
+}
+
+void tst_VCComboBoxClassic::selectionEndsUnheard()
+{
+    ValueSelection * const selection = InsertSelection();
+    VCComboBoxClassic combo;
+    combo.SetValueSelection_ValuePath(Path);
+    selection->DeleteObservers();
+    QCOMPARE(combo.GetValueSelection(), selection);
+    Tree::Instance()->Remove(Path);
+    QVERIFY(!combo.GetValueSelection());
+    combo.show();
+    QTest::keyClick(&combo, Qt::Key_Up); // writes nothing
+    QVERIFY(!combo.GetDirty());
 }
 
 void tst_VCComboBoxClassic::selectionGoesAwayInTheWrite()
