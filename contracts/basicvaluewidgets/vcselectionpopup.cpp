@@ -3,7 +3,6 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -59,12 +58,15 @@ void VCSelectionPopup::ShowChoice()
 {
     int const current = m_selection.Get()->GetCurrentIndex();
     for (std::size_t i = 0; i < m_actions.size(); ++i)
-        m_actions[i]->setChecked(static_cast<int>(i) == current);
+        if (m_actions[i])
+            m_actions[i]->setChecked(static_cast<int>(i) == current);
 }
 
 void VCSelectionPopup::RemoveItems()
 {
-    for (QAction * const action : m_actions) {
+    for (QPointer<QAction> const & action : m_actions) {
+        if (!action)
+            continue;
         removeAction(action);
         m_pGroup->removeAction(action);
         action->deleteLater(); // it may be the one that is being chosen
@@ -78,7 +80,9 @@ void VCSelectionPopup::slotSignalRouter(QAction * item)
     ValueSelection * const selection = m_selection.Get();
     if (found != m_actions.end() && selection) {
         int const index = static_cast<int>(found - m_actions.begin());
+        int const id = GetItemId(item);
         QPointer<VCSelectionPopup> const self(this);
+        QPointer<QAction> const chosen(item);
         {
             GuiUndoRecordingHelper const recording(this, tr("Set %1").arg(selection->GetName()));
             selection->SelectIndex(index, this);
@@ -87,6 +91,10 @@ void VCSelectionPopup::slotSignalRouter(QAction * item)
             return;
         if (m_selection.Get())
             ShowChoice();
+        if (!chosen) {
+            Q_EMIT signalActivated(id);
+            return;
+        }
     }
     ResortPopupMenu::slotSignalRouter(item);
 }

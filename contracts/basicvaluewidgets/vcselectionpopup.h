@@ -9,6 +9,8 @@
 #include "valuebinding.h"
 #include "valueselection.h"
 
+#include <QPointer>
+
 #include <vector>
 
 class QActionGroup;
@@ -44,8 +46,8 @@ private:
     void RemoveItems();
 
     ValueBinding<ValueSelection> m_selection{ this };
-    QActionGroup * m_pGroup;          // this owns it
-    std::vector<QAction *> m_actions; // this owns them; by place in the selection
+    QActionGroup * m_pGroup;                  // this owns it
+    std::vector<QPointer<QAction>> m_actions; // this owns them; by place in the selection; null once cleared
 };
 
 #endif

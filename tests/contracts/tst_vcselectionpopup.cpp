@@ -12,8 +12,13 @@
 #include <QUndoStack>
 
 #include <functional>
+#include <type_traits>
 
 namespace {
+
+static_assert(std::is_base_of<QMenu, VCSelectionPopup>::value);
+static_assert(std::is_base_of<IObserver, VCSelectionPopup>::value);
+static_assert(std::is_base_of<UndoRecordingControlBase, VCSelectionPopup>::value);
 
 QString const Path = QStringLiteral("/popup/zone");
 
@@ -76,9 +81,13 @@ private Q_SLOTS:
     void itemsStandAheadOfOthers();
     void otherItemsGoTheirWay();
     void clickOnTheChosen();
+    void notToldOfItsOwnWrite();
+    void clearedMenu();
+    void menuIsClearedInTheWrite();
     void undoRestores();
     void nullTakesTheItems();
     void selectionGoesAway();
+    void selectionEndsUnheard();
     void selectionGoesAwayInTheWrite();
     void popupDiesInTheWrite();
     void listenerRebuildsTheItems();
@@ -218,6 +227,60 @@ void tst_VCSelectionPopup::clickOnTheChosen()
     QCOMPARE(Undo().count(), 0);
 }
 
+void tst_VCSelectionPopup::notToldOfItsOwnWrite()
+{
+    class Spy : public VCSelectionPopup
+    {
+    public:
+        void Update(Observable * subject, TChangeCode code) override
+        {
+            m_codes.append(code);
+            VCSelectionPopup::Update(subject, code);
+        }
+
+        QVector<int> m_codes;
+    };
+
+    ValueSelection * const selection = InsertSelection();
+    Spy popup;
+    popup.SetFirstSelection(selection);
+    QVERIFY(popup.m_codes.contains(eValueChanged));
+    popup.m_codes.clear();
+    popup.actions().at(2)->trigger();
+    QCOMPARE(selection->GetCurrentKey(), 8L);
+    QVERIFY(popup.m_codes.isEmpty());
+}
+
+void tst_VCSelectionPopup::clearedMenu()
+{
+    ValueSelection * const selection = InsertSelection();
+    VCSelectionPopup popup;
+    popup.SetFirstSelection(selection);
+    popup.clear();
+    selection->Select(8L, nullptr);
+    QVERIFY(popup.isEmpty());
+    selection->AddItem(SelectionItem(QStringLiteral("new"), 0.0, 99));
+    QCOMPARE(Texts(popup), (QStringList{ "UTC", "R && L", "*UTC+2", "new" }));
+    popup.clear();
+    popup.SetFirstSelection(nullptr);
+    QVERIFY(popup.isEmpty());
+}
+
+void tst_VCSelectionPopup::menuIsClearedInTheWrite()
+{
+    ValueSelection * const selection = InsertSelection();
+    VCSelectionPopup popup;
+    popup.SetFirstSelection(selection);
+    Watcher watcher;
+    watcher.m_then = [&popup] { popup.clear(); };
+    selection->AddObserver(&watcher);
+    QSignalSpy const activated(&popup, &ResortPopupMenu::signalActivated);
+    popup.actions().at(2)->trigger();
+    QCOMPARE(selection->GetCurrentKey(), 8L);
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(activated.at(0).at(0).toInt(), 8);
+}
+
 void tst_VCSelectionPopup::undoRestores()
 {
     ValueSelection * const selection = InsertSelection();
@@ -250,6 +313,18 @@ void tst_VCSelectionPopup::selectionGoesAway()
     Tree::Instance()->Remove(Path);
     QVERIFY(!popup.GetFirstSelection());
     QVERIFY(popup.isEmpty());
+}
+
+void tst_VCSelectionPopup::selectionEndsUnheard()
+{
+    ValueSelection * const selection = InsertSelection();
+    VCSelectionPopup popup;
+    popup.SetFirstSelection(selection);
+    selection->DeleteObservers();
+    QCOMPARE(popup.GetFirstSelection(), selection);
+    Tree::Instance()->Remove(Path);
+    QVERIFY(!popup.GetFirstSelection());
+    popup.actions().at(0)->trigger(); // writes nothing
 }
 
 void tst_VCSelectionPopup::selectionGoesAwayInTheWrite()
