@@ -23,18 +23,19 @@ bool ControlEventFilter::eventFilter(QObject * object, QEvent * event)
         return false;
     QPointer<ControlEventFilter> const self(this);
     QPointer<QObject> const receiver(object);
-    if (GetControl() && event->type() == QEvent::MouseButtonDblClick && object->inherits("DrawPane"))
+    if (event->type() == QEvent::MouseButtonDblClick && object->inherits("DrawPane"))
         Q_EMIT signalDblClick(event);
     if (!self || !receiver)
         return true; // nobody is left to go on with the event
 
+    // each of these calls may end the control, the widget and this
     Control * const control = GetControl();
-    if (control && control->GetContextMenuEnabled() && event->type() == QEvent::ContextMenu &&
-        control->GetContextMenu()) {
-        bool const opened = self && OpenMenu(*static_cast<QContextMenuEvent *>(event));
-        if (opened || !self || !receiver)
-            return true;
-    }
+    bool const enabled = control && control->GetContextMenuEnabled();
+    bool const wanted = enabled && self && event->type() == QEvent::ContextMenu && GetControl();
+    bool const hasMenu = wanted && control->GetContextMenu();
+    bool const opened = hasMenu && self && receiver && OpenMenu(*static_cast<QContextMenuEvent *>(event));
+    if (opened || !self || !receiver)
+        return true;
     return QObject::eventFilter(object, event);
 }
 

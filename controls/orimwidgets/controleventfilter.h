@@ -12,19 +12,19 @@ class Control;
 class QContextMenuEvent;
 
 //! Hears the events of a widget for its Control: opens the context menu and tells of double clicks on a pane. The
-//! Control may end before it; it then leaves all events alone.
+//! Control may end before it; it then opens no menu, and goes on telling of double clicks.
 class ORIMWIDGETS_EXPORT ControlEventFilter : public QObject
 {
     Q_OBJECT
 public:
-    //! Serves nobody yet. \param parent  the widget that owns it; null for none.
+    //! Serves no control yet. \param parent  the widget that owns it; null for none.
     explicit ControlEventFilter(QObject * parent = nullptr);
 
     //! The control to serve, borrowed; a copy of it is not served.
     void SetControl(Control const & control);
 
-    //! \return whether the event ended here: the context menu was opened, or who heard of a double click deleted the
-    //!         widget or this filter.
+    //! \return whether the event ended here: the context menu was opened, or who heard of a double click or was asked
+    //!         for the menu deleted the widget or this filter.
     bool eventFilter(QObject * object, QEvent * event) override;
 
 Q_SIGNALS:

@@ -8,6 +8,9 @@
 #include <QContextMenuEvent>
 #include <QTranslator>
 
+#include <cstdint>
+#include <cstring>
+
 namespace {
 
 //! A widget with the slot that the menu's item calls.
@@ -29,10 +32,60 @@ public:
     using Control::Control;
     QStringList m_calls;
 
-    void EnableContextMenu(bool on) override { m_calls << QStringLiteral("menu %1").arg(on); }
+    void EnableContextMenu(bool on) override
+    {
+        m_calls << QStringLiteral("menu %1 %2").arg(on).arg(GetContextMenu() != nullptr);
+    }
 
-    void EnablePropertyPage(bool on) override { m_calls << QStringLiteral("page %1").arg(on); }
+    void EnablePropertyPage(bool on) override
+    {
+        m_calls << QStringLiteral("page %1 %2").arg(on).arg(GetContextMenu() != nullptr);
+    }
 };
+
+//! Hears what its set-up tells it, with what is set by then.
+class Recorder : public QWidget
+{
+public:
+    QStringList m_heard;
+
+protected:
+    bool event(QEvent * event) override
+    {
+        QString const state = QStringLiteral(" %1 %2 %3")
+                                  .arg(hasMouseTracking())
+                                  .arg(static_cast<int>(backgroundRole()))
+                                  .arg(autoFillBackground());
+        if (event->type() == QEvent::MouseTrackingChange)
+            m_heard << QStringLiteral("tracking") + state;
+        else if (event->type() == QEvent::PaletteChange)
+            m_heard << QStringLiteral("role") + state;
+        return QWidget::event(event);
+    }
+};
+
+//! Is asked by the filter of every event.
+class CountingControl : public Control
+{
+public:
+    int m_asked = 0;
+
+    bool GetContextMenuEnabled() override
+    {
+        ++m_asked;
+        return Control::GetContextMenuEnabled();
+    }
+};
+
+//! Place of a virtual operation in the table of its class, as GNU compilers for 64-bit PCs lay it out.
+template <class Member>
+int PlaceOf(Member member)
+{
+    std::uintptr_t first = 0;
+    static_assert(sizeof(member) >= sizeof(first), "it begins with one word");
+    std::memcpy(&first, &member, sizeof(first));
+    return static_cast<int>((first - 1) / sizeof(void *));
+}
 
 class PageControl : public Control
 {
@@ -83,12 +136,15 @@ private Q_SLOTS:
     void startsWith();
     void startsWithoutWidget();
     void widgetSetUp();
+    void setUpOrder();
+    void virtualOperationsKeepTheirOrder();
     void setWidget();
     void setWidgetAfterTheFilterEnded();
     void propertyFlagsAreApart();
     void menuFlagsAreApart();
     void propertyPage();
     void createContextProperty();
+    void itemCallsTheStoredWidget();
     void createContextPropertyTwice();
     void createContextPropertyWithoutWidget();
     void createContextPropertyCallsOverrides();
@@ -101,6 +157,8 @@ private Q_SLOTS:
     void eventsAreForwarded();
     void translates();
     void aCopyShares();
+    void aCopyTakesThePage();
+    void anAssignmentTakesPositionAndPage();
     void aCopyDeletesNothing();
     void anAssignedControlSharesToo();
     void theSourceOfACopyEndsFirst();
@@ -155,6 +213,39 @@ void tst_control::widgetSetUp()
     RightClick(widget); // the filter is installed
     QVERIFY(menu.isVisible());
     menu.close();
+}
+
+void tst_control::setUpOrder()
+{
+    Recorder widget;
+    widget.setBackgroundRole(QPalette::Base);
+    widget.m_heard.clear();
+    CountingControl control;
+    control.SetWidget(&widget);
+    QCOMPARE(widget.m_heard, (QStringList{ QStringLiteral("tracking 1 %1 0").arg(static_cast<int>(QPalette::Base)),
+                                           QStringLiteral("role 1 10 0") }));
+    QVERIFY(widget.autoFillBackground());
+    QCOMPARE(control.m_asked, 0); // the filter came last
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&widget, &event);
+    QCOMPARE(control.m_asked, 1);
+}
+
+void tst_control::virtualOperationsKeepTheirOrder()
+{
+#if defined(__x86_64__) && defined(__GNUC__)
+    QCOMPARE(PlaceOf(&Control::CreateContextProperty), 0);
+    QCOMPARE(PlaceOf(&Control::GetPropertyPage), 1);
+    QCOMPARE(PlaceOf(&Control::EnablePropertyPage), 2);
+    QCOMPARE(PlaceOf(&Control::hasPropertyPage), 3);
+    QCOMPARE(PlaceOf(&Control::GetContextMenu), 6); // 4 and 5 are the destructor's
+    QCOMPARE(PlaceOf(&Control::SetContextMenu), 7);
+    QCOMPARE(PlaceOf(&Control::hasContextMenu), 8);
+    QCOMPARE(PlaceOf(&Control::EnableContextMenu), 9);
+    QCOMPARE(PlaceOf(&Control::GetContextMenuEnabled), 10);
+#else
+    QSKIP("another layout of classes", );
+#endif
 }
 
 void tst_control::setWidget()
@@ -246,6 +337,17 @@ void tst_control::createContextProperty()
     QCOMPARE(pane.m_shown, 1);
 }
 
+void tst_control::itemCallsTheStoredWidget()
+{
+    Pane stored;
+    Pane parent;
+    Control control(&stored, "name");
+    control.CreateContextProperty(&parent, "menu");
+    control.GetContextMenu()->actions().first()->trigger();
+    QCOMPARE(stored.m_shown, 1);
+    QCOMPARE(parent.m_shown, 0);
+}
+
 void tst_control::createContextPropertyTwice()
 {
     Pane pane;
@@ -271,7 +373,8 @@ void tst_control::createContextPropertyCallsOverrides()
     Pane pane;
     ListeningControl control(&pane, "name");
     control.CreateContextProperty(&pane, "menu");
-    QCOMPARE(control.m_calls, (QStringList{ QStringLiteral("menu 1"), QStringLiteral("page 1") }));
+    // both come before the menu is made
+    QCOMPARE(control.m_calls, (QStringList{ QStringLiteral("menu 1 0"), QStringLiteral("page 1 0") }));
     QVERIFY(!control.GetContextMenuEnabled()); // the override did not pass it on
     QVERIFY(control.GetContextMenu() != nullptr);
 }
@@ -391,6 +494,27 @@ void tst_control::aCopyShares()
     RightClick(pane); // the filter serves the source
     QVERIFY(control.GetContextMenu()->isVisible());
     control.GetContextMenu()->close();
+}
+
+void tst_control::aCopyTakesThePage()
+{
+    QWidget page;
+    PageControl control;
+    control.SetPage(&page);
+    PageControl copy(control);
+    QCOMPARE(copy.GetPropertyPage(nullptr, nullptr), &page);
+}
+
+void tst_control::anAssignmentTakesPositionAndPage()
+{
+    QWidget page;
+    PageControl control;
+    control.SetPage(&page);
+    control.SetCurrentXYMenu(QPoint(5, 6));
+    PageControl target;
+    target = control;
+    QCOMPARE(target.GetPropertyPage(nullptr, nullptr), &page);
+    QCOMPARE(target.GetCurrentXYMenu(), QPoint(5, 6));
 }
 
 void tst_control::aCopyDeletesNothing()

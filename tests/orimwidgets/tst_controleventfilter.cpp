@@ -88,18 +88,22 @@ private Q_SLOTS:
     void eventNumbers();
     void doubleClick_data();
     void doubleClick();
+    void doubleClickIsJudgedByTheObject();
+    void doubleClickAfterTheControlEnded();
     void doubleClickPassesTheEvent();
     void otherMouseEventsEmitNothing();
     void doubleClickWhoseListenerDeletes_data();
     void doubleClickWhoseListenerDeletes();
     void menuOpens();
     void menuIsAskedForTwice();
+    void positionStandsBeforeTheSecondAsking();
     void theSecondMenuIsTheOneShown();
     void noSecondMenu();
     void noMenuFallsThrough();
     void disabledMenuFallsThrough();
     void enabledIsAskedOfEveryEvent();
     void controlEndsWhileItsMenuIsAsked();
+    void widgetEndsWhileItsMenuIsAsked_data();
     void widgetEndsWhileItsMenuIsAsked();
     void servesNobody();
     void nothing();
@@ -134,6 +138,33 @@ void tst_controleventfilter::doubleClick()
     QSignalSpy const heard(control.GetControlEventFilter(), &ControlEventFilter::signalDblClick);
     QTest::mouseDClick(widget, Qt::LeftButton);
     QTEST(static_cast<int>(heard.count()), "signalsHeard");
+}
+
+void tst_controleventfilter::doubleClickIsJudgedByTheObject()
+{
+    QMouseEvent event(QEvent::MouseButtonDblClick, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    DrawPane pane;
+    QWidget plain;
+    Control const ofPlain(&plain, "name");
+    QSignalSpy const onPane(ofPlain.GetControlEventFilter(), &ControlEventFilter::signalDblClick);
+    ofPlain.GetControlEventFilter()->eventFilter(&pane, &event);
+    QCOMPARE(onPane.count(), 1);
+    Control const ofPane(&pane, "name");
+    QSignalSpy const onPlain(ofPane.GetControlEventFilter(), &ControlEventFilter::signalDblClick);
+    ofPane.GetControlEventFilter()->eventFilter(&plain, &event);
+    QCOMPARE(onPlain.count(), 0);
+}
+
+void tst_controleventfilter::doubleClickAfterTheControlEnded()
+{
+    DrawPane pane;
+    auto source = std::make_unique<Control>(&pane, "name");
+    Control const copy(*source);
+    source.reset();
+    QSignalSpy const heard(copy.GetControlEventFilter(), &ControlEventFilter::signalDblClick);
+    QTest::mouseDClick(&pane, Qt::LeftButton);
+    QCOMPARE(heard.count(), 1);
 }
 
 void tst_controleventfilter::doubleClickPassesTheEvent()
@@ -221,6 +252,20 @@ void tst_controleventfilter::menuIsAskedForTwice()
     menu.close();
 }
 
+void tst_controleventfilter::positionStandsBeforeTheSecondAsking()
+{
+    DrawPane pane;
+    ScriptedControl control(&pane, "name");
+    ResortPopupMenu menu;
+    QVector<QPoint> seen;
+    control.EnableContextMenu(true);
+    control.m_menus = { &menu, &menu };
+    control.m_then = [&] { seen << control.GetCurrentXYMenu(); };
+    RightClick(pane);
+    QCOMPARE(seen, (QVector<QPoint>{ QPoint(0, 0), QPoint(3, 4) }));
+    menu.close();
+}
+
 void tst_controleventfilter::theSecondMenuIsTheOneShown()
 {
     DrawPane pane;
@@ -297,13 +342,27 @@ void tst_controleventfilter::controlEndsWhileItsMenuIsAsked()
     QCOMPARE(pane.m_contextMenus, 1);
 }
 
+void tst_controleventfilter::widgetEndsWhileItsMenuIsAsked_data()
+{
+    QTest::addColumn<bool>("withMenu");
+    QTest::addColumn<bool>("filterEndsToo");
+    QTest::newRow("with a menu") << true << true;
+    QTest::newRow("without a menu") << false << true;
+    QTest::newRow("with a menu, the filter stays") << true << false;
+    QTest::newRow("without a menu, the filter stays") << false << false;
+}
+
 void tst_controleventfilter::widgetEndsWhileItsMenuIsAsked()
 {
+    QFETCH(bool, withMenu);
+    QFETCH(bool, filterEndsToo);
     auto * pane = new DrawPane;
-    ScriptedControl control(pane, "name");
+    ScriptedControl control(filterEndsToo ? pane : nullptr, "name");
+    control.SetWidget(pane);
     ResortPopupMenu menu;
     control.EnableContextMenu(true);
-    control.m_menus = { &menu, &menu };
+    if (withMenu)
+        control.m_menus = { &menu, &menu };
     control.m_then = [&pane] {
         delete pane;
         pane = nullptr;
@@ -323,7 +382,7 @@ void tst_controleventfilter::servesNobody()
     QTest::mouseDClick(&pane, Qt::LeftButton);
     QCOMPARE(pane.m_contextMenus, 1);
     QCOMPARE(pane.m_doubleClicks, 1);
-    QCOMPARE(heard.count(), 0);
+    QCOMPARE(heard.count(), 1); // the signal needs no control
 }
 
 void tst_controleventfilter::nothing()
