@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "colors.h"
 
+#include "colorset.h"
 #include "colortable.h"
 
 #include <QCoreApplication>
@@ -27,6 +28,7 @@ Colors & Colors::Instance()
 
 ColorDefinition * Colors::GetColorDefinition(int id)
 {
+    ColorSet::Instance(); // loads the stored set on first use
     auto const below = [](ColorDefinition const & definition, int number) { return definition.GetId() < number; };
     auto const found = std::lower_bound(m_definitions.begin(), m_definitions.end(), id, below);
     return found != m_definitions.end() && found->GetId() == id ? &*found : nullptr;

@@ -74,6 +74,7 @@ ColorSet::ColorSet()
     for (std::size_t set = 0; set < m_edits.size(); ++set)
         m_pPersistant->Add(new StoredEdits(QString::fromLatin1(EditKeys[set]), m_edits[set]));
     ReadSettings();
+    connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ColorSet::KeepEdits);
 }
 
 ColorSet::~ColorSet() = default;
@@ -202,12 +203,29 @@ void ColorSet::UpdateComboBox(QComboBox * combo)
     combo->setCurrentIndex(Instance().GetCurrentSet());
 }
 
-QWidget * ColorSet::GetCtrl(QWidget * parent) { return GetPropertyPage(parent, nullptr); }
+QWidget * ColorSet::GetCtrl(QWidget * parent)
+{
+    QWidget * const ctrl = GetPropertyPage(parent, nullptr);
+    QWidget const * const window = parent ? parent->window() : nullptr;
+    // a dialog of a higher layer: known by its signal alone
+    if (window && window->metaObject()->indexOfSignal("applyButtonPressed()") >= 0)
+        connect(window, SIGNAL(applyButtonPressed()), ctrl, SLOT(slotAccept()));
+    return ctrl;
+}
 
 QWidget * ColorSet::GetPropertyPage(QWidget * parent, char const * name)
 {
-    m_pCtrl = new ColorSetCtrl(parent, name);
-    return m_pCtrl;
+    auto * const ctrl = new ColorSetCtrl(parent, name);
+    m_ctrls = LiveCtrls();
+    m_ctrls.emplace_back(ctrl);
+    return ctrl;
+}
+
+std::vector<QPointer<ColorSetCtrl>> ColorSet::LiveCtrls()
+{
+    auto const ended = [](QPointer<ColorSetCtrl> const & ctrl) { return ctrl.isNull(); };
+    m_ctrls.erase(std::remove_if(m_ctrls.begin(), m_ctrls.end(), ended), m_ctrls.end());
+    return m_ctrls;
 }
 
 QString const & ColorSet::GetPropertyPagePath()
@@ -218,20 +236,21 @@ QString const & ColorSet::GetPropertyPagePath()
 
 void ColorSet::slotAcceptPropertyChanges()
 {
-    if (m_pCtrl)
-        m_pCtrl->slotAccept();
+    for (QPointer<ColorSetCtrl> const & ctrl : LiveCtrls())
+        if (ctrl) // a listener may end them
+            ctrl->slotAccept();
 }
 
 void ColorSet::slotCancelPropertyChanges()
 {
-    if (m_pCtrl)
-        m_pCtrl->slotCancel();
+    for (QPointer<ColorSetCtrl> const & ctrl : LiveCtrls())
+        ctrl->slotCancel();
 }
 
 void ColorSet::slotDefaultPropertyChanges()
 {
-    if (m_pCtrl)
-        m_pCtrl->slotDefault();
+    for (QPointer<ColorSetCtrl> const & ctrl : LiveCtrls())
+        ctrl->slotDefault();
 }
 
 void ColorSet::slotRestoreFactoryColors()
@@ -261,9 +280,19 @@ void ColorSet::ReadSettings()
 
 void ColorSet::WriteSettings() { m_pPersistant->Write(QString(), 0); }
 
-void ColorSet::CollectEdits()
+bool ColorSet::CollectEdits()
 {
-    m_edits[static_cast<std::size_t>(m_current)] = EditsOf(m_current, GetColors(m_current));
+    QMap<int, QColor> & kept = m_edits[static_cast<std::size_t>(m_current)];
+    QMap<int, QColor> const edits = EditsOf(m_current, GetColors(m_current));
+    bool const differ = edits != kept;
+    kept = edits;
+    return differ;
+}
+
+void ColorSet::KeepEdits()
+{
+    if (CollectEdits())
+        WriteSettings();
 }
 
 void ColorSet::TakeLive()

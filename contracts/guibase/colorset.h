@@ -75,8 +75,9 @@ public:
     static ColorSet & Instance();
     ~ColorSet() override;
 
-    //! A colour of the loaded set. What is written to it is an edit of that set; nobody is told. A number without a
-    //! colour gives a spare that shows the axis foreground; what is written to the spare is lost.
+    //! A colour of the loaded set. What is written to it is an edit of that set; nobody is told, and it is stored with
+    //! the next GuiBase::signalColorsChanged(). A number without a colour gives a spare that shows the axis foreground;
+    //! what is written to the spare is lost.
     QColor & operator[](ECOLOR number);
 
     //! Loads a set with its edits and raises GuiBase::signalColorsChanged(), also when it is loaded already.
@@ -110,7 +111,8 @@ public:
     //! Fills a combo box anew and lets it show the loaded set, silently. Null is ignored.
     static void UpdateComboBox(QComboBox * combo);
 
-    //! A new editor of all sets. The slots below reach the one made last.
+    //! A new editor of all sets; the slots below reach every one that lives. Inside a window with the signal
+    //! applyButtonPressed(), as TabDialog, the editor takes its input over on that signal.
     QWidget * GetCtrl(QWidget * parent);
     QWidget * GetPropertyPage(QWidget * parent, char const * name) override;
     //! "Colors", translated.
@@ -124,21 +126,25 @@ public Q_SLOTS:
     void slotRestoreFactoryColors();
 
     //! Loads set and edits from the store, as on first use, and raises GuiBase::signalColorsChanged(). Call it after
-    //! Persistant::SetStore(). Load(), Apply(), the editor and the factory restore write them.
+    //! Persistant::SetStore(). Load(), Apply(), the editor, the factory restore and, when there are edits anew,
+    //! GuiBase::signalColorsChanged() write them.
     void slotReadSettings();
 
 private:
     ColorSet();
     void ReadSettings();
     void WriteSettings();
-    void CollectEdits();
+    //! \return whether the edits of the loaded set differ from those kept.
+    bool CollectEdits();
+    void KeepEdits();
+    std::vector<QPointer<ColorSetCtrl>> LiveCtrls();
     void TakeLive();
 
     static constexpr std::size_t m_sTableLength = 155; // one past the highest number
     std::array<QColor, m_sTableLength> m_live;         // by number; invalid where there is no colour
     std::vector<QMap<int, QColor>> m_edits;            // by set: what differs from the factory
     QColor m_spare;
-    QPointer<ColorSetCtrl> m_pCtrl; // borrowed: the editor made last
+    std::vector<QPointer<ColorSetCtrl>> m_ctrls; // borrowed: the editors
     QString m_pagePath;
     std::unique_ptr<Persistant> m_pPersistant; // we own it
     int m_current = 0;

@@ -3,6 +3,8 @@
 
 #include "colorset.h"
 #include "colorvision.h"
+#include "memorycfg.h"
+#include "persistant.h"
 
 #include "testmain.h"
 
@@ -12,6 +14,8 @@ class tst_Colors : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
+    void initTestCase();
 
     void cleanup() { ColorSet::Instance().Load(0); }
 
@@ -25,7 +29,20 @@ private Q_SLOTS:
     void loadKnowsItsSets();
     void toldApartByTheColorBlind_data();
     void toldApartByTheColorBlind();
+
+private:
+    MemoryCfg m_store;
 };
+
+//! Asked before the table of single colours exists, the palette is that of the stored set.
+void tst_Colors::initTestCase()
+{
+    m_store.WriteString(QStringLiteral("ColorSet/Set"), QStringLiteral("1"));
+    Persistant::SetStore(&m_store);
+    QCOMPARE(Colors::Instance().GetColorDefinition(1000)->GetColor(), QColor(0xf0, 0xf6, 0xfc));
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), 1);
+    ColorSet::Instance().Load(0);
+}
 
 void tst_Colors::definition_data()
 {

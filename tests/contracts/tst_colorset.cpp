@@ -10,15 +10,40 @@
 #include "guibase.h"
 #include "memorycfg.h"
 #include "persistant.h"
+#include "tabdialog.h"
 
 #include "testmain.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QSignalSpy>
 
 #include <climits>
 
 namespace {
+
+// The numbers are stored and drawn with by others.
+static_assert(IColorBase::eColorAxisForeground == 1);
+static_assert(IColorBase::eColorAxisBackground == 2);
+static_assert(IColorBase::eColorShadingBackground == 3);
+static_assert(IColorBase::eColorClientFirst == 30);
+static_assert(IColorBase::eColorClientSecond == 31);
+static_assert(IColorBase::eColorResult == 34);
+static_assert(IColorBase::eColorSelectedResult == 36);
+static_assert(IColorBase::eColorReadOut == 37);
+static_assert(IColorBase::eColorAgedMarker == 42);
+static_assert(IColorBase::eColorCaptionFocus == 61);
+static_assert(IColorBase::eColorCaptionFocusText == 62);
+static_assert(IColorBase::eColorCaption == 63);
+static_assert(IColorBase::eColorCaptionText == 64);
+static_assert(IColorBase::eColorCaptionFocusCenter == 65);
+static_assert(IColorBase::eColorAxisScale == 66);
+static_assert(IColorBase::eColorCenterReadOut == 85);
+static_assert(IColorBase::eColorBearingStarboard == 87);
+static_assert(IColorBase::eColorBearingPort == 88);
+static_assert(IColorBase::eColorBearingAhead == 89);
+static_assert(IColorBase::eColorMarker == 150);
 
 using ColorMap = QMap<int, QColor>;
 
@@ -70,8 +95,13 @@ private Q_SLOTS:
     void palette();
     void propertyPage();
     void pageSlots();
+    void slotsReachEveryPage();
     void slotsWithoutPage();
+    void tabDialogTakesItOver_data();
+    void tabDialogTakesItOver();
+    void plainWindowTakesNothingOver();
     void storedAtOnce();
+    void editIsStoredWithTheSignal();
     void readBack();
     void factoryRestoreIsStored();
     void oddStore_data();
@@ -553,6 +583,56 @@ void tst_ColorSet::pageSlots()
     QCOMPARE(At(1), ColorSet::GetFactoryColors(1).value(1));
 }
 
+void tst_ColorSet::slotsReachEveryPage()
+{
+    QWidget parent;
+    auto * const page = qobject_cast<ColorSetCtrl *>(ColorSet::Instance().GetPropertyPage(&parent, nullptr));
+    auto * const other = qobject_cast<ColorSetCtrl *>(ColorSet::Instance().GetCtrl(&parent));
+    delete ColorSet::Instance().GetCtrl(nullptr);
+    auto * const combo = page->findChild<QComboBox *>(QStringLiteral("ColorSetCombo"));
+    combo->setCurrentIndex(2);
+    ColorSet::Instance().slotAcceptPropertyChanges();
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), 2);
+    QCOMPARE(other->GetShownSet(), 2);
+    combo->setCurrentIndex(1);
+    ColorSet::Instance().slotCancelPropertyChanges();
+    QCOMPARE(page->GetShownSet(), 2);
+    ColorSet::Instance().slotDefaultPropertyChanges();
+    QVERIFY(page->GetDirty() && other->GetDirty());
+}
+
+void tst_ColorSet::tabDialogTakesItOver_data()
+{
+    QTest::addColumn<QDialogButtonBox::StandardButton>("button");
+    QTest::addColumn<int>("loaded");
+    QTest::newRow("OK") << QDialogButtonBox::Ok << 1;
+    QTest::newRow("Apply") << QDialogButtonBox::Apply << 1;
+    QTest::newRow("Cancel") << QDialogButtonBox::Cancel << 0;
+}
+
+void tst_ColorSet::tabDialogTakesItOver()
+{
+    QFETCH(QDialogButtonBox::StandardButton, button);
+    QFETCH(int, loaded);
+    TabDialog dialog;
+    dialog.setApplyButton();
+    QWidget * const page = ColorSet::Instance().GetCtrl(&dialog);
+    dialog.addTab(page, QStringLiteral("Colors"));
+    page->findChild<QComboBox *>(QStringLiteral("ColorSetCombo"))->setCurrentIndex(1);
+    dialog.findChild<QDialogButtonBox *>()->button(button)->click();
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), loaded);
+}
+
+void tst_ColorSet::plainWindowTakesNothingOver()
+{
+    QDialog dialog;
+    QWidget inner(&dialog);
+    QWidget * const page = ColorSet::Instance().GetCtrl(&inner);
+    page->findChild<QComboBox *>(QStringLiteral("ColorSetCombo"))->setCurrentIndex(1);
+    dialog.accept();
+    QCOMPARE(ColorSet::Instance().GetCurrentSet(), 0);
+}
+
 void tst_ColorSet::slotsWithoutPage()
 {
     delete ColorSet::Instance().GetCtrl(nullptr);
@@ -573,6 +653,16 @@ void tst_ColorSet::storedAtOnce()
     QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QString()), QStringLiteral("150=#010203"));
     QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/NightEdits"), QStringLiteral("none")), QString());
     QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/HighContrastEdits"), QString()), QStringLiteral("2=#040506"));
+}
+
+void tst_ColorSet::editIsStoredWithTheSignal()
+{
+    At(150) = QColor(1, 2, 3);
+    GuiBase::Instance().emit_signalColorsChanged();
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QString()), QStringLiteral("150=#010203"));
+    m_store.WriteString(QStringLiteral("ColorSet/DayEdits"), QStringLiteral("none"));
+    GuiBase::Instance().emit_signalColorsChanged(); // no edit anew: nothing is written
+    QCOMPARE(m_store.ReadString(QStringLiteral("ColorSet/DayEdits"), QString()), QStringLiteral("none"));
 }
 
 void tst_ColorSet::readBack()
