@@ -15,7 +15,7 @@ namespace options {
 
 namespace {
 
-constexpr int PageRole = Qt::UserRole; // place of the page in the stack; absent on a heading
+constexpr int PageRole = Qt::UserRole; // the page, null once it ended; absent on a heading
 
 } // namespace
 
@@ -76,7 +76,8 @@ void OptionsDialog::add(IConfigurable & configurable)
             page->showOptions(*entry->options);
         QStringList const path = page->path();
         QTreeWidgetItem * const item = MakeItem(path.isEmpty() ? QStringList(configurable.displayName()) : path);
-        item->setData(0, PageRole, m_pStack->addWidget(widget));
+        m_pStack->addWidget(widget);
+        item->setData(0, PageRole, QVariant::fromValue(QPointer<QWidget>(widget)));
         entry->firstPage = entry->firstPage ? entry->firstPage : item;
         if (m_pStack->count() == 1)
             m_pTree->setCurrentItem(item);
@@ -105,9 +106,9 @@ QTreeWidgetItem * OptionsDialog::MakeItem(QStringList const & path)
 
 void OptionsDialog::slotPageChosen(QTreeWidgetItem * item)
 {
-    QVariant const page = item ? item->data(0, PageRole) : QVariant();
-    if (page.isValid())
-        m_pStack->setCurrentIndex(page.toInt());
+    auto const page = item ? item->data(0, PageRole).value<QPointer<QWidget>>() : QPointer<QWidget>();
+    if (page && m_pStack->indexOf(page) >= 0)
+        m_pStack->setCurrentWidget(page);
 }
 
 bool OptionsDialog::Apply(Entry & entry)
@@ -121,7 +122,11 @@ bool OptionsDialog::Apply(Entry & entry)
         Refuse(entry, reason);
         return false;
     }
-    return entry.configurable->applyOptions(*entry.options, this);
+    QPointer<OptionsDialog> const self(this);
+    bool const accepted = entry.configurable->applyOptions(*entry.options, this);
+    if (!accepted && self && entry.IsAlive())
+        Refuse(entry, tr("The options were not accepted."));
+    return accepted;
 }
 
 void OptionsDialog::Refuse(Entry const & entry, QString const & reason)
@@ -151,6 +156,7 @@ bool OptionsDialog::slotApply()
 
 void OptionsDialog::slotRestoreDefaults()
 {
+    QPointer<OptionsDialog> const self(this);
     for (auto const & entry : m_entries) {
         if (!entry->IsAlive())
             continue;
@@ -158,6 +164,8 @@ void OptionsDialog::slotRestoreDefaults()
             entry->configurable->getOptions(*entry->options, Intent::eDefault);
         for (auto const & page : entry->pages) {
             page->restoreDefaults();
+            if (!self)
+                return;
             if (entry->options)
                 page->showOptions(*entry->options);
         }
@@ -175,12 +183,16 @@ void OptionsDialog::slotOk()
 void OptionsDialog::reject()
 {
     QPointer<OptionsDialog> const self(this);
-    for (auto const & entry : m_entries)
-        if (entry->IsAlive())
-            for (auto const & page : entry->pages)
-                page->cancel();
-    if (self)
-        QDialog::reject();
+    for (auto const & entry : m_entries) {
+        if (!entry->IsAlive())
+            continue;
+        for (auto const & page : entry->pages) {
+            page->cancel();
+            if (!self)
+                return;
+        }
+    }
+    QDialog::reject();
 }
 
 } // namespace options

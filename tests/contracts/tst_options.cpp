@@ -18,6 +18,8 @@
 #include <QStackedWidget>
 #include <QTreeWidget>
 
+#include <functional>
+
 namespace {
 
 using Bundle = options::adapters::propertyPage::Configurable;
@@ -128,14 +130,41 @@ public:
     QVector<QPointer<QWidget>> m_pages;
     QStringList m_told;
     QString m_path;
+    std::function<void()> m_then; // on Cancel and Restore Defaults
 
 public Q_SLOTS:
 
     void slotAcceptPropertyChanges() override { m_told.append(QStringLiteral("accept")); }
 
-    void slotCancelPropertyChanges() override { m_told.append(QStringLiteral("cancel")); }
+    void slotCancelPropertyChanges() override { Hear(QStringLiteral("cancel")); }
 
-    void slotDefaultPropertyChanges() override { m_told.append(QStringLiteral("default")); }
+    void slotDefaultPropertyChanges() override { Hear(QStringLiteral("default")); }
+
+private:
+    void Hear(QString const & what)
+    {
+        m_told.append(what);
+        if (m_then)
+            m_then();
+    }
+};
+
+//! Accepts nothing, and says no reason.
+class StubbornSettings : public SpeedSettings
+{
+public:
+    using SpeedSettings::SpeedSettings;
+
+    std::unique_ptr<options::IValidator> createValidator() const override { return nullptr; }
+
+    bool applyOptions(options::IOptions const &, QWidget * parent) override
+    {
+        if (m_endsTheDialog)
+            delete parent;
+        return false;
+    }
+
+    bool m_endsTheDialog = false;
 };
 
 class MultiProvider : public QObject, public IHasMultiplePropertyPages
@@ -239,6 +268,11 @@ private Q_SLOTS:
     void applyPutsInForce();
     void okCloses();
     void refusedInput();
+    void refusedWithoutAReason();
+    void dialogEndsInApply();
+    void dialogEndsInTheProvider_data();
+    void dialogEndsInTheProvider();
+    void providerEndsItsPage();
     void cancelDropsInput_data();
     void cancelDropsInput();
     void defaults();
@@ -604,6 +638,82 @@ void tst_Options::refusedInput()
     QVERIFY(refusal->isHidden());
     QCOMPARE(settings.m_inForce, 100);
     QCOMPARE(later.m_told, QStringList{ "accept" });
+}
+
+void tst_Options::refusedWithoutAReason()
+{
+    StubbornSettings settings("speed");
+    OptionsDialog dialog;
+    dialog.add(settings);
+    dialog.show();
+    Click(dialog, QDialogButtonBox::Ok);
+    QVERIFY(dialog.isVisible());
+    auto const * const refusal = dialog.findChild<QLabel *>(QStringLiteral("OptionRefusal"));
+    QVERIFY(refusal->isVisible());
+    QCOMPARE(refusal->text(), QStringLiteral("speed: The options were not accepted."));
+}
+
+void tst_Options::dialogEndsInApply()
+{
+    StubbornSettings settings("speed");
+    settings.m_endsTheDialog = true;
+    QPointer<OptionsDialog> const dialog(new OptionsDialog);
+    dialog->add(settings);
+    QVERIFY(!dialog->slotApply());
+    QVERIFY(!dialog);
+}
+
+void tst_Options::dialogEndsInTheProvider_data()
+{
+    QTest::addColumn<QString>("told");
+    QTest::newRow("on Cancel") << QStringLiteral("cancel");
+    QTest::newRow("on Restore Defaults") << QStringLiteral("default");
+}
+
+void tst_Options::dialogEndsInTheProvider()
+{
+    QFETCH(QString, told);
+    Provider first(QStringLiteral("A"));
+    Provider second(QStringLiteral("B"));
+    Provider third(QStringLiteral("C"));
+    Bundle bundle("b", QStringLiteral("B"), nullptr);
+    bundle.add({}, first);
+    bundle.add({}, second);
+    Bundle later("l", QStringLiteral("L"), nullptr);
+    later.add({}, third);
+    QPointer<OptionsDialog> const dialog(new OptionsDialog);
+    dialog->add(bundle);
+    dialog->add(later);
+    first.m_then = [&dialog] { delete dialog.data(); };
+    if (told == QLatin1String("cancel"))
+        dialog->reject();
+    else
+        dialog->slotRestoreDefaults();
+    QVERIFY(!dialog);
+    QCOMPARE(first.m_told, QStringList{ told });
+    QVERIFY(second.m_told.isEmpty());
+    QVERIFY(third.m_told.isEmpty());
+}
+
+void tst_Options::providerEndsItsPage()
+{
+    Provider first(QStringLiteral("A"));
+    Provider second(QStringLiteral("B"));
+    Provider third(QStringLiteral("C"));
+    Bundle bundle("b", QStringLiteral("B"), nullptr);
+    bundle.add({}, first);
+    bundle.add({}, second);
+    bundle.add({}, third);
+    OptionsDialog dialog;
+    dialog.add(bundle);
+    auto * const tree = dialog.findChild<QTreeWidget *>(QStringLiteral("OptionPages"));
+    delete first.m_pages.at(0);
+    tree->setCurrentItem(tree->topLevelItem(2));
+    QCOMPARE(Shown(dialog), third.m_pages.at(0).data());
+    tree->setCurrentItem(tree->topLevelItem(1));
+    QCOMPARE(Shown(dialog), second.m_pages.at(0).data());
+    tree->setCurrentItem(tree->topLevelItem(0)); // its page is gone
+    QCOMPARE(Shown(dialog), second.m_pages.at(0).data());
 }
 
 void tst_Options::cancelDropsInput_data()
