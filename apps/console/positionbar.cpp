@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "positionbar.h"
 
+#include "colorset.h"
+#include "guibase.h"
 #include "numbertexts.h"
 #include "panelayout.h"
 #include "toint.h"
@@ -14,6 +16,7 @@
 #include <QProxyStyle>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyleOptionSlider>
 #include <QToolButton>
 
 #include <algorithm>
@@ -26,10 +29,27 @@ constexpr int BarSteps = 10000;
 constexpr int KeySteps = 50;   // an arrow key: half a percent
 constexpr int PageSteps = 500; // a page key: five percent
 
-//! A click on the bar goes there, instead of one page towards it.
+//! A click on the bar goes there, instead of one page towards it; the handle has the colour of position cursors.
 class JumpStyle : public QProxyStyle
 {
 public:
+    void drawComplexControl(ComplexControl control, QStyleOptionComplex const * option, QPainter * painter,
+                            QWidget const * widget) const override
+    {
+        auto const * const slider = qstyleoption_cast<QStyleOptionSlider const *>(option);
+        if (control != CC_Slider || !slider || !slider->state.testFlag(State_Enabled)) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        QStyleOptionSlider groove(*slider);
+        groove.subControls.setFlag(SC_SliderHandle, false);
+        QProxyStyle::drawComplexControl(control, &groove, painter, widget);
+        bool const focused = slider->state.testFlag(State_HasFocus);
+        QRect const handle = subControlRect(CC_Slider, slider, SC_SliderHandle, widget).adjusted(1, 1, -1, -1);
+        painter->fillRect(handle, slider->palette.color(focused ? QPalette::Highlight : QPalette::WindowText));
+        painter->fillRect(handle.adjusted(2, 2, -2, -2), ColorSet::Instance()[IColorBase::eColorPositionCursor]);
+    }
+
     int styleHint(StyleHint hint, QStyleOption const * option, QWidget const * widget,
                   QStyleHintReturn * returned) const override
     {
@@ -132,6 +152,7 @@ void PositionBar::BuildBar()
     jump->setParent(m_pBar);
     m_pBar->setStyle(jump);
     connect(m_pBar, &QSlider::valueChanged, this, &PositionBar::slotBarMoved);
+    connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, m_pBar, qOverload<>(&QWidget::update));
     m_pTime = new QLabel(this);
     m_pTime->setObjectName(QStringLiteral("time"));
     m_pTime->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "colorset.h"
 #include "positionbar.h"
 #include "testmain.h"
 
 #include <QLabel>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QStyleOptionSlider>
 #include <QToolButton>
 
 #include <cmath>
@@ -34,6 +36,8 @@ private Q_SLOTS:
     void buttonsShowTheState();
     void signsAreSeenOnEveryGround_data();
     void signsAreSeenOnEveryGround();
+    void handleIsAPositionCursor_data();
+    void handleIsAPositionCursor();
 };
 
 namespace {
@@ -269,6 +273,35 @@ void tst_PositionBar::signsAreSeenOnEveryGround()
         QCOMPARE(icon.pixelColor(5, 8), text);
         QCOMPARE(icon.pixelColor(0, 0).alpha(), 0);
     }
+}
+
+void tst_PositionBar::handleIsAPositionCursor_data()
+{
+    QTest::addColumn<int>("set");
+    for (int set = 0; set < ColorSet::GetSetCount(); ++set)
+        QTest::newRow(ColorSet::GetSetName(set).toLatin1().constData()) << set;
+}
+
+void tst_PositionBar::handleIsAPositionCursor()
+{
+    QFETCH(int, set);
+    Bar bar(100.0);
+    bar.SetPosition(50.0);
+    ColorSet::Instance().Load(set);
+    QColor const cursor = ColorSet::Instance()[IColorBase::eColorPositionCursor];
+    QStyleOptionSlider option;
+    option.initFrom(bar.Slider());
+    option.maximum = bar.Slider()->maximum();
+    option.sliderPosition = bar.Slider()->value();
+    option.sliderValue = bar.Slider()->value();
+    QPoint const middle = bar.Slider()
+                              ->style()
+                              ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, bar.Slider())
+                              .center();
+    QCOMPARE(bar.Slider()->grab().toImage().pixelColor(middle), cursor);
+    bar.SetDuration(0.0); // a bar that is off shows no cursor
+    QVERIFY(bar.Slider()->grab().toImage().pixelColor(middle) != cursor);
+    ColorSet::Instance().Load(0);
 }
 
 ORIM_TEST_MAIN(tst_PositionBar)
