@@ -6,6 +6,7 @@
 #include "testmain.h"
 
 #include <QAction>
+#include <QShowEvent>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -82,7 +83,9 @@ class tst_ResortPopupMenu : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
     void initTestCase() { TestStage::HushPopups(); }
+
     void construction_data();
     void construction();
     void place_data();
@@ -109,6 +112,7 @@ private Q_SLOTS:
     void receiverDeletesMenu();
     void clients();
     void clientIsCalledOnce();
+    void clientIsCalledByTheShowEvent();
     void clientSeesEveryShow();
     void clientSetsStateBeforeShow();
     void deadClient();
@@ -498,6 +502,17 @@ void tst_ResortPopupMenu::clientIsCalledOnce()
     menu.NotifyBeforeShow(&client);
     menu.NotifyBeforeShow(&client);
     Show(menu);
+    QCOMPARE(client.m_calls, 1);
+}
+
+void tst_ResortPopupMenu::clientIsCalledByTheShowEvent()
+{
+    Client client;
+    ResortPopupMenu menu;
+    menu.insertItem(QStringLiteral("item"));
+    menu.NotifyBeforeShow(&client);
+    QShowEvent event;
+    QCoreApplication::sendEvent(&menu, &event);
     QCOMPARE(client.m_calls, 1);
 }
 
