@@ -8,8 +8,8 @@
 
 class QObject;
 
-//! Keeps what has no owner reachable until the process ends, then frees it: an event filter built without a widget, a list
-//! that was replaced while somebody may still hold it.
+//! Keeps what has no owner reachable until the process ends, then frees it: an event filter built without a widget, a
+//! list that was replaced while somebody may still hold it.
 namespace ParkingList {
 
 //! Takes a QObject over. It is freed at process exit unless something deletes it earlier. Null is ignored.

@@ -8,8 +8,8 @@
 #include <QMouseEvent>
 #include <QPoint>
 #include <QPointF>
-#include <QtGlobal>
 #include <QWheelEvent>
+#include <QtGlobal>
 
 #include <cstdlib>
 
@@ -19,8 +19,10 @@ using EnterEvent = QEnterEvent; //!< what enterEvent() receives
 
 //! Position of a mouse event in the widget, px.
 inline QPointF Position(QMouseEvent const * event) { return event->position(); }
+
 //! Position of a mouse event on the screen, px.
 inline QPointF GlobalPosition(QMouseEvent const * event) { return event->globalPosition(); }
+
 //! First key of a sequence with its modifiers in one number; 0 for an empty sequence.
 inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0].toCombined(); }
 #else
@@ -28,7 +30,9 @@ inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : 
 using EnterEvent = QEvent; //!< what enterEvent() receives
 
 inline QPointF Position(QMouseEvent const * event) { return event->localPos(); }
+
 inline QPointF GlobalPosition(QMouseEvent const * event) { return event->screenPos(); }
+
 inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0]; }
 #endif
 

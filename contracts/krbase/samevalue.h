@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-//! Whether a write of \a b over \a a would change nothing. For doubles NaN is the same as NaN and -0.0 the same as 0.0, so
-//! that two values bound to each other come to rest.
+//! Whether a write of \a b over \a a would change nothing. For doubles NaN is the same as NaN and -0.0 the same as 0.0,
+//! so that two values bound to each other come to rest.
 template <class T>
 inline bool sameValue(T const & a, T const & b)
 {

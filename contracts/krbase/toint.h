@@ -8,7 +8,8 @@
 
 //! Converts a double to an integer, truncated towards zero; defined for every double.
 //! \param value  any double.
-//! \return the truncated value; the lowest value of T (0 for an unsigned T) when \a value is NaN, infinite, or truncates
+//! \return the truncated value; the lowest value of T (0 for an unsigned T) when \a value is NaN, infinite, or
+//! truncates
 //!         to a number that T cannot hold.
 template <class T>
 inline T toInt(double value) noexcept

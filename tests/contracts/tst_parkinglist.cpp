@@ -20,8 +20,10 @@ namespace {
 
 struct Speaker : QObject
 {
-    explicit Speaker(char const * text, QObject * parent = nullptr) : QObject(parent), m_text(text) { }
+    explicit Speaker(char const * text, QObject * parent = nullptr) : QObject(parent), m_text(text) {}
+
     ~Speaker() override { std::puts(m_text); }
+
     char const * m_text;
 };
 

@@ -1,6 +1,6 @@
 /* SPDX-License-Identifier: MIT */
-/* Preloaded before the C library: makes the k-th call that touches a folder fail. Counted are the calls named below, when
-   they bear a path below the folder or a handle that was opened there while armed. */
+/* Preloaded before the C library: makes the k-th call that touches a folder fail. Counted are the calls named below,
+   when they bear a path below the folder or a handle that was opened there while armed. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -15,7 +15,17 @@
 #define PUBLIC __attribute__((visibility("default")))
 #define HANDLES 1024
 
-enum { eNone, eNoSpace, eIo, eQuota, eInterrupted, eShortWrite, eKillBefore, eKillAfter };
+enum
+{
+    eNone,
+    eNoSpace,
+    eIo,
+    eQuota,
+    eInterrupted,
+    eShortWrite,
+    eKillBefore,
+    eKillAfter
+};
 
 static char s_folder[4096];
 static int s_armed, s_at, s_kind, s_persistent, s_count, s_fired;
