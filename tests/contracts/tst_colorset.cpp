@@ -603,23 +603,23 @@ void tst_ColorSet::slotsReachEveryPage()
 
 void tst_ColorSet::tabDialogTakesItOver_data()
 {
-    QTest::addColumn<QDialogButtonBox::StandardButton>("button");
+    QTest::addColumn<int>("button");
     QTest::addColumn<int>("loaded");
-    QTest::newRow("OK") << QDialogButtonBox::Ok << 1;
-    QTest::newRow("Apply") << QDialogButtonBox::Apply << 1;
-    QTest::newRow("Cancel") << QDialogButtonBox::Cancel << 0;
+    QTest::newRow("OK") << static_cast<int>(QDialogButtonBox::Ok) << 1;
+    QTest::newRow("Apply") << static_cast<int>(QDialogButtonBox::Apply) << 1;
+    QTest::newRow("Cancel") << static_cast<int>(QDialogButtonBox::Cancel) << 0;
 }
 
 void tst_ColorSet::tabDialogTakesItOver()
 {
-    QFETCH(QDialogButtonBox::StandardButton, button);
+    QFETCH(int, button);
     QFETCH(int, loaded);
     TabDialog dialog;
     dialog.setApplyButton();
     QWidget * const page = ColorSet::Instance().GetCtrl(&dialog);
     dialog.addTab(page, QStringLiteral("Colors"));
     page->findChild<QComboBox *>(QStringLiteral("ColorSetCombo"))->setCurrentIndex(1);
-    dialog.findChild<QDialogButtonBox *>()->button(button)->click();
+    dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::StandardButton(button))->click();
     QCOMPARE(ColorSet::Instance().GetCurrentSet(), loaded);
 }
 
