@@ -34,7 +34,7 @@ int FlowLayout::heightForWidth(int width) const { return Lay(QRect(0, 0, width, 
 
 QSize FlowLayout::minimumSize() const
 {
-    QSize size;
+    QSize size(0, 0);
     for (auto const & item : m_items)
         size = size.expandedTo(item->minimumSize());
     QMargins const margins = contentsMargins();
