@@ -287,7 +287,7 @@ void tst_ConsoleWindow::panesFollowTheSegments()
 {
     auto window = Window<TwoBandSource>();
     ConsoleValues::Set(ConsolePaths::Speed, 0.1);
-    auto const start = [&window](RangePane const & pane) { return pane.GetFrequencyRange().start; };
+    auto const start = [](RangePane const & pane) { return pane.GetFrequencyRange().start; };
     QTRY_COMPARE(start(window->Spectrum()), ToneSource::Centre - ToneSource::Rate / 2.0);
     window->Player().Seek(1.2);
     double const second = ToneSource::Centre + TwoBandSource::Step - ToneSource::Rate / 2.0;
