@@ -6,7 +6,8 @@
 #   scripts/mutants.sh GLOB...    those whose file name matches, as in 'observable_*'
 #
 # A defect is one file tests/mutants/<class>_<what>.patch: a line "# killed-by: tst_name", then a unified diff. Each is
-# applied to a copy of the sources, the named test is built and must fail. The copy and its build lie in build/mutants.
+# applied to a copy of the sources, the named test is built and must fail. The copy and its build lie in build/mutants;
+# the build is that of the preset qt5, so that after scripts/test.sh the compiler cache holds all that is not changed.
 # Ends with "killed/total"; exit code 1 when a defect survived, did not apply or did not build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -33,7 +34,7 @@ copy_sources() {
     cmp -s "$work/fresh/$file" "$work/src/$file" ||
       { mkdir -p "$work/src/$(dirname "$file")"; cp "$work/fresh/$file" "$work/src/$file"; }
   done
-  (cd "$work/src" && find . -type f -print0) | while IFS= read -r -d '' file; do
+  (cd "$work/src" && find . -path ./build -prune -o -type f -print0) | while IFS= read -r -d '' file; do
     [ -e "$work/fresh/$file" ] || rm "$work/src/$file"
   done
 }
@@ -42,8 +43,8 @@ copy_sources() {
 apply() { (cd "$work/src" && GIT_CEILING_DIRECTORIES="$work" git apply "$@"); }
 
 copy_sources
-cmake -S "$work/src" -B "$work/build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DORIM_BUILD_BENCH=OFF \
-      -DORIM_RECORDINGS_DIR="$top/../shared/data" > "$work/configure.log"
+build=$work/src/build/qt5
+(cd "$work/src" && cmake --preset qt5 -DORIM_RECORDINGS_DIR="$top/../shared/data") > "$work/configure.log"
 
 killed=0; bad=()
 for patch in "${wanted[@]}"; do
@@ -53,9 +54,9 @@ for patch in "${wanted[@]}"; do
   if ! apply "$top/$patch" 2> "$work/$name.log"; then
     verdict="does not apply"
   else
-    if ! ninja -C "$work/build" -j "$jobs" "$test" > "$work/$name.log" 2>&1; then
+    if ! ninja -C "$build" -j "$jobs" "$test" > "$work/$name.log" 2>&1; then
       verdict="does not build"
-    elif ! ctest --test-dir "$work/build" -R "^$test\$" --timeout 60 --no-tests=ignore >> "$work/$name.log" 2>&1; then
+    elif ! ctest --test-dir "$build" -R "^$test\$" --timeout 60 --no-tests=ignore >> "$work/$name.log" 2>&1; then
       verdict=killed; killed=$((killed + 1))
     fi
     apply -R "$top/$patch"
