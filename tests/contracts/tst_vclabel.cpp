@@ -464,7 +464,8 @@ void tst_VCLabel::partOfAPoint()
     QCOMPARE(label.font().pointSizeF(), 9.5); // never larger than given
     label.resize(label.sizeHint().width() - 1, 100);
     label.SetFontOnSize(font, QStringLiteral("999.999"));
-    QCOMPARE(label.font().pointSizeF(), 9.0);
+    double const size = label.font().pointSizeF(); // 9, or 8 where the hinted widths of 9 and 9.5 are the same
+    QVERIFY(size == 9.0 || size == 8.0);
 }
 
 void tst_VCLabel::smallFontStays()

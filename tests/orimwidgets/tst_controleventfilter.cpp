@@ -83,7 +83,11 @@ class tst_controleventfilter : public QObject
 
 private Q_SLOTS:
 
-    void initTestCase() { TestStage::HushPopups(); }
+    void initTestCase()
+    {
+        qRegisterMetaType<QEvent *>("QEvent*"); // for the spies on the double click
+        TestStage::HushPopups();
+    }
 
     void eventNumbers();
     void doubleClick_data();
