@@ -240,9 +240,9 @@ void tst_SuffixedDouble::comesBack_data()
     QTest::addColumn<QString>("unit");
     QTest::addColumn<int>("resolution");
     for (int const suffix : { -3, -2, -1, 0, 1, 2, 3, 4, 100 })
-        for (char const * const unit : { "Hz", "m", "", "eV", "dBm" })
+        for (QString const & unit : QStringList{ "Hz", "m", "", "eV", "dBm" })
             for (int const resolution : { 100, 0, 1 })
-                QTest::addRow("suffix %d, unit '%s', resolution %d", suffix, unit, resolution)
+                QTest::addRow("suffix %d, unit '%s', resolution %d", suffix, qPrintable(unit), resolution)
                     << suffix << unit << resolution;
 }
 
