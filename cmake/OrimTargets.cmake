@@ -20,10 +20,6 @@ endfunction()
 # which points up does not compile.
 function(orim_add_layer name)
   cmake_parse_arguments(ARG "" "" "SOURCES;BELOW" ${ARGN})
-  if(NOT ARG_SOURCES)
-    target_include_directories(OrimContracts PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
-    return()
-  endif()
   add_library(OrimLayer_${name} OBJECT ${ARG_SOURCES})
   target_compile_definitions(OrimLayer_${name} PRIVATE OrimContracts_EXPORTS)
   target_include_directories(OrimLayer_${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}"
