@@ -196,12 +196,10 @@ void FindByHandle(benchmark::State & state)
     Run(state, planted, [&](std::size_t i) { return handles[i]; });
 }
 
-BENCHMARK(FindLimit)->Arg(10000)->Arg(100000);
-BENCHMARK(FindInTree)->Arg(10000)->Arg(100000);
-BENCHMARK(FindInTreeFolding)->Arg(10000)->Arg(100000);
-BENCHMARK(FindInQHash)->Arg(10000)->Arg(100000);
-BENCHMARK(FindByHandle)->Arg(10000)->Arg(100000);
+BENCHMARK(FindLimit)->Name("Find/limit")->Arg(10000)->Arg(100000);
+BENCHMARK(FindInTree)->Name("Find/ours")->Arg(10000)->Arg(100000);
+BENCHMARK(FindInTreeFolding)->Name("Find/ours-folding")->Arg(10000)->Arg(100000);
+BENCHMARK(FindInQHash)->Name("Find/qhash")->Arg(10000)->Arg(100000);
+BENCHMARK(FindByHandle)->Name("Find/handle")->Arg(10000)->Arg(100000);
 
 } // namespace
-
-BENCHMARK_MAIN();

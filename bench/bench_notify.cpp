@@ -169,13 +169,12 @@ void NotifyQtSignalByPointer(benchmark::State & state)
     });
 }
 
-BENCHMARK(NotifyLimit)->Arg(1)->Arg(10)->Arg(1000);
-BENCHMARK(NotifyObservable)->Arg(1)->Arg(10)->Arg(1000);
-BENCHMARK(NotifySetValue)->Arg(1)->Arg(10)->Arg(1000);
-BENCHMARK(NotifyQtSignalByString)->Arg(1)->Arg(10)->Arg(1000);
-BENCHMARK(NotifyQtSignalByPointer)->Arg(1)->Arg(10)->Arg(1000);
+BENCHMARK(NotifyLimit)->Name("Notify/limit")->Arg(1)->Arg(10)->Arg(1000);
+BENCHMARK(NotifyObservable)->Name("Notify/ours")->Arg(1)->Arg(10)->Arg(1000);
+BENCHMARK(NotifySetValue)->Name("Notify/ours-set-value")->Arg(1)->Arg(10)->Arg(1000);
+BENCHMARK(NotifyQtSignalByString)->Name("Notify/qt-by-string")->Arg(1)->Arg(10)->Arg(1000);
+BENCHMARK(NotifyQtSignalByPointer)->Name("Notify/qt-by-pointer")->Arg(1)->Arg(10)->Arg(1000);
 
 } // namespace
 
-BENCHMARK_MAIN();
 #include "bench_notify.moc"
