@@ -46,6 +46,7 @@ public:
     void Finalize() override
     {
         ConsoleReporter::Finalize();
+        std::printf("\n"); // the table may end in a colour code
         for (auto const & topic : m_topics)
             Print(topic.first, topic.second);
     }
