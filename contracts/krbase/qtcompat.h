@@ -25,6 +25,13 @@ inline QPointF GlobalPosition(QMouseEvent const * event) { return event->globalP
 
 //! First key of a sequence with its modifiers in one number; 0 for an empty sequence.
 inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0].toCombined(); }
+
+//! In a class with Q_OBJECT: trUtf8(), the same as tr().
+#define ORIM_TR_UTF8                                                                                                   \
+    static QString trUtf8(char const * text, char const * comment = nullptr, int count = -1)                           \
+    {                                                                                                                  \
+        return tr(text, comment, count);                                                                               \
+    }
 #else
 #include <QEvent>
 using EnterEvent = QEvent; //!< what enterEvent() receives
@@ -34,6 +41,8 @@ inline QPointF Position(QMouseEvent const * event) { return event->localPos(); }
 inline QPointF GlobalPosition(QMouseEvent const * event) { return event->screenPos(); }
 
 inline int CombinedKey(QKeySequence const & keys) { return keys.isEmpty() ? 0 : keys[0]; }
+
+#define ORIM_TR_UTF8 // Q_OBJECT brings it along
 #endif
 
 //! Turn of a wheel in eighths of a degree: the part of the angle that is larger in magnitude.

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "translationcenter.h"
+
+namespace {
+
+//! Registers the translation of the library when it is loaded, and takes it back when it is unloaded.
+class Registration
+{
+public:
+    Registration() { TranslationCenter::Instance()->Register(Name()); }
+
+    Registration(Registration const &) = delete;
+    Registration & operator=(Registration const &) = delete;
+
+    ~Registration() { TranslationCenter::Instance()->Unregister(Name()); }
+
+private:
+    //! In memory of its own: what is in the library's goes with it.
+    static QString Name() { return QString::fromLatin1("OrimWidgets"); }
+};
+
+Registration const registration;
+
+} // namespace
