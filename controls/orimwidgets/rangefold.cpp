@@ -73,3 +73,15 @@ double FoldIntoRange(double value, double start, double stop)
     double const rest = std::fmod(value - start, extent);
     return start + (rest < 0.0 ? rest + extent : rest);
 }
+
+double FoldByTurns(double value, double low, double high, double turn)
+{
+    double folded = value;
+    bool const ends = Walk(folded, turn, low, [low](double v) { return !(v < low); }) &&
+                      Walk(folded, -turn, high, [high](double v) { return !(v > high); });
+    if (ends)
+        return folded;
+    double const rest = std::fmod(value - low, turn);
+    double const inside = low + (rest < 0.0 ? rest + turn : rest);
+    return inside > high ? inside - turn : inside;
+}

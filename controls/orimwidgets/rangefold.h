@@ -17,4 +17,12 @@
 //! \return the folded value; NaN for NaN, an infinite value, and a range without extent that the loops could not leave.
 ORIMWIDGETS_EXPORT double FoldIntoRange(double value, double start, double stop);
 
+//! The same for this pair of loops, which ends on a value below the range when the turn is longer than it:
+//! \code
+//! while (value < low) value += turn;
+//! while (value > high) value -= turn;
+//! \endcode
+//! \param turn  above 0.
+ORIMWIDGETS_EXPORT double FoldByTurns(double value, double low, double high, double turn);
+
 #endif

@@ -1,0 +1,449 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_AXISBASE_H
+#define ORIM_AXISBASE_H
+
+#include "ihmap.h"
+#include "iunittextprovider.h"
+#include "lifetime.h"
+#include "markerlist.h"
+#include "orimwidgets_export.h"
+#include "pixelmap.h"
+#include "valuenumeric.h"
+
+#include <QBrush>
+#include <QFont>
+#include <QPen>
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <vector>
+
+class QPainter;
+class SuffixedDouble;
+class VCScrollButtons;
+class ValueSelection;
+
+namespace Orim {
+class DateTime;
+}
+
+//! The widget that owns a range of values and maps it onto pixels: horizontally with the start at the left, vertically
+//! with the start at the bottom. It finds the tics of the range, follows values of the tree, and has the operations
+//! that paint a scale; it paints nothing by itself. An application derives its panes from it.
+//!
+//! Values are in the axis unit, pixels in the widget. A range may run downward. No operation reports an error: a value
+//! without a pixel is -1, and what is divided by an empty range or by the extent of a single pixel is infinite or NaN.
+//! The axis may be deleted by whoever hears of what it does. For the GUI thread.
+class ORIMWIDGETS_EXPORT AxisBase : public MarkerList, public IHMap, public IHasHMap, public IUnitTextProvider
+{
+    Q_OBJECT
+    Q_PROPERTY(double Start READ Start WRITE SetStartValue)
+    Q_PROPERTY(double Stop READ Stop WRITE SetStopValue)
+public:
+    //! Bits of the axis type.
+    enum AxisType : unsigned int
+    {
+        AxisTypeBit0 = 0x01, //!< carried only
+        AxisTypeBit2 = 0x04, //!< carried only
+        AxisHorizontal = 0x10,
+        AxisVertical = 0x20, //!< the stop value lies at the top
+        AxisFrequency = 0x80,
+        AxisShading = 0x100, //!< a shading colour is active; follows it
+        AxisTypeBit9 = 0x200,
+        AxisNoPropertyPage = 0x400,
+        AxisTypeBit13 = 0x2000,
+        AxisWrapped = 0x4000, //!< values outside the range are moved by the wrap value of the list once
+        AxisDblClickSignal = 0x10000,
+        AxisTimeStamps = 0x20000, //!< values are time stamps, us since 1970
+        AxisInnerFrame = 0x100000,
+        AxisWinPanel = 0x200000,
+        AxisDefaultOnDblClick = 0x400000
+    };
+
+    //! Where a value lies with regard to the range.
+    enum InRange : int
+    {
+        InRangeInside = 1, //!< the ends included; NaN too
+        InRangeBelow = 2,
+        InRangeAbove = 3
+    };
+
+    //! A range to go back to.
+    struct StartStopBandwidth
+    {
+        StartStopBandwidth(double theStart, double theStop, double theBandwidth)
+            : start(theStart)
+            , stop(theStop)
+            , bandwidth(theBandwidth)
+        {}
+
+        //! All three are equal.
+        bool operator==(StartStopBandwidth const & other) const
+        {
+            return start == other.start && stop == other.stop && bandwidth == other.bandwidth;
+        }
+
+        //! By the start alone.
+        bool operator<(StartStopBandwidth const & other) const { return start < other.start; }
+
+        double start;
+        double stop;
+        double bandwidth;
+    };
+
+    //! \param name             object name; may be null.
+    //! \param axisType         bits of AxisType; without a direction no value has a pixel.
+    //! \param fixedSidePixels  px beside the scale, for derived panes.
+    //! \param ticLength        px.
+    //! \param fontPointSize    of the labels; two more fonts are 1 and 4 points larger. 0 and less takes Qt's own size.
+    explicit AxisBase(QWidget * parent = nullptr, char const * name = nullptr, unsigned int axisType = 17,
+                      int fixedSidePixels = 20, int ticLength = 5, int fontPointSize = 8);
+    //! Lets go of every bound value.
+    ~AxisBase() override;
+
+    // Whether and how to draw
+
+    //! Always true here: the picture is made anew at each paint.
+    virtual bool bMustRebuildPixMap();
+
+    // Value to pixel
+
+    //! Value that a pixel shows; not clamped. With an inner rectangle one pixel long it is infinite or NaN.
+    virtual double PixelToValue(int pixel) const;
+    //! Pixel that shows a value, truncated towards zero. The length and the place of the inner rectangle count as
+    //! 16-bit numbers. \return -1 for NaN, outside the range, for an empty range, and for an axis without a direction.
+    virtual int ValueToPixel(double value) const;
+    //! The same; an axis is one section.
+    double PixelToValue(int section, int pixel) override;
+    int ValueToPixel(int section, double value) override;
+    //! The same. \param ok  set to whether there is a pixel; may be null, and then \a invert is not heard.
+    //! \param invert  count from the far end: GetCalcWidth() - 1 less the pixel.
+    int ValueToPixel(double value, bool * ok, bool invert) const override;
+    //! \param invert  count the pixel from the far end of the widget, less both offsets.
+    //! \param ok      set to whether the value is not below 0; may be null.
+    double PixelToValue(int pixel, bool * ok, bool invert) const override;
+    //! Pixels of both values; \a pb stays as it is when the first has none. \return whether both have one.
+    bool RangeToPixel(double a, double b, int & pa, int & pb, bool invert) const override;
+    //! The pixels of many values at once, as ValueToPixel(double) of this class gives them.
+    //! \param values, pixels  \a count entries each; null does nothing.
+    void ValuesToPixels(double const * values, int * pixels, std::size_t count) const;
+
+    //! Width of the widget, of a vertical axis too, px.
+    int GetPixelCnt() const override;
+    //! Length of the axis between the offsets, px.
+    int GetCalcWidth() const;
+    //! Whether a pixel lies between the offsets; both ends belong to it.
+    bool IsPixelValid(int pixel) const;
+    //! Pixels for one unit of the axis; the argument is ignored.
+    double GetPixelsForXUnit(int section) const override;
+    //! Units of the axis for one pixel.
+    double GetXUnitsForPixel(int section) const override;
+    //! 1.
+    int GetSectionCnt() const override;
+    //! This.
+    IHMap * HMap() override;
+    InRange CheckInRange(double value) const;
+
+    //! Has the picture repaired.
+    virtual void RebuildSections();
+    //! Pixels that a distance on the axis takes, rounded up; the lowest int when no int holds them.
+    virtual int DistanceToPixel(double distance);
+    //! Vertical scroll position of the picture, px; 0 here.
+    virtual int ScrollYPixelOffset() const;
+    //! For derived panes that keep a border above; false here.
+    virtual bool UpperBorder(double value);
+
+    // Texts
+
+    //! Label of a value, wrapped as the display asks: by the converter, as a time, as the marker writes its own value,
+    //! or in fixed point with the digits that the tics need. \param marker  may be null.
+    virtual void BuildFormatString(QString & out, double value, Marker * marker);
+
+    // Range
+
+    //! Finds the tics of the range.
+    virtual void CalcValues();
+    //! Sets an end of the range, and the value bound to it; its limits win. Finds the tics, asks for a repair, and
+    //! emits redrawBars() and signalRangeChanged(). \param value  any double; a bound value refuses NaN.
+    virtual void SetStartValue(double value);
+    virtual double GetStart();
+    virtual void SetStopValue(double value);
+    virtual double GetStop();
+
+    double Start() const { return m_start; }
+
+    double Stop() const { return m_stop; }
+
+    //! Sets both ends, each as above, and ends a fixed range.
+    void SetRange(double start, double stop);
+    //! Sets the range together with its tics, which then stay. Writes no bound value and emits nothing.
+    //! \param leftDigits, rightDigits  of the labels, before and behind the point.
+    void SetFixedRange(double start, double stop, int ticCount, int leftDigits, int rightDigits, double firstTic,
+                       double ticStep);
+    //! Range to fall back to; both -1.0 at the start, which stands for none. Forgets the ranges to go back to.
+    void SetDefaultRange(double start, double stop);
+    void GetDefaultRange(double & start, double & stop) const;
+    //! Range of the device; both -1.0 at the start, which stands for none.
+    void SetDeviceRange(double start, double stop);
+    void GetDeviceRange(double & start, double & stop) const;
+    //! The section is ignored.
+    void GetCurrentStartStop(int section, double & start, double & stop) override;
+
+    //! Offset of the values of a scrolled axis. Writes the bound offset. On a horizontal axis with a bound speed and a
+    //! bound offset the range then starts there and is as long as the pixels last; else the tics are found anew.
+    void SetOffset(double offset);
+    //! Speed of a scrolled axis, px per unit; writes the bound speed, then as SetOffset().
+    void SetPixPerSecond(double pixels);
+
+    double GetPixPerSecond() const { return m_pixPerSecond; }
+
+    //! Displayed value by axis value; 1.0 at the start. The tics stay until they are found again.
+    void SetDisplayFactor(double factor);
+
+    double GetDisplayFactor() const { return m_displayFactor; }
+
+    void SetRelative(bool relative);
+    void toggleAbsoluteRelative();
+
+    bool GetRelative() const { return m_relative; }
+
+    //! Pixels left free at the ends of the axis.
+    void SetPixOffset(int leftTop, int rightBottom);
+
+    int GetLeftTopOffset() const { return m_leftTopOffset; }
+
+    int GetRightBottomOffset() const { return m_rightBottomOffset; }
+
+    int GetFixedSidePixels() const { return m_fixedSidePixels; }
+
+    unsigned int GetAxisType() const { return m_axisType; }
+
+    bool IsFrequencyAxis() const { return (m_axisType & AxisFrequency) != 0; }
+
+    // Tics
+
+    //! Minor tics are drawn where tics are further apart than this, px; -1, as at the start: never.
+    void SetMaxPixBetweenTics(int pixels) { m_maxPixBetweenTics = pixels; }
+
+    //! Distance of the tics in the displayed unit; -1, as at the start: the one that suits the range.
+    void SetFixedTicWidth(int width);
+    //! Pixels of the tics, for the derived class that writes them while it paints. Has the picture made anew.
+    std::vector<int> & GetTicsVector();
+
+    // Look
+
+    void EnableDraw(bool on);
+
+    void HideUnit(bool hide) { m_hideUnit = hide; }
+
+    void ShowUnit(bool show) { m_showUnit = show; }
+
+    void SetAutoScaleCheckOnProperty(bool on) { m_autoScaleCheckOnProperty = on; }
+
+    void SetUseHandlerBaseSuffix(bool on) { m_useHandlerBaseSuffix = on; }
+
+    //! Do not redraw.
+    void SetBgColor(QColor & color);
+    void SetTextColor(QColor & color);
+    //! Where the panel of a result is drawn; pixel -1 is nowhere.
+    void SetResultPanelPixelValue(int pixel, double value);
+    //! What the axis shades by; 0 is nothing. Chooses in the bound selection when there is one.
+    void SetShadingColor(VC::EShadingColor const & color);
+
+    VC::EShadingColor GetShadingColor() const { return static_cast<VC::EShadingColor>(m_shadingColor); }
+
+    // Unit and numbers
+
+    //! Takes the converter over; null for none.
+    void SetConverter(SuffixedDouble * converter);
+    SuffixedDouble * GetConverter() const;
+    void DisableUnitSelection();
+    void SetUnitText(QString unit) override;
+    QString GetUnitText() override;
+    QString GetPropertyPageUnitText() override;
+    QString GetPureUnitText() override;
+    //! \return 0 for a text that is no number.
+    double String2double(QString text) override;
+    QString double2String(double value, char const * format) override;
+
+    // Binding to values of the tree. Each operation lets go of the value before, and returns whether there is a value
+    // of the right type at the path.
+
+    //! A number; the start follows it, and is the default start from then on.
+    bool SetStart_ValuePath(QString const & path);
+    bool SetStop_ValuePath(QString const & path);
+    //! A selection with keys of EAzimuthDisplay.
+    bool SetDisplayAzimuth_ValuePath(QString const & path);
+    bool SetPixPerSecond_ValuePath(QString const & path);
+    //! A number or an integer.
+    bool SetOffset_ValuePath(QString const & path);
+    //! A selection with keys of VC::EShadingColor.
+    bool SetShadingColor_ValuePath(QString const & path);
+    //! Any value: a change of it drops the picture. \param index  0 to 3; the value at 3 is only observed.
+    bool SetForceRebuild_ValuePath(QString const & path, unsigned int index);
+
+    //! Null while nothing is bound.
+    IValueNumeric * GetStartValueNumeric() const { return m_pStart; }
+
+    IValueNumeric * GetStopValueNumeric() const { return m_pStop; }
+
+    //! Who is told of a change of the bound start and stop as well; null for nobody. Not owned.
+    void SetPrimaryVMappingDrawPane(IObserver * pane);
+    //! Null unless a derived class made them.
+    VCScrollButtons * GetScrollButtons() const;
+
+    void Update(Observable * subject, TChangeCode code) override;
+    void RepairDrawing() override;
+
+    //! The widget less the offsets at left and right; top and bottom are those of the widget.
+    virtual QRect innerRect() const;
+
+Q_SIGNALS:
+    //! The operator chose another range.
+    void Zoomed();
+    //! Start or stop was set.
+    void signalRangeChanged();
+    //! The picture was painted.
+    void AxisRepainted();
+    //! What is drawn along the axis moves.
+    void redrawBars();
+
+public Q_SLOTS:
+    //! Takes the colours anew, finds the tics and drops the picture.
+    void slotRefreshPixmapNow();
+
+protected:
+    //! Paints frame and ground, and the strip of bearing bands when the display asks for it. Does nothing without a
+    //! picture.
+    virtual void drawBackground(QPainter & painter);
+    //! Paints the shading colours of the range, one line a pixel from \a x, \a y on, both ends included: the high end
+    //! at the top, or at the right. \param w, h    px; nothing below 2, nor without a shading colour. \param invert  on
+    //! a vertical axis: the high end at the bottom, and the colours not turned round.
+    void drawShadeRect(QPainter & painter, int x, int y, int w, int h, bool invert);
+    //! Paints the ageing colours as a column of steps, the first at the top, with the painter's pen around each.
+    //! \param w, h   px; a step is a third of the width. Nothing below 2.
+    //! \param steps  nothing below 1.
+    void drawAgeingScale(QPainter & painter, int x, int y, int w, int h, int steps);
+
+    //! Finds the tics of a range; each argument takes what axisDefinition::GetAxisValuesLinear() tells.
+    //! \return the number of tics; those of a fixed range stay, and nothing is written.
+    int GetAxisValues(double * start, double * stop, int * minor, int * left, int * right, double * first,
+                      double * step, double * offset, int mode);
+    //! Number of minor tics between two tics when there is room for them; -1 when there is none.
+    int Check4Tics() const;
+
+    //! Value at which a tic stands. \param index  from 0.
+    double GetTicValue(int index) const { return index * m_ticStep + m_firstTic + m_ticOffset; }
+
+    //! Turns a bearing into the range that the bound display asks for.
+    void WrapValue4Display(double & value) const;
+
+    void resizeEvent(QResizeEvent * event) override;
+
+    // State. A pointer to a value is borrowed from the tree, and null while nothing is bound.
+
+    ValueSelection * m_pUnitSelection = nullptr; // its current item names the unit
+    std::unique_ptr<SuffixedDouble> m_pConverter;
+    int m_fixedTicWidth = -1;
+    std::unique_ptr<QPixmap> m_pPixmap; // the picture of the axis; null: to be made anew
+    std::unique_ptr<QPixmap> m_pPixmap2;
+    double m_drawnStart = 0.0; // what the picture shows
+    double m_drawnStop = 0.0;
+    int m_drawnHeight = 0;                            // px
+    IObserver * m_pPrimaryVMappingDrawPane = nullptr; // borrowed
+    double m_defaultStart = -1.0;
+    double m_defaultStop = -1.0;
+    double m_deviceStart = -1.0;
+    double m_deviceStop = -1.0;
+    bool m_fixedRange = false;
+    double m_start = 0.0;
+    double m_stop = 0.0;
+    double m_calcStart = 0.0; // what the tics were found for
+    double m_calcStop = 0.0;
+    double m_ticStep = 0.0;
+    double m_firstTic = 0.0;
+    double m_ticOffset = 0.0;
+    int m_leftDigits = 3; // of the labels, before the point
+    int m_rightDigits = 3;
+    int m_ticCount = 0;
+    int m_fixedSidePixels;
+    int m_ticLength; // px
+    int m_fontPointSize;
+    unsigned int m_axisType;
+    std::deque<StartStopBandwidth> m_unZoom; // ranges to go back to
+    int m_maxPixBetweenTics = -1;
+    int m_rightBottomOffset = 0; // px
+    int m_leftTopOffset = 0;
+    QFont m_font;
+    QFont m_fontLarger;
+    QFont m_fontBold;
+    QBrush m_bgBrush;
+    QPen m_bgPen;
+    QPen m_textPen;
+    ValueNumeric<double> * m_pStart = nullptr;
+    ValueNumeric<double> * m_pStop = nullptr;
+    ValueSelection * m_pDisplayAzimuth = nullptr;
+    ValueNumeric<double> * m_pPixPerSecondValue = nullptr;
+    double m_pixPerSecond = 0.0;
+    QString m_unitText;
+    ValueNumeric<double> * m_pOffset = nullptr; // either this or the next is bound
+    ValueNumeric<int> * m_pOffset2 = nullptr;
+    double m_offset = 0.0;
+    std::vector<ValueBase *> m_forceRebuild; // 3
+    std::unique_ptr<VCScrollButtons> m_pScrollButtons;
+    int m_minorTics = 0;
+    bool m_drawEnabled = true;
+    double m_displayFactor = 1.0;
+    bool m_relative = true;
+    bool m_hideUnit = false;
+    ValueSelection * m_pShadingColor = nullptr;
+    int m_shadingColor; // a VC::EShadingColor
+    int m_resultPanelPixel = -1;
+    double m_resultPanelValue = 0.0;
+    bool m_autoScaleCheckOnProperty = false;
+    bool m_showUnit = true;
+    std::vector<int> m_tics; // px, written by derived classes while they paint
+    ValueSelection * m_pTimeZone = nullptr;
+    std::unique_ptr<Orim::DateTime> m_pDateTime; // on an axis of time stamps
+    QString m_timeFormatString = QStringLiteral("mm");
+    bool m_useHandlerBaseSuffix = false;
+
+private:
+    struct BoundField;
+
+    bool IsHorizontal() const { return (m_axisType & AxisHorizontal) != 0; }
+
+    bool IsVertical() const { return (m_axisType & AxisVertical) != 0; }
+
+    bool IsTimeAxis() const { return m_pDateTime != nullptr; }
+
+    PixelMap const & Map() const;
+    void StartTimeAxis();
+    void StoreEnd(double & end, ValueNumeric<double> *& bound, double value);
+    void StoreShadingColor(int color);
+    void FillBearingBands(QPainter & painter);
+    double TimeSpanEnd() const;
+    void MoveScrolledRange();
+
+    template <class T>
+    bool Bind(T *& field, QString const & path);
+    template <class T>
+    void LetGo(T *& field);
+    void LetGoOf(Observable * source);
+    void StartChanged();
+    void StopChanged();
+    bool ForwardToPane(Observable * source);
+    void WrapMarkersIntoRange();
+    void TimeZoneChanged();
+
+    mutable PixelMap m_map;            // of the range and the inner rectangle last asked for
+    LifeWatch m_paneLife;              // of m_pPrimaryVMappingDrawPane
+    ValueBase * m_pObserved = nullptr; // borrowed, bound as force rebuild 3
+    LifeWatch m_observedLife;          // of m_pObserved
+};
+
+#endif

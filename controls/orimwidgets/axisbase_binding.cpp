@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "axisbase.h"
+
+#include "datetime.h"
+#include "replayonbinding.h"
+#include "suffixeddouble.h"
+#include "toint.h"
+#include "tree.h"
+#include "valueselection.h"
+#include "vcscrollbuttons.h"
+
+#include <algorithm>
+#include <array>
+
+//! A field that may be bound to a value: how to ask for the value, how to forget it, and what a new value does.
+struct AxisBase::BoundField
+{
+    ValueBase * (*held)(AxisBase const & axis);
+    void (*forget)(AxisBase & axis);
+    void (*changed)(AxisBase & axis);
+
+    template <auto Field>
+    static constexpr BoundField Of(void (*changed)(AxisBase & axis))
+    {
+        return { [](AxisBase const & axis) -> ValueBase * { return axis.*Field; },
+                 [](AxisBase & axis) { axis.*Field = nullptr; }, changed };
+    }
+
+    template <std::size_t Index>
+    static constexpr BoundField OfForceRebuild()
+    {
+        return { [](AxisBase const & axis) { return axis.m_forceRebuild[Index]; },
+                 [](AxisBase & axis) { axis.m_forceRebuild[Index] = nullptr; },
+                 [](AxisBase & axis) { axis.Repair(); } };
+    }
+
+    static constexpr auto Table();
+    //! The first field that holds a value; null when none does.
+    static BoundField const * Find(AxisBase const & axis, Observable const * value);
+
+    bool Holds(AxisBase const & axis, Observable const * value) const { return value && held(axis) == value; }
+};
+
+constexpr auto AxisBase::BoundField::Table()
+{
+    return std::array{
+        Of<&AxisBase::m_pStart>([](AxisBase & axis) { axis.StartChanged(); }),
+        Of<&AxisBase::m_pStop>([](AxisBase & axis) { axis.StopChanged(); }),
+        Of<&AxisBase::m_pPixPerSecondValue>(
+            [](AxisBase & axis) { axis.SetPixPerSecond(axis.m_pPixPerSecondValue->GetValue()); }),
+        Of<&AxisBase::m_pUnitSelection>([](AxisBase & axis) { axis.Repair(); }),
+        Of<&AxisBase::m_pOffset>([](AxisBase & axis) { axis.SetOffset(axis.m_pOffset->GetValue()); }),
+        Of<&AxisBase::m_pOffset2>([](AxisBase & axis) { axis.SetOffset(axis.m_pOffset2->GetValue()); }),
+        Of<&AxisBase::m_pShadingColor>(
+            [](AxisBase & axis) { axis.StoreShadingColor(static_cast<int>(axis.m_pShadingColor->GetCurrentKey())); }),
+        Of<&AxisBase::m_pDisplayAzimuth>([](AxisBase & axis) { axis.Repair(); }),
+        Of<&AxisBase::m_pTimeZone>([](AxisBase & axis) { axis.TimeZoneChanged(); }),
+        OfForceRebuild<0>(),
+        OfForceRebuild<1>(),
+        OfForceRebuild<2>(),
+    };
+}
+
+AxisBase::BoundField const * AxisBase::BoundField::Find(AxisBase const & axis, Observable const * value)
+{
+    static constexpr auto fields = Table();
+    auto const found =
+        std::find_if(fields.begin(), fields.end(), [&](BoundField const & field) { return field.Holds(axis, value); });
+    return found == fields.end() ? nullptr : &*found;
+}
+
+AxisBase::~AxisBase()
+{
+    static constexpr auto fields = BoundField::Table();
+    for (BoundField const & field : fields)
+        if (ValueBase * const value = field.held(*this)) {
+            field.forget(*this);
+            value->DeleteObserver(this);
+        }
+}
+
+template <class T>
+void AxisBase::LetGo(T *& field)
+{
+    T * const value = field;
+    field = nullptr;
+    if (value && !BoundField::Find(*this, value)) // another field may hold it
+        value->DeleteObserver(this);
+}
+
+template <class T>
+bool AxisBase::Bind(T *& field, QString const & path)
+{
+    LetGo(field);
+    Tree const * const tree = Tree::Instance();
+    T * const value = tree ? tree->FindAs<T>(path) : nullptr;
+    if (!value || !(value->AddObserver(this) || value->HasObserver(this)))
+        return false;
+    field = value;
+    LifeWatch const life(GetObserverLifetime());
+    ReplayOnBinding(value, this);
+    return !life.IsOver() && field;
+}
+
+//! Forgets a value that goes away, in every field that holds it.
+void AxisBase::LetGoOf(Observable * source)
+{
+    auto * const value = dynamic_cast<ValueBase *>(source);
+    if (!value || value->GetState() != eStateGoingAway)
+        return;
+    while (BoundField const * const field = BoundField::Find(*this, source))
+        field->forget(*this);
+    source->DeleteObserver(this);
+}
+
+void AxisBase::Update(Observable * source, TChangeCode code)
+{
+    BoundField const * const field = BoundField::Find(*this, source);
+    if (code == eStateChanged && field) {
+        LetGoOf(source);
+        return;
+    }
+    SetMustRecalcRulers(true);
+    if (code != eValueChanged)
+        return;
+    bool const drops =
+        source && std::find(m_forceRebuild.begin(), m_forceRebuild.end(), source) != m_forceRebuild.end();
+    if (drops)
+        m_pPixmap.reset();
+    if (field)
+        field->changed(*this);
+    else
+        Repair();
+}
+
+// What a new value does
+
+void AxisBase::StartChanged()
+{
+    LifeWatch const life(GetObserverLifetime());
+    if (!ForwardToPane(m_pStart) || !m_pStart)
+        return;
+    SetStartValue(m_pStart->GetValue());
+    if (!life.IsOver())
+        WrapMarkersIntoRange();
+}
+
+void AxisBase::StopChanged()
+{
+    LifeWatch const life(GetObserverLifetime());
+    if (!ForwardToPane(m_pStop) || !m_pStop)
+        return;
+    SetStopValue(m_pStop->GetValue());
+    if (!life.IsOver())
+        WrapMarkersIntoRange();
+}
+
+//! \return whether this still lives.
+bool AxisBase::ForwardToPane(Observable * source)
+{
+    LifeWatch const life(GetObserverLifetime());
+    if (m_pPrimaryVMappingDrawPane && !m_paneLife.IsOver())
+        m_pPrimaryVMappingDrawPane->Update(source, eValueChanged);
+    return !life.IsOver();
+}
+
+void AxisBase::WrapMarkersIntoRange()
+{
+    if (m_pStart && m_pStop)
+        SetMarkerWrapIntoRange(toInt(m_pStart->GetValue()), toInt(m_pStop->GetValue()));
+}
+
+void AxisBase::TimeZoneChanged()
+{
+    if (m_pDateTime)
+        m_pDateTime->setOffsetFromUTC(toInt<long long>(m_pTimeZone->GetCurrentValue()));
+    Repair();
+}
+
+// Binding by path
+
+bool AxisBase::SetStart_ValuePath(QString const & path)
+{
+    LifeWatch const life(GetObserverLifetime());
+    if (!Bind(m_pStart, path))
+        return false;
+    SetStartValue(m_pStart->GetValue());
+    if (life.IsOver())
+        return false;
+    m_defaultStart = m_start;
+    return m_pStart;
+}
+
+bool AxisBase::SetStop_ValuePath(QString const & path)
+{
+    LifeWatch const life(GetObserverLifetime());
+    if (!Bind(m_pStop, path))
+        return false;
+    SetStopValue(m_pStop->GetValue());
+    if (life.IsOver())
+        return false;
+    m_defaultStop = m_stop;
+    return m_pStop;
+}
+
+bool AxisBase::SetDisplayAzimuth_ValuePath(QString const & path) { return Bind(m_pDisplayAzimuth, path); }
+
+bool AxisBase::SetPixPerSecond_ValuePath(QString const & path) { return Bind(m_pPixPerSecondValue, path); }
+
+bool AxisBase::SetShadingColor_ValuePath(QString const & path) { return Bind(m_pShadingColor, path); }
+
+bool AxisBase::SetOffset_ValuePath(QString const & path)
+{
+    LetGo(m_pOffset);
+    LetGo(m_pOffset2);
+    LifeWatch const life(GetObserverLifetime());
+    if (Bind(m_pOffset, path))
+        return true;
+    return !life.IsOver() && Bind(m_pOffset2, path);
+}
+
+bool AxisBase::SetForceRebuild_ValuePath(QString const & path, unsigned int index)
+{
+    if (index < m_forceRebuild.size())
+        return Bind(m_forceRebuild[index], path);
+    if (index > m_forceRebuild.size())
+        return false;
+    if (m_observedLife.IsOver())
+        m_pObserved = nullptr;
+    LifeWatch const life(GetObserverLifetime());
+    bool const bound = Bind(m_pObserved, path);
+    if (life.IsOver())
+        return false;
+    m_observedLife = bound ? LifeWatch(m_pObserved->GetLifetime()) : LifeWatch();
+    return bound;
+}
+
+void AxisBase::DisableUnitSelection() { LetGo(m_pUnitSelection); }
+
+void AxisBase::SetPrimaryVMappingDrawPane(IObserver * pane)
+{
+    m_pPrimaryVMappingDrawPane = pane;
+    m_paneLife = pane ? LifeWatch(pane->GetObserverLifetime()) : LifeWatch();
+}

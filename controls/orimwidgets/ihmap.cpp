@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#include "ihmap.h"
+
+IHMap::~IHMap() = default;
+
+IHasHMap::~IHasHMap() = default;

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "iunittextprovider.h"
+
+IUnitTextProvider::~IUnitTextProvider() = default;
