@@ -2,6 +2,7 @@
 // A program of many lives: its environment variable ORIM_LIFE names the one it is to lead.
 #include "guicentral.h"
 
+#include "coloryrulerleft.h"
 #include "control.h"
 #include "guibase.h"
 #include "guicentralaccess.h"
@@ -227,12 +228,40 @@ int StaticWidget()
     return program.Run();
 }
 
+int StaticAxis()
+{
+    Program program;
+    static ColorYRulerLeft axis;
+    axis.resize(60, 300);
+    axis.show();
+    axis.grab();
+    Mark(1);
+    return program.Run();
+}
+
+//! Ends between the tree, which is younger, and the central object.
+class BetweenThem
+{
+public:
+    BetweenThem() = default;
+    BetweenThem(BetweenThem const &) = delete;
+    BetweenThem & operator=(BetweenThem const &) = delete;
+
+    ~BetweenThem()
+    {
+        Expect(!Tree::Instance(), "the tree has gone");
+        Expect(!Central().GetValuePath4ID(static_cast<VC::ID>(3)), "no value without a tree");
+        Expect(GuiCentralAccess::BoolOperations(Central()).empty(), "the operation went with its result");
+        Central().slotRestoreDefaultPersistant();
+        Mark(1);
+    }
+};
+
 int TreeEndsFirst()
 {
-    Use();
-    Mark(1);
-    InsertOperation(); // the tree is younger than the central object
-    GuiCentralAccess::BoolOperations(Central()).size();
+    Central();
+    static BetweenThem const between;
+    InsertOperation();
     return 0;
 }
 
@@ -306,6 +335,7 @@ constexpr Life Lives[] = {
     { "used before main", UsedBeforeMain },
     { "two applications", TwoApplications },
     { "static widget", StaticWidget },
+    { "static axis", StaticAxis },
     { "tree ends first", TreeEndsFirst },
     { "tree ends last", TreeEndsLast },
     { "told with operations", ToldWithOperations },
