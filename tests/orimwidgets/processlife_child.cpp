@@ -59,6 +59,14 @@ public:
     ~Pane() override { Use(); }
 };
 
+//! A context menu with one item.
+ResortPopupMenu * MakeMenu(QWidget * parent)
+{
+    auto * const menu = new ResortPopupMenu(parent, "menu");
+    menu->insertItem(QStringLiteral("item"), 1, -1);
+    return menu;
+}
+
 //! Is there before main() and after it.
 class Companion
 {
@@ -296,7 +304,7 @@ int MenuOpen()
 {
     Program program;
     Pane pane;
-    pane.CreateContextProperty(&pane, "menu");
+    pane.SetContextMenu(MakeMenu(&pane), false);
     pane.show();
     pane.GetContextMenu()->popup(QPoint(10, 10));
     Expect(pane.GetContextMenu()->isVisible(), "the menu is open");

@@ -153,6 +153,9 @@ class tst_GuiCentral : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
+    void initTestCase() { TestStage::HushPopups(); }
+
     void init();
     void cleanup();
 
