@@ -59,6 +59,25 @@ private:
     qint64 m_position = 0;
 };
 
+//! A source that is slow to answer, and tells whether it is being read.
+class SlowSource : public TestSource
+{
+public:
+    explicit SlowSource(std::atomic<bool> & isRead) : TestSource(0), m_isRead(isRead) {}
+
+    qint64 Read(std::complex<float> * out, qint64 count) override
+    {
+        m_isRead = true;
+        QThread::msleep(100); // as a device would
+        qint64 const got = TestSource::Read(out, count);
+        m_isRead = false;
+        return got;
+    }
+
+private:
+    std::atomic<bool> & m_isRead;
+};
+
 std::unique_ptr<ISampleSource> Source(qint64 length) { return std::make_unique<TestSource>(length); }
 
 std::vector<std::shared_ptr<SpectrumLine const>> TakeAll(LinePlayer & player)
@@ -109,6 +128,7 @@ private Q_SLOTS:
     void seekOfADurationThatIsNotFinite();
     void orderAfterAStallCountsWhatItSkips();
     void stopIsSafeTwice();
+    void stopWaitsForARead();
     void startGoesOn();
     void changesWhilePlaying();
     void deletedWhilePlaying();
@@ -486,6 +506,16 @@ void tst_LinePlayer::stopIsSafeTwice()
         player.Start();
         player.Stop();
     }
+}
+
+void tst_LinePlayer::stopWaitsForARead()
+{
+    std::atomic<bool> isRead{ false };
+    LinePlayer player(std::make_unique<SlowSource>(isRead));
+    player.Start();
+    QTRY_VERIFY(isRead);
+    player.Stop();
+    QVERIFY(!isRead);
 }
 
 void tst_LinePlayer::startGoesOn()
