@@ -290,10 +290,11 @@ void tst_marker_looks::grayBrushIsShared()
     Marker second;
     first.setEnabled(false);
     second.setEnabled(false);
-    QCOMPARE(first.GetBrush(), OpenMarker::m_GrayBrush);
-    QCOMPARE(first.GetBrush(), second.GetBrush());
-    QCOMPARE(first.GetBrush()->color(), QColor(Qt::gray));
-    QCOMPARE(first.GetBrush()->style(), Qt::SolidPattern);
+    QBrush * const gray = first.GetBrush();
+    QCOMPARE(gray, OpenMarker::m_GrayBrush);
+    QCOMPARE(second.GetBrush(), gray);
+    QCOMPARE(gray->color(), QColor(Qt::gray));
+    QCOMPARE(gray->style(), Qt::SolidPattern);
     second.setEnabled(true);
     QVERIFY(first.GetBrush() != second.GetBrush());
     // the pen keeps its colour

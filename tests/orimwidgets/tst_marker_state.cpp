@@ -241,7 +241,7 @@ void tst_marker_state::timerEndsInTheListThatRunsIt()
     TimerCounter const inFirst(first);
     TimerCounter const inSecond(second);
     marker.SetMoving(true, true);
-    QTRY_COMPARE_WITH_TIMEOUT(inSecond.m_timers, 1, 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(inSecond.m_timers > 0, 5000);
     QCOMPARE(inFirst.m_timers, 0);
 }
 
