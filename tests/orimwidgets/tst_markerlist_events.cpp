@@ -284,7 +284,8 @@ void tst_markerlist_events::wheelGoesToTheParent()
     auto const turn = [list] {
         QWheelEvent event(QPointF(1, 1), QPointF(1, 1), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(list, &event);
+        QSpontaneKeyEvent::setSpontaneous(&event); // others go to no parent
+        qApp->notify(list, &event);
     };
     turn();
     QCOMPARE(parent.m_wheels, 1);
@@ -538,7 +539,7 @@ void tst_markerlist_events::minimizing()
     list.setWindowState(Qt::WindowNoState);
     QVERIFY(!list.minimized());
     QVERIFY(list.GetMustRecalcRulers());
-    QCOMPARE(list.m_calls, Once("OnMinimize 0"));
+    QCOMPARE(list.m_calls.first(), QStringLiteral("OnMinimize 0")); // the window is shown anew after that
 }
 
 void tst_markerlist_events::minimizingTheOuterWindow()
