@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QWindowStateChangeEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <memory>
 
