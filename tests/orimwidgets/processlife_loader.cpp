@@ -11,6 +11,8 @@
 #include <cstring>
 #include <dlfcn.h>
 
+class GuiCentral;
+
 namespace {
 
 char const * library = nullptr;
@@ -167,8 +169,9 @@ int UnloadedWithCentralObject()
     Program program;
     void * const handle = Load();
     // GuiCentral::Instance(), by its name in the library
-    auto const instance = reinterpret_cast<void * (*)()>(dlsym(handle, "_ZN10GuiCentral8InstanceEv"));
-    Expect(instance && instance(), "the central object is built");
+    auto const instance = reinterpret_cast<GuiCentral & (*)()>(dlsym(handle, "_ZN10GuiCentral8InstanceEv"));
+    Expect(instance, "the library has a central object");
+    Expect(&instance() == &instance(), "it is built");
     program.Run();
     Unload(handle);
     program.Run();
