@@ -227,9 +227,21 @@ int TwoApplications()
     return 0;
 }
 
+//! Widgets outlive the application, hidden: one that is shown then is beyond Qt 5.
 int StaticWidget()
 {
     Program program;
+    static Pane pane;
+    pane.show();
+    Mark(1);
+    int const code = program.Run();
+    pane.hide();
+    return code;
+}
+
+int StaticWidgetAndApplication()
+{
+    static Program program;
     static Pane pane;
     pane.show();
     Mark(1);
@@ -244,7 +256,9 @@ int StaticAxis()
     axis.show();
     axis.grab();
     Mark(1);
-    return program.Run();
+    int const code = program.Run();
+    axis.hide();
+    return code;
 }
 
 //! Ends between the tree, which is younger, and the central object.
@@ -343,6 +357,7 @@ constexpr Life Lives[] = {
     { "used before main", UsedBeforeMain },
     { "two applications", TwoApplications },
     { "static widget", StaticWidget },
+    { "static widget and application", StaticWidgetAndApplication },
     { "static axis", StaticAxis },
     { "tree ends first", TreeEndsFirst },
     { "tree ends last", TreeEndsLast },
