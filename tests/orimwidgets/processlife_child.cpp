@@ -239,15 +239,6 @@ int StaticWidget()
     return code;
 }
 
-int StaticWidgetAndApplication()
-{
-    static Program program;
-    static Pane pane;
-    pane.show();
-    Mark(1);
-    return program.Run();
-}
-
 int StaticAxis()
 {
     Program program;
@@ -357,7 +348,6 @@ constexpr Life Lives[] = {
     { "used before main", UsedBeforeMain },
     { "two applications", TwoApplications },
     { "static widget", StaticWidget },
-    { "static widget and application", StaticWidgetAndApplication },
     { "static axis", StaticAxis },
     { "tree ends first", TreeEndsFirst },
     { "tree ends last", TreeEndsLast },

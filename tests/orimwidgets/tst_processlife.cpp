@@ -76,7 +76,6 @@ void tst_ProcessLife::uses_data()
     QTest::newRow("used before main") << 0;
     QTest::newRow("two applications") << 0;
     QTest::newRow("static widget") << 0;
-    QTest::newRow("static widget and application") << 0;
     QTest::newRow("static axis") << 0;
     QTest::newRow("tree ends first") << 0;
     QTest::newRow("tree ends last") << 0;
