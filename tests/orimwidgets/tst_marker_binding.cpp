@@ -117,6 +117,7 @@ private Q_SLOTS:
     void setValueHearsItself();
     void setValueWithoutList();
     void setValueIsOneUndoStep();
+    void undoBearsTheTextOfTheList();
     void setValueOfAValueThatGoes();
     void movingValue_data();
     void movingValue();
@@ -581,6 +582,31 @@ void tst_marker_binding::setValueIsOneUndoStep()
     QCOMPARE(scene.number->GetValue(), 1.0);
     QCOMPARE(follower->GetValue(), 1.0);
     QCOMPARE(scene.marker->GetValue(), 1.0);
+}
+
+void tst_marker_binding::undoBearsTheTextOfTheList()
+{
+    class NamedList : public TestMarkerList
+    {
+    public:
+        QString GetUndoText() const override { return QStringLiteral("Move a marker"); }
+    } list;
+
+    TreeNumber const number("number");
+    Marker & marker = *list.AddMarker(3);
+    marker.Set_ValuePath(number.Path());
+    QUndoStack & stack = *GuiBase::Instance().UndoStack();
+    stack.clear();
+    marker.SetValue(1.0);
+    QCOMPARE(stack.undoText(), QStringLiteral("Move a marker"));
+    stack.clear();
+    marker.SetMovingValue(2.0);
+    marker.EndMoving();
+    QCOMPARE(stack.undoText(), QStringLiteral("Move a marker"));
+    stack.clear();
+    marker.SetMovingValue(3.0);
+    list.SetMarkerEndMoving(-1);
+    QCOMPARE(stack.undoText(), QStringLiteral("Move a marker"));
 }
 
 void tst_marker_binding::setValueOfAValueThatGoes()

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <type_traits>
 
 namespace {
 
@@ -31,6 +32,16 @@ public:
     using MarkerList::m_pMoveRange;
     using TestMarkerList::TestMarkerList;
 };
+
+static_assert(std::is_base_of<QWidget, MarkerList>::value && std::is_base_of<Control, MarkerList>::value &&
+                  std::is_base_of<IObserver, MarkerList>::value && std::is_base_of<VC, MarkerList>::value,
+              "a list is all of these");
+
+//! Has the base for undo twice, which is one only because it is virtual.
+class TwiceUndone : public TestMarkerList, public virtual UndoRecordingControlBase
+{};
+
+static_assert(std::is_convertible<TwiceUndone *, UndoRecordingControlBase *>::value, "a virtual base");
 
 using Indices = std::vector<int>;
 
