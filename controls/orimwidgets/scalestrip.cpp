@@ -104,6 +104,7 @@ void ScaleStrip::SetView(QRect const & rect, double devicePixelRatio)
         return;
     m_lookTaken = m_lookTaken && ratio == m_ratio;
     m_ratio = ratio;
+    m_ticWidth = toInt(ratio);
     m_length = length;
     m_thickness = thickness;
     m_blank = true;
@@ -119,7 +120,6 @@ void ScaleStrip::TakeLook()
     m_lookTaken = true;
     m_textsValid = false;
     m_blank = true;
-    m_ticWidth = toInt(m_ratio);
     m_ground = ScanLines::Ink(m_look.background);
     m_lineInk = ScanLines::Over(ScanLines::Ink(m_look.line), m_ground);
     m_atlas.Set(m_look.font, m_look.text, m_ratio, m_look.characters, m_look.background);
