@@ -13,6 +13,8 @@
 namespace {
 
 constexpr double LargestRatio = 16.0;
+constexpr double Nudge =
+    0x1p-10;              // device px; keeps a whole one whole when it is divided by the ratio and multiplied again
 constexpr int Margin = 2; // px; smoothing reaches beyond the rectangle that the metrics tell
 
 double UsableRatio(double ratio) { return std::isnan(ratio) ? 1.0 : std::clamp(ratio, 1.0, LargestRatio); }
@@ -100,7 +102,8 @@ void DigitAtlas::AddGlyph(QChar character, QImage & canvas, QRect const & box)
         QPainter painter(&canvas);
         painter.setFont(m_font);
         painter.setPen(m_color);
-        painter.drawText(QPointF(-box.topLeft()) / m_ratio, QString(character));
+        painter.translate((QPointF(-box.topLeft()) + QPointF(Nudge, Nudge)) / m_ratio);
+        painter.drawText(QPointF(), QString(character)); // at 0, since text rounds places in units of the painter
     }
     Glyph glyph;
     glyph.character = character;

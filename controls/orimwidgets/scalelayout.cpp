@@ -137,7 +137,7 @@ void ScaleLayout::PlaceLabels(std::vector<int> const & extents, int gap, int uni
         m_unitStart = m_vertical ? 0 : m_length - unitExtent;
         (m_vertical ? room.low : room.high) = m_vertical ? unitExtent + room.gap : m_unitStart - room.gap;
     }
-    long long const every = LabelEvery(static_cast<long long>(widest) + room.gap);
+    long long const every = LabelEvery(static_cast<long long>(widest) + room.gap + 1); // tics are cut to whole pixels
     for (std::size_t i = 0; i < count; ++i) {
         if (extents[i] > 0 && m_tics[i].number % every == 0)
             PlaceLabel(static_cast<int>(i), extents[i], room);

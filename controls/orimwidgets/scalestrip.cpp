@@ -20,7 +20,9 @@ constexpr double LargestRatio = 16.0;
 constexpr int LongestGiven = 1 << 24;     // px
 constexpr int WidestWord = 1 << 14;       // device px
 constexpr double LargestLength = 1 << 28; // device px
-constexpr int WordMargin = 1;             // device px; ink reaches beyond the advances
+constexpr double Nudge =
+    0x1p-10;                  // device px; keeps a whole one whole when it is divided by the ratio and multiplied again
+constexpr int WordMargin = 1; // device px; ink reaches beyond the advances
 
 //! Rounded, for any double; 0 for NaN.
 int Rounded(double value)
@@ -329,7 +331,7 @@ void ScaleStrip::FillTics(std::vector<int> const & pixels, int base, int length,
     std::ptrdiff_t const stride = m_image.bytesPerLine() / static_cast<int>(sizeof(QRgb));
     std::ptrdiff_t const step = IsVertical() ? 1 : stride;
     int const count = IsVertical() ? band.width() : band.height();
-    if (band.isEmpty())
+    if (length <= m_ticWidth || band.isEmpty())
         return;
     auto const first = std::lower_bound(pixels.begin(), pixels.end(), 1 - m_ticWidth - base);
     auto const last = std::lower_bound(pixels.begin(), pixels.end(), end - base);
@@ -398,7 +400,8 @@ QImage ScaleStrip::WordPicture(QString const & text, QSize const & size) const
     QPainter painter(&picture);
     painter.setFont(m_look.font);
     painter.setPen(m_look.text);
-    painter.drawText(QPointF(WordMargin, m_atlas.GetAscent()) / m_ratio, text);
+    painter.translate(QPointF(WordMargin + Nudge, m_atlas.GetAscent() + Nudge) / m_ratio);
+    painter.drawText(QPointF(), text); // at 0, since text rounds places in units of the painter
     return picture;
 }
 
@@ -415,18 +418,19 @@ void ScaleStrip::Paint(QPainter & painter, QRect const & rect)
         return;
     LayOut();
     if (isUpright && device.type() > QTransform::TxTranslate)
-        PaintUpright(painter, device.map(QPointF(rect.topLeft())), ratio);
+        PaintUpright(painter, device.map(QPointF(rect.topLeft())));
     else
         PaintParts(painter, rect.topLeft(), isUpright ? 1.0 : m_ratio);
 }
 
 //! Draws in device pixels. \param corner  of the scale in them, whatever the painter's own units are.
-void ScaleStrip::PaintUpright(QPainter & painter, QPointF const & corner, double ratio)
+void ScaleStrip::PaintUpright(QPainter & painter, QPointF const & corner)
 {
-    double const unit = painter.combinedTransform().m11() / ratio;
     painter.save();
     painter.setViewTransformEnabled(false);
-    painter.setWorldTransform(QTransform::fromScale(unit, unit));
+    painter.resetTransform();
+    double const pixels = painter.deviceTransform().m11(); // to a unit, by the painter's device alone
+    painter.setWorldTransform(QTransform::fromScale(1.0 / pixels, 1.0 / pixels));
     QTransform const device = painter.deviceTransform(); // a translation, when painting is led elsewhere
     PaintParts(painter, QPoint(Rounded(corner.x() - device.dx()), Rounded(corner.y() - device.dy())), 1.0);
     painter.restore();
@@ -463,7 +467,9 @@ void ScaleStrip::PaintParts(QPainter & painter, QPoint const & corner, double ra
 //! The part of the view that may be seen, without what the window system covers.
 ScaleStrip::Part ScaleStrip::SeenPart(QPainter const & painter, QPoint const & corner, double ratio) const
 {
-    QRectF seen = painter.combinedTransform().inverted().mapRect(QRectF(painter.viewport()));
+    if (painter.viewTransformEnabled() && painter.viewport() != painter.window())
+        return { 0, m_length };
+    QRectF seen = painter.worldTransform().inverted().mapRect(QRectF(painter.viewport()));
     if (painter.hasClipping())
         seen &= painter.clipBoundingRect();
     double const low = IsVertical() ? seen.top() - corner.y() : seen.left() - corner.x();

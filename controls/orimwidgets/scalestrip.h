@@ -155,7 +155,7 @@ private:
     void FillTics(std::vector<int> const & pixels, int base, int length, QRgb ink);
     void DrawLabel(DrawnLabel const & label);
     QImage WordPicture(QString const & text, QSize const & size) const;
-    void PaintUpright(QPainter & painter, QPointF const & corner, double ratio);
+    void PaintUpright(QPainter & painter, QPointF const & corner);
     void PaintParts(QPainter & painter, QPoint const & corner, double ratio);
     Part SeenPart(QPainter const & painter, QPoint const & corner, double ratio) const;
 

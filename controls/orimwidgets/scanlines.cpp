@@ -22,7 +22,7 @@ QRgb ScanLines::Ink(QColor const & color) { return color.isValid() ? qPremultipl
 void ScanLines::Fill(QImage & image, QRect const & rect, QRgb ink)
 {
     QRect const part = rect & image.rect();
-    if (part.isEmpty() || !CanDraw(image))
+    if (rect.isEmpty() || part.isEmpty() || !CanDraw(image))
         return;
     QRgb * row = Row(image, part.top()) + part.left();
     auto const stride = image.bytesPerLine() / static_cast<int>(sizeof(QRgb));
@@ -32,14 +32,14 @@ void ScanLines::Fill(QImage & image, QRect const & rect, QRgb ink)
 
 void ScanLines::Blend(QImage & image, QPoint const & position, QImage const & ink, QRect const & clip)
 {
-    if (!CanDraw(image) || ink.format() != QImage::Format_ARGB32_Premultiplied || std::abs(position.x()) > Farthest ||
-        std::abs(position.y()) > Farthest)
+    QRect const near(-Farthest, -Farthest, 2 * Farthest, 2 * Farthest);
+    if (!CanDraw(image) || ink.format() != QImage::Format_ARGB32_Premultiplied || !near.contains(position))
         return;
     QRect const part = QRect(position, QSize(ink.width(), ink.height())) & clip & image.rect();
     for (int y = part.top(); y <= part.bottom(); ++y) {
-        auto const * from = reinterpret_cast<QRgb const *>(ink.constScanLine(y - position.y())) - position.x();
+        auto const * const from = reinterpret_cast<QRgb const *>(ink.constScanLine(y - position.y()));
         QRgb * const to = Row(image, y);
         for (int x = part.left(); x <= part.right(); ++x)
-            to[x] = Over(from[x], to[x]);
+            to[x] = Over(from[x - position.x()], to[x]);
     }
 }
