@@ -198,6 +198,8 @@ void DigitAtlas::DrawGlyph(Glyph const & glyph, QImage & image, QPoint const & o
         int const x = origin.x() + span.x;
         int const from = std::max(x, clip.left());
         int const to = std::min(x + span.length, clip.right() + 1);
+        if (from >= to)
+            continue;
         QRgb const * ink = m_inks.data() + span.first + (from - x);
         QRgb * pixel = pixels + y * stride + from;
         for (int left = to - from; left > 0; --left, ++pixel, ++ink)
