@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -29,8 +30,9 @@ struct Part
 //! What of the pixels origin .. origin + extent lies between two places, counted from the origin.
 Part ShownPart(int origin, int extent, double from, double to)
 {
-    return { toInt(std::clamp(std::floor(from) - origin, 0.0, extent + 1.0)),
-             toInt(std::clamp(std::ceil(to) - origin, -1.0, static_cast<double>(extent))) };
+    double const last = std::min(extent, std::numeric_limits<int>::max() - 2); // one more is still an int
+    return { toInt(std::clamp(std::floor(from) - origin, 0.0, last + 1.0)),
+             toInt(std::clamp(std::ceil(to) - origin, -1.0, last)) };
 }
 
 //! Whether a pixel of the painter is one of the device.

@@ -1,0 +1,564 @@
+// SPDX-License-Identifier: MIT
+#include "axisprobe.h"
+
+#include "marker.h"
+#include "testmain.h"
+#include "valueselection.h"
+
+#include <QSignalSpy>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+
+namespace {
+
+//! Hears what is forwarded to the pane of an axis.
+class Pane : public IObserver
+{
+public:
+    std::vector<std::pair<Observable *, int>> m_heard;
+    std::function<void()> m_then;
+
+    void Update(Observable * subject, TChangeCode code) override
+    {
+        m_heard.emplace_back(subject, code);
+        if (m_then)
+            m_then();
+    }
+};
+
+//! Notes the codes that an axis is told by hand.
+class CodeProbe : public AxisProbe
+{
+public:
+    QList<int> m_codes;
+    Observable * m_source = nullptr;
+
+    void Update(Observable * subject, TChangeCode code) override
+    {
+        m_codes << code;
+        m_source = subject;
+        AxisProbe::Update(subject, code);
+    }
+};
+
+using Number = ValueNumeric<double>;
+using Integer = ValueNumeric<int>;
+
+QList<int> const NumberCodes{ 2, 4, 3 };
+QList<int> const SelectionCodes{ 2, 4, 7, 3 };
+
+//! One of the bindings of an axis.
+struct Binding
+{
+    bool (*bind)(AxisProbe & axis, QString const & path);
+    ValueBase * (*held)(AxisProbe & axis);
+};
+
+Binding const Start{ [](AxisProbe & axis, QString const & path) { return axis.SetStart_ValuePath(path); },
+                     [](AxisProbe & axis) -> ValueBase * { return axis.m_pStart; } };
+Binding const Stop{ [](AxisProbe & axis, QString const & path) { return axis.SetStop_ValuePath(path); },
+                    [](AxisProbe & axis) -> ValueBase * { return axis.m_pStop; } };
+Binding const PixPerSecond{ [](AxisProbe & axis, QString const & path) { return axis.SetPixPerSecond_ValuePath(path); },
+                            [](AxisProbe & axis) -> ValueBase * { return axis.m_pPixPerSecondValue; } };
+Binding const Offset{ [](AxisProbe & axis, QString const & path) { return axis.SetOffset_ValuePath(path); },
+                      [](AxisProbe & axis) -> ValueBase * { return axis.m_pOffset; } };
+Binding const Azimuth{ [](AxisProbe & axis, QString const & path) { return axis.SetDisplayAzimuth_ValuePath(path); },
+                       [](AxisProbe & axis) -> ValueBase * { return axis.m_pDisplayAzimuth; } };
+Binding const Shading{ [](AxisProbe & axis, QString const & path) { return axis.SetShadingColor_ValuePath(path); },
+                       [](AxisProbe & axis) -> ValueBase * { return axis.m_pShadingColor; } };
+
+template <unsigned int Index>
+Binding ForceRebuild()
+{
+    return { [](AxisProbe & axis, QString const & path) { return axis.SetForceRebuild_ValuePath(path, Index); },
+             [](AxisProbe & axis) { return axis.m_forceRebuild[Index]; } };
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Binding)
+
+class tst_axisbase_binding : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void every_data();
+    void every();
+    void startAndStopAreDefaults();
+    void badPathLeavesTheDefault();
+    void offsetOfAnyNumber();
+    void forceRebuildIndices();
+    void twoFieldsOfOneValue();
+    void newStart();
+    void newStop();
+    void newSpeedAndOffset_data();
+    void newSpeedAndOffset();
+    void speedAlone();
+    void integerOffset();
+    void limitsOfTheSpeed();
+    void newShadingColor();
+    void chosenShadingColor();
+    void newForceRebuildValue();
+    void otherSourcesAndCodes();
+    void stateThatStays();
+    void forwardedToAPaneThatEnded();
+    void deletedWhileTold_data();
+    void deletedWhileTold();
+    void endsQuietly();
+};
+
+void tst_axisbase_binding::every_data()
+{
+    QTest::addColumn<Binding>("binding");
+    QTest::addColumn<bool>("selection");
+    QTest::newRow("start") << Start << false;
+    QTest::newRow("stop") << Stop << false;
+    QTest::newRow("speed") << PixPerSecond << false;
+    QTest::newRow("offset") << Offset << false;
+    QTest::newRow("display azimuth") << Azimuth << true;
+    QTest::newRow("shading colour") << Shading << true;
+    QTest::newRow("force rebuild 0") << ForceRebuild<0>() << false;
+    QTest::newRow("force rebuild 1") << ForceRebuild<1>() << false;
+    QTest::newRow("force rebuild 2") << ForceRebuild<2>() << true;
+}
+
+//! What all bindings share.
+void tst_axisbase_binding::every()
+{
+    QFETCH(Binding, binding);
+    QFETCH(bool, selection);
+    CodeProbe axis;
+    QVERIFY(!binding.bind(axis, QString()));
+    QVERIFY(!binding.bind(axis, QStringLiteral("/axis/unknown")));
+    QVERIFY(axis.m_codes.isEmpty());
+    QVERIFY(!binding.held(axis));
+
+    Planted<ValueSelection> choice("choice");
+    Planted<Number> number("number");
+    Planted<Value<QString>> text("text");
+    ValueBase * const value = selection ? static_cast<ValueBase *>(choice.Get()) : number.Get();
+    QString const path = value->GetPathName();
+    QVERIFY(binding.bind(axis, path));
+    QVERIFY(binding.held(axis) == value);
+    QVERIFY(value->HasObserver(&axis));
+    QCOMPARE(axis.m_codes, selection ? SelectionCodes : NumberCodes);
+    QVERIFY(axis.m_source == value);
+
+    bool const takesAll = !binding.bind(axis, QStringLiteral("/axis/none")) && binding.bind(axis, text.Path());
+    QVERIFY(!value->HasObserver(&axis)); // a bad path lets go all the same
+    bool const isForceRebuild = !axis.m_pStart && axis.m_forceRebuild != std::vector<ValueBase *>(3);
+    QCOMPARE(takesAll, isForceRebuild); // any other field wants a certain type
+    QCOMPARE(!binding.held(axis), !takesAll);
+
+    QVERIFY(binding.bind(axis, path));
+    axis.SetMustRecalcRulers(false);
+    axis.m_repairs = 0;
+    Tree::Instance()->Remove(path);
+    QVERIFY(!binding.held(axis));
+    QVERIFY(!axis.GetMustRecalcRulers()); // a departure does no more
+    QCOMPARE(axis.m_repairs, 0);
+}
+
+void tst_axisbase_binding::startAndStopAreDefaults()
+{
+    Planted<Number> start("start");
+    Planted<Number> stop("stop");
+    start->SetValue(10.0, nullptr);
+    stop->SetValue(20.0, nullptr);
+    AxisProbe axis;
+    QVERIFY(!axis.GetStartValueNumeric() && !axis.GetStopValueNumeric());
+    QVERIFY(axis.SetStart_ValuePath(start.Path()) && axis.SetStop_ValuePath(stop.Path()));
+    QCOMPARE(axis.m_start, 10.0);
+    QCOMPARE(axis.m_stop, 20.0);
+    QCOMPARE(axis.m_defaultStart, 10.0);
+    QCOMPARE(axis.m_defaultStop, 20.0);
+    QVERIFY(axis.GetStartValueNumeric() == start.Get());
+    QVERIFY(axis.GetStopValueNumeric() == stop.Get());
+}
+
+void tst_axisbase_binding::badPathLeavesTheDefault()
+{
+    Planted<Number> start("start");
+    start->SetValue(10.0, nullptr);
+    AxisProbe axis;
+    axis.SetDefaultRange(3.0, 4.0);
+    QVERIFY(axis.SetStart_ValuePath(start.Path()));
+    QVERIFY(!axis.SetStart_ValuePath(QStringLiteral("/nowhere")));
+    QVERIFY(!axis.SetStop_ValuePath(QStringLiteral("/nowhere")));
+    QCOMPARE(axis.m_defaultStart, 10.0);
+    QCOMPARE(axis.m_defaultStop, 4.0);
+    start->SetValue(11.0, nullptr);
+    QCOMPARE(axis.m_start, 10.0); // detached
+}
+
+void tst_axisbase_binding::offsetOfAnyNumber()
+{
+    Planted<Number> number("number");
+    Planted<Integer> integer("integer");
+    CodeProbe axis;
+    QVERIFY(axis.SetOffset_ValuePath(integer.Path()));
+    QVERIFY(!axis.m_pOffset && axis.m_pOffset2 == integer.Get());
+    QCOMPARE(axis.m_codes, NumberCodes);
+    QVERIFY(axis.SetOffset_ValuePath(number.Path()));
+    QVERIFY(axis.m_pOffset == number.Get() && !axis.m_pOffset2);
+    QVERIFY(!integer->HasObserver(&axis));
+    QVERIFY(axis.SetOffset_ValuePath(integer.Path()));
+    QVERIFY(!number->HasObserver(&axis));
+    QVERIFY(!axis.SetOffset_ValuePath(QStringLiteral("/nowhere")));
+    QVERIFY(!axis.m_pOffset && !axis.m_pOffset2);
+    QVERIFY(!integer->HasObserver(&axis));
+    QVERIFY(axis.SetOffset_ValuePath(integer.Path()));
+    Tree::Instance()->Remove(integer.Path());
+    QVERIFY(!axis.m_pOffset2);
+}
+
+void tst_axisbase_binding::forceRebuildIndices()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(axis.SetForceRebuild_ValuePath(number.Path(), 3)); // past the table, and observed
+    QVERIFY(number->HasObserver(&axis));
+    QCOMPARE(axis.m_forceRebuild, std::vector<ValueBase *>(3));
+    QVERIFY(!axis.SetForceRebuild_ValuePath(number.Path(), 4));
+    QVERIFY(!axis.SetForceRebuild_ValuePath(number.Path(), 0xffffffffU));
+    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
+    axis.m_repairs = 0;
+    number->SetValue(5.0, nullptr);
+    QVERIFY(axis.m_pPixmap); // only the table drops the picture
+    QCOMPARE(axis.m_repairs, 1);
+    axis.SetMustRecalcRulers(false);
+    Tree::Instance()->Remove(number.Path());
+    QVERIFY(axis.GetMustRecalcRulers()); // nor is its departure one of a field
+    QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
+}
+
+void tst_axisbase_binding::twoFieldsOfOneValue()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(number.Path()) && axis.SetStop_ValuePath(number.Path()));
+    QVERIFY(!axis.SetStop_ValuePath(QString()));
+    QVERIFY(number->HasObserver(&axis));
+    number->SetValue(4.0, nullptr);
+    QCOMPARE(axis.m_start, 4.0);
+    QCOMPARE(axis.m_stop, 0.0);
+    QVERIFY(axis.SetStop_ValuePath(number.Path()));
+    Tree::Instance()->Remove(number.Path());
+    QVERIFY(!axis.m_pStart && !axis.m_pStop);
+}
+
+void tst_axisbase_binding::newStart()
+{
+    Planted<Number> start("start");
+    Planted<Number> stop("stop");
+    stop->SetValue(370.9, nullptr);
+    AxisProbe axis;
+    Marker * const marker = axis.AddMarker(eYellowX);
+    marker->SetWrapAround(360);
+    Pane pane;
+    axis.SetPrimaryVMappingDrawPane(&pane);
+    QVERIFY(axis.SetStart_ValuePath(start.Path()));
+    pane.m_heard.clear();
+    double startWhenForwarded = -1.0;
+    pane.m_then = [&] { startWhenForwarded = axis.m_start; };
+    start->SetValue(10.9, nullptr);
+    QCOMPARE(pane.m_heard.size(), std::size_t(1));
+    QVERIFY(pane.m_heard[0].first == static_cast<Observable *>(start.Get()));
+    QCOMPARE(pane.m_heard[0].second, 3);
+    QCOMPARE(startWhenForwarded, 0.0); // the pane is told first
+    QCOMPARE(axis.m_start, 10.9);
+    QCOMPARE(axis.m_repairs, 3); // binding: as told, then by itself; the new value
+    marker->SetValue(5.0);
+    QVERIFY(axis.SetStop_ValuePath(stop.Path()));
+    QCOMPARE(marker->GetValue(), 365.0); // 10 to 370: both ends are cut
+    start->SetValue(-9.9, nullptr);
+    marker->SetWrapAround(350);
+    marker->SetValue(-12.0);
+    start->SetValue(-9.5, nullptr);
+    QCOMPARE(marker->GetValue(), 338.0); // -9 and up
+}
+
+void tst_axisbase_binding::newStop()
+{
+    Planted<Number> start("start");
+    Planted<Number> stop("stop");
+    stop->SetValue(1.0, nullptr);
+    AxisProbe axis;
+    Marker * const marker = axis.AddMarker(eYellowX);
+    marker->SetWrapAround(360);
+    Pane pane;
+    axis.SetPrimaryVMappingDrawPane(&pane);
+    QVERIFY(axis.SetStop_ValuePath(stop.Path()));
+    marker->SetValue(365.0);
+    stop->SetValue(359.0, nullptr);
+    QCOMPARE(marker->GetValue(), 365.0); // there is no bound start
+    QVERIFY(axis.SetStart_ValuePath(start.Path()));
+    pane.m_heard.clear();
+    stop->SetValue(360.9, nullptr);
+    QCOMPARE(pane.m_heard.size(), std::size_t(1));
+    QCOMPARE(axis.m_stop, 360.9);
+    QCOMPARE(marker->GetValue(), 5.0);
+}
+
+void tst_axisbase_binding::newSpeedAndOffset_data()
+{
+    QTest::addColumn<bool>("horizontal");
+    QTest::newRow("horizontal: the range moves") << true;
+    QTest::newRow("vertical: the range stays") << false;
+}
+
+void tst_axisbase_binding::newSpeedAndOffset()
+{
+    QFETCH(bool, horizontal);
+    Planted<Number> speed("speed");
+    Planted<Number> offset("offset");
+    speed->SetValue(10.0, nullptr);
+    AxisProbe axis(horizontal ? AxisBase::AxisHorizontal : AxisBase::AxisVertical, 100, 100);
+    axis.SetPixOffset(5, 15);
+    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()));
+    QCOMPARE(axis.GetPixPerSecond(), 10.0);
+    QVERIFY(axis.SetOffset_ValuePath(offset.Path()));
+    axis.m_calculations = axis.m_repairs = 0;
+    offset->SetValue(50.0, nullptr);
+    QCOMPARE(axis.m_offset, 50.0);
+    QCOMPARE(axis.m_start, horizontal ? 50.0 : 0.0);
+    QCOMPARE(axis.m_stop, horizontal ? 58.0 : 0.0); // 80 px at 10 a unit
+    QCOMPARE(axis.m_calculations, horizontal ? 2 : 1);
+    QCOMPARE(axis.m_repairs, horizontal ? 2 : 1);
+    speed->SetValue(20.0, nullptr);
+    QCOMPARE(axis.m_stop, horizontal ? 54.0 : 0.0);
+    axis.SetPixPerSecond(40.0);
+    QCOMPARE(speed->GetValue(), 40.0);
+    QCOMPARE(axis.m_stop, horizontal ? 52.0 : 0.0);
+    axis.SetOffset(60.0);
+    QCOMPARE(offset->GetValue(), 60.0);
+    QCOMPARE(axis.m_start, horizontal ? 60.0 : 0.0);
+}
+
+void tst_axisbase_binding::speedAlone()
+{
+    AxisProbe axis;
+    axis.SetRange(1.0, 2.0);
+    axis.m_calculations = axis.m_repairs = 0;
+    axis.SetPixPerSecond(40.0);
+    axis.SetOffset(7.0);
+    QCOMPARE(axis.m_offset, 7.0);
+    QCOMPARE(axis.m_start, 1.0);
+    QCOMPARE(axis.m_calculations, 2);
+    QCOMPARE(axis.m_repairs, 2);
+}
+
+void tst_axisbase_binding::integerOffset()
+{
+    Planted<Number> speed("speed");
+    Planted<Integer> offset("offset");
+    speed->SetValue(10.0, nullptr);
+    AxisProbe axis;
+    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()) && axis.SetOffset_ValuePath(offset.Path()));
+    offset->SetValue(50, nullptr);
+    QCOMPARE(axis.m_start, 50.0);
+    QCOMPARE(axis.m_stop, 60.0);
+    axis.SetOffset(70.4); // the value holds no fraction, and tells so
+    QCOMPARE(offset->GetValue(), 70);
+    QCOMPARE(axis.m_offset, 70.0);
+}
+
+void tst_axisbase_binding::limitsOfTheSpeed()
+{
+    Planted<Number> speed("speed");
+    speed->SetMinMax(0.0, 30.0, 0.0, nullptr);
+    AxisProbe axis;
+    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()));
+    axis.SetPixPerSecond(50.0);
+    QCOMPARE(speed->GetValue(), 30.0);
+    QCOMPARE(axis.GetPixPerSecond(), 30.0);
+}
+
+void tst_axisbase_binding::newShadingColor()
+{
+    Planted<ValueSelection> shading("shading");
+    shading->AddItems({ { QStringLiteral("none"), 0.0, 0 }, { QStringLiteral("azimuth"), 2.0, 2 } });
+    AxisProbe axis;
+    QVERIFY(axis.SetShadingColor_ValuePath(shading.Path()));
+    axis.m_repairs = 0;
+    shading->Select(2L, nullptr);
+    QCOMPARE(int(axis.GetShadingColor()), 2);
+    QVERIFY((axis.GetAxisType() & AxisBase::AxisShading) != 0);
+    QCOMPARE(axis.m_repairs, 1);
+    axis.SetShadingColor(VC::eShadingQuality); // the selection does not have it
+    QCOMPARE(int(axis.GetShadingColor()), 2);
+    axis.SetShadingColor(VC::eShadingNone);
+    QCOMPARE(shading->GetCurrentKey(), 0L);
+    QCOMPARE(int(axis.GetShadingColor()), 0);
+    QCOMPARE(axis.GetAxisType(), 0x10U);
+    QCOMPARE(axis.m_repairs, 2);
+}
+
+void tst_axisbase_binding::chosenShadingColor()
+{
+    AxisProbe axis;
+    axis.SetShadingColor(VC::eShadingDifference);
+    QCOMPARE(int(axis.GetShadingColor()), 8);
+    QCOMPARE(axis.GetAxisType(), 0x110U);
+    QCOMPARE(axis.m_repairs, 1);
+    axis.SetShadingColor(VC::eShadingNone);
+    QCOMPARE(axis.GetAxisType(), 0x10U);
+    QCOMPARE(axis.m_repairs, 2);
+}
+
+void tst_axisbase_binding::newForceRebuildValue()
+{
+    Planted<Value<QString>> text("text");
+    Planted<Number> start("start");
+    AxisProbe axis;
+    for (unsigned int const index : { 0U, 1U, 2U }) {
+        QVERIFY(axis.SetForceRebuild_ValuePath(text.Path(), index));
+        axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
+        axis.m_repairs = 0;
+        text->SetValue(QString::number(index), nullptr);
+        QVERIFY(!axis.m_pPixmap);
+        QCOMPARE(axis.m_repairs, 1);
+        QVERIFY(!axis.SetForceRebuild_ValuePath(QString(), index));
+    }
+    QVERIFY(axis.SetForceRebuild_ValuePath(start.Path(), 1) && axis.SetStart_ValuePath(start.Path()));
+    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
+    start->SetValue(7.0, nullptr); // drops the picture, then is what it is besides
+    QVERIFY(!axis.m_pPixmap);
+    QCOMPARE(axis.m_start, 7.0);
+}
+
+void tst_axisbase_binding::otherSourcesAndCodes()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(number.Path()));
+    Planted<Number> stranger("stranger");
+    axis.m_repairs = 0;
+    for (TChangeCode const code : { eRangeChanged, eItemsChanged, eInterimChanged }) {
+        axis.SetMustRecalcRulers(false);
+        axis.Update(number.Get(), code);
+        QVERIFY(axis.GetMustRecalcRulers());
+    }
+    axis.SetMustRecalcRulers(false);
+    axis.Update(stranger.Get(), eStateChanged);
+    QVERIFY(axis.GetMustRecalcRulers());
+    QCOMPARE(axis.m_repairs, 0);
+    axis.Update(stranger.Get(), eValueChanged);
+    QCOMPARE(axis.m_repairs, 1);
+    axis.Update(nullptr, eValueChanged); // the empty fields hold no null
+    QCOMPARE(axis.m_repairs, 2);
+}
+
+void tst_axisbase_binding::stateThatStays()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(number.Path()));
+    axis.SetMustRecalcRulers(false);
+    number->SetState(eStateDisabled, nullptr);
+    QVERIFY(axis.m_pStart == number.Get());
+    QVERIFY(!axis.GetMustRecalcRulers());
+    number->SetValue(5.0, nullptr);
+    QCOMPARE(axis.m_start, 5.0);
+}
+
+void tst_axisbase_binding::forwardedToAPaneThatEnded()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    auto pane = std::make_unique<Pane>();
+    axis.SetPrimaryVMappingDrawPane(pane.get());
+    QVERIFY(axis.m_pPrimaryVMappingDrawPane == pane.get());
+    QVERIFY(axis.SetStart_ValuePath(number.Path()));
+    pane.reset();
+    number->SetValue(5.0, nullptr);
+    QCOMPARE(axis.m_start, 5.0);
+    axis.SetPrimaryVMappingDrawPane(nullptr);
+    number->SetValue(6.0, nullptr);
+    QCOMPARE(axis.m_start, 6.0);
+}
+
+void tst_axisbase_binding::deletedWhileTold_data()
+{
+    QTest::addColumn<int>("when");
+    QTest::addColumn<bool>("value");
+    for (bool const value : { false, true }) {
+        char const * const what = value ? "value" : "axis";
+        QTest::addRow("the %s ends in redrawBars", what) << 0 << value;
+        QTest::addRow("the %s ends in signalRangeChanged", what) << 1 << value;
+        QTest::addRow("the %s ends in the pane", what) << 2 << value;
+        QTest::addRow("the %s ends in another observer", what) << 3 << value;
+    }
+}
+
+//! Whoever hears of a new start deletes the axis or the value.
+void tst_axisbase_binding::deletedWhileTold()
+{
+    QFETCH(int, when);
+    QFETCH(bool, value);
+    for (int road = 0; road < 5; ++road) {
+        Planted<Number> start("start");
+        Planted<Number> stop("stop");
+        stop->SetValue(9.0, nullptr);
+        auto * axis = new AxisProbe;
+        QPointer<AxisProbe> const watched(axis);
+        axis->AddMarker(eYellowX)->SetWrapAround(7);
+        QVERIFY(axis->SetStart_ValuePath(start.Path()) && axis->SetStop_ValuePath(stop.Path()));
+        auto const end = [&] {
+            if (value)
+                Tree::Instance()->Remove(start.Path());
+            else
+                delete watched.data();
+        };
+        Pane pane;
+        Pane observer;
+        if (when == 0)
+            connect(axis, &AxisBase::redrawBars, axis, end);
+        if (when == 1)
+            connect(axis, &AxisBase::signalRangeChanged, axis, end);
+        if (when == 2)
+            pane.m_then = end;
+        axis->SetPrimaryVMappingDrawPane(&pane);
+        if (when == 3) {
+            observer.m_then = end;
+            start->AddObserver(&observer);
+        }
+        QPointer<QObject> const life(axis);
+        if (road == 0)
+            start->SetValue(3.0, nullptr);
+        else if (road == 1)
+            axis->SetStartValue(3.0);
+        else if (road == 2)
+            axis->SetRange(3.0, 4.0);
+        else if (road == 3)
+            axis->SetStart_ValuePath(start.Path());
+        else
+            axis->setProperty("Start", 3.0);
+        if (value && life)
+            QVERIFY(axis->m_pStart == Tree::Instance()->FindAs<Number>(QStringLiteral("/axis/start")));
+        delete life.data();
+    }
+}
+
+void tst_axisbase_binding::endsQuietly()
+{
+    Planted<Number> number("number");
+    Planted<ValueSelection> choice("choice");
+    {
+        AxisProbe axis;
+        QVERIFY(axis.SetStart_ValuePath(number.Path()) && axis.SetDisplayAzimuth_ValuePath(choice.Path()));
+        for (unsigned int const index : { 0U, 1U, 2U, 3U })
+            QVERIFY(axis.SetForceRebuild_ValuePath(number.Path(), index));
+        axis.m_pScrollButtons = std::make_unique<VCScrollButtons>();
+        QVERIFY(axis.GetScrollButtons() == axis.m_pScrollButtons.get());
+    }
+    QCOMPARE(number->GetObserverCount(), 0);
+    QCOMPARE(choice->GetObserverCount(), 0);
+    number->SetValue(5.0, nullptr);
+}
+
+ORIM_TEST_MAIN(tst_axisbase_binding)
+#include "tst_axisbase_binding.moc"
