@@ -5,7 +5,9 @@
 
 #include <QImage>
 #include <QPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QRegion>
 #include <QTransform>
 
 #include <algorithm>
@@ -66,15 +68,20 @@ QImage MakePicture(ShadingStrip::Area const & area, Part const & columns, Part c
 
 QRectF ShadingStrip::ShownArea(QPainter const & painter)
 {
-    QPaintDevice const * const device = painter.device();
+    QPaintEngine const * const engine = painter.paintEngine();
+    QPaintDevice const * const device = engine ? engine->paintDevice() : nullptr; // a widget paints on another one
     if (!device)
         return {};
     if (device->devType() == QInternal::Picture)
         return QRectF(-32768.0, -32768.0, 65536.0, 65536.0);
-    bool ok = false;
-    QTransform const back = painter.combinedTransform().inverted(&ok);
     double const ratio = device->devicePixelRatioF(); // a pixmap counts device pixels: then this is more than enough
-    return ok ? back.mapRect(QRectF(0.0, 0.0, device->width() * ratio, device->height() * ratio)) : QRectF();
+    QRectF area(0.0, 0.0, device->width() * ratio, device->height() * ratio);
+    QRectF const exposed = engine->systemClip().boundingRect();
+    if (!exposed.isEmpty())
+        area &= exposed;
+    bool ok = false;
+    QTransform const back = painter.deviceTransform().inverted(&ok);
+    return ok ? back.mapRect(area) : QRectF();
 }
 
 void ShadingStrip::Paint(QPainter & painter, Area const & area, std::function<QRgb(int)> const & colorOf)
