@@ -28,6 +28,10 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wconversion)
 if(ORIM_WERROR)
   add_compile_options(-Werror)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # calls inside a library go straight to the function, as clang has it anyway: nobody may replace one from outside
+  add_compile_options($<$<CONFIG:Release,RelWithDebInfo>:-fno-semantic-interposition>)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # a precompiled header hides its own use from clang's search for unused arguments
   add_compile_options(-Wno-unused-command-line-argument)
