@@ -12,7 +12,9 @@
 
 class ValueBase;
 
-//! Hash table from path to value: one flat array, linear probing, at most half full, a hash of the whole path.
+//! Hash table from path to value: one flat array, linear probing, at most half full, a hash of the whole path. A slot
+//! is one cache line and holds the path itself, so that a hit touches one line; a path too long for it, or with
+//! characters beyond Latin-1, is read where its owner keeps it.
 class ORIMCONTRACTS_EXPORT PathTable
 {
 public:
@@ -38,16 +40,25 @@ public:
     static std::uint64_t Hash(char16_t const * text, std::size_t length);
 
 private:
-    struct Slot
+    static constexpr std::size_t s_room = 47; // characters that a slot has room for
+
+    struct alignas(64) Slot
     {
-        std::uint64_t hash = 0;
-        char16_t const * text = nullptr;
-        std::size_t length = 0;
-        ValueBase * value = nullptr; // null: the slot is free
+        ValueBase * value = nullptr;     // null: the slot is free
+        std::uint32_t hash = 0;          // its lower half
+        std::uint32_t length = 0;        // characters
+        bool isInside = true;            // the path lies here
+        unsigned char text[s_room] = {}; // the path in Latin-1, or a pointer to where it lies
+
+        Slot() = default;
+        Slot(std::uint32_t hashOfPath, char16_t const * path, std::size_t count, ValueBase * owner);
+
+        bool Holds(char16_t const * path, std::size_t count) const;
     };
 
+    static std::uint32_t HalfHash(char16_t const * text, std::size_t length);
     //! Index of the slot that holds the path, or of the free one where it would go.
-    std::size_t Seek(std::uint64_t hash, char16_t const * text, std::size_t length) const;
+    std::size_t Seek(std::uint32_t hash, char16_t const * text, std::size_t length) const;
     void Grow();
 
     std::vector<Slot> m_slots; // a power of two of them, or none

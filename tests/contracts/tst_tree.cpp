@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <memory>
 #include <set>
 
@@ -85,6 +86,9 @@ private Q_SLOTS:
 
     void manyValues();
     void hashSpreads();
+    void lengths();
+    void pathsOfOneHash_data();
+    void pathsOfOneHash();
 
     void cleanup() { TheTree().RemoveFolder(QStringLiteral("/")); }
 
@@ -538,6 +542,59 @@ void tst_tree::hashSpreads()
         ++buckets[hash(QStringLiteral("/GuiCentral/unique/float/UNIQUE_FLOAT_%1").arg(i)) % buckets.size()];
     QVERIFY(*std::max_element(buckets.begin(), buckets.end()) < 160);
     QVERIFY(*std::min_element(buckets.begin(), buckets.end()) > 50);
+}
+
+//! A path is found whatever its length and its characters, and nothing else is found in its place.
+void tst_tree::lengths()
+{
+    std::vector<std::pair<QString, ValueBase *>> planted;
+    for (int length = 1; length <= 100; ++length)
+        for (QChar const last : { QChar(u'a'), QChar(u'\u00e1'), QChar(u'\u0161'), QChar(u'\u4e61') }) {
+            QString const name = QString(length - 1, QLatin1Char('n')) + last; // the low bytes are e1, 61, 61, 61
+            auto * const value = new Value<int>(name);
+            QVERIFY(TheTree().Insert(QStringLiteral("/l"), value));
+            planted.push_back({ QStringLiteral("/l/") + name, value });
+        }
+    for (auto const & one : planted)
+        QVERIFY2(TheTree().Find(one.first) == one.second, qPrintable(one.first));
+    for (auto const & one : planted)
+        QVERIFY2(TheTree().Remove(one.first) && !TheTree().Find(one.first), qPrintable(one.first));
+    QCOMPARE(TheTree().GetCount(), 0);
+}
+
+void tst_tree::pathsOfOneHash_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("short") << "/f";
+    QTest::newRow("over two blocks") << "/a folder with a name";
+    QTest::newRow("longer than a cache line") << "/a folder that bears a name as long as names of folders may become";
+    QTest::newRow("beyond Latin-1") << QStringLiteral("/\u4e61");
+}
+
+//! The table keeps half of a hash: where two paths share it their characters tell.
+void tst_tree::pathsOfOneHash()
+{
+    QFETCH(QString, folder);
+    std::vector<std::pair<std::uint32_t, int>> hashes;
+    for (int i = 0; i < 300000; ++i) {
+        QString const path = folder + QLatin1Char('/') + QString::number(i);
+        auto const * const text = reinterpret_cast<char16_t const *>(path.constData());
+        hashes.push_back(
+            { static_cast<std::uint32_t>(PathTable::Hash(text, static_cast<std::size_t>(path.size()))), i });
+    }
+    std::sort(hashes.begin(), hashes.end());
+    auto const same = [](auto const & a, auto const & b) { return a.first == b.first; };
+    auto const pair = std::adjacent_find(hashes.begin(), hashes.end(), same);
+    QVERIFY(pair != hashes.end());
+    QString const first = QString::number(pair->second);
+    QString const second = QString::number(std::next(pair)->second);
+    auto * const value = new Value<int>(first);
+    QVERIFY(TheTree().Insert(folder, value));
+    QVERIFY(!TheTree().Find(folder + QLatin1Char('/') + second));
+    auto * const other = new Value<int>(second);
+    QVERIFY(TheTree().Insert(folder, other));
+    QVERIFY(TheTree().Find(folder + QLatin1Char('/') + first) == value);
+    QVERIFY(TheTree().Find(folder + QLatin1Char('/') + second) == other);
 }
 
 ORIM_CORE_TEST_MAIN(tst_tree)
