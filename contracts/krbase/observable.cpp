@@ -36,10 +36,13 @@ void IObserver::Update(Observable * /*subject*/, TChangeCode /*code*/) {}
 class Observable::Round
 {
 public:
-    explicit Round(Observable & owner) : m_pOwner(&owner), m_pOuter(owner.m_pRound), m_end(owner.m_observers.size())
+    explicit Round(Observable & owner)
+        : m_pOwner(&owner)
+        , m_pOuter(owner.m_pRound)
+        , m_end(owner.m_observers.size())
+        , m_depth(m_pOuter ? m_pOuter->m_depth + 1 : 1)
     {
         owner.m_pRound = this;
-        ++owner.m_depth;
         ++RunningOfAll;
     }
 
@@ -53,18 +56,20 @@ public:
         if (!m_pOwner)
             return;
         m_pOwner->m_pRound = m_pOuter;
-        if (--m_pOwner->m_depth == 0 && m_pOwner->m_untidy)
+        if (!m_pOuter && m_pOwner->m_untidy)
             m_pOwner->Settle();
     }
 
     void Run(TChangeCode code, IObserver const * except)
     {
-        for (std::size_t i = 0; i < m_end; ++i) {
-            IObserver * const observer = m_pOwner->m_observers[i];
+        Observable * const owner = m_pOwner;
+        std::size_t const end = m_end;
+        for (std::size_t i = 0; i < end; ++i) {
+            IObserver * const observer = owner->m_observers[i];
             if (!observer || observer == except)
                 continue;
-            observer->Update(m_pOwner, code);
-            if (!m_pOwner)
+            observer->Update(owner, code);
+            if (!m_pOwner) // it died in there
                 return;
         }
     }
@@ -72,6 +77,7 @@ public:
     Observable * m_pOwner; // null once the observable is gone
     Round * m_pOuter;
     std::size_t m_end; // observers behind it were added inside the notification
+    int m_depth;       // notifications of the owner that run, this one included
 };
 
 Observable::~Observable()
@@ -122,7 +128,7 @@ void Observable::DeleteObservers()
         observer = nullptr;
     }
     m_pendingFirst.clear();
-    if (m_depth > 0)
+    if (m_pRound)
         m_untidy = true;
     else
         m_observers.clear();
@@ -133,7 +139,7 @@ void Observable::MakeFirstObserver(IObserver * observer)
     auto const found = std::find(m_observers.begin(), m_observers.end(), observer);
     if (!observer || found == m_observers.end())
         return;
-    if (m_depth > 0) {
+    if (m_pRound) {
         EraseLast(m_pendingFirst, observer);
         m_pendingFirst.push_back(observer);
         m_untidy = true;
@@ -144,7 +150,8 @@ void Observable::MakeFirstObserver(IObserver * observer)
 
 void Observable::NotifyObservers(TChangeCode code, IObserver * except)
 {
-    bool const mayRun = m_depth < DeepestNesting && RunningOfAll < DeepestOfAll && !m_cut && !AreAllCut;
+    bool const isNested = m_pRound && m_pRound->m_depth >= DeepestNesting;
+    bool const mayRun = !isNested && RunningOfAll < DeepestOfAll && !m_cut && !AreAllCut;
     if (mayRun)
         Round(*this).Run(code, except);
     else
@@ -157,7 +164,7 @@ void Observable::WarnOfDepth()
 {
     if (m_cut || AreAllCut)
         return;
-    if (m_depth >= DeepestNesting) {
+    if (m_pRound && m_pRound->m_depth >= DeepestNesting) {
         m_cut = true;
         m_untidy = true;
     } else {
@@ -174,7 +181,7 @@ bool Observable::Drop(IObserver const * observer)
     auto const found = std::find(m_observers.rbegin(), m_observers.rend(), observer);
     if (found == m_observers.rend())
         return false;
-    if (m_depth == 0) {
+    if (!m_pRound) {
         m_observers.erase(std::next(found).base());
         return true;
     }
@@ -204,7 +211,7 @@ void Observable::Settle()
 
 void Observable::DeleteWhenQuiet()
 {
-    if (m_depth == 0) {
+    if (!m_pRound) {
         delete this;
         return;
     }

@@ -113,7 +113,6 @@ private:
     std::vector<IObserver *> m_observers;    // null: removed inside a notification
     std::vector<IObserver *> m_pendingFirst; // made first inside a notification, the last one goes to the front
     Round * m_pRound = nullptr;              // innermost notification, on the stack
-    int m_depth = 0;                         // notifications running
     bool m_untidy = false;                   // Settle() has something to do
     bool m_cut = false;                      // the deepest allowed nesting was reached
     bool m_doomed = false;                   // to be deleted by Settle()
