@@ -20,8 +20,8 @@
 
 namespace {
 
-// The table: the colour of NaN, the colour below the range, the cells from end to end (one more than there are steps,
-// each about its position), the colour above.
+// The table: the colour of NaN, the colour below the range, the bands, or the cells from end to end (one more than
+// there are steps, each about its position), the colour above.
 constexpr int NaNSlot = 0;
 constexpr int BelowSlot = 1;
 constexpr int FirstCell = 2;
@@ -29,8 +29,8 @@ constexpr int SlotsBesideCells = 4;
 
 constexpr int MinCells = 1024;       // few values meet a marked end, and the table is quickly built
 constexpr int MaxCells = 1 << 18;    // 1 MB; a set that needs more is resolved one by one
-constexpr int MinBandCells = 8192;   // few values meet a marked edge, and the first level cache holds the table
-constexpr int MinCellsPerBand = 192; // few edges are worth more than the first level cache
+constexpr int MinBandCells = 8192;   // of folded bands: few values meet a marked edge
+constexpr int MinCellsPerBand = 192; // likewise
 constexpr int MinCellsPerBandAtMaximum = 4;
 constexpr double LevelsPerCell = 5.0 / 3.0; // half of that and the cut stay below 1 a channel
 constexpr QRgb Marked = 0;                  // no alpha: to be resolved
@@ -38,6 +38,10 @@ constexpr QRgb Marked = 0;                  // no alpha: to be resolved
 constexpr double MaxTurns = 1024.5;        // folds of the table; beyond them values are resolved
 constexpr double RoundingShift = 0x1.8p52; // added and taken off, it leaves the nearest integer
 constexpr double IntEnd = 0x1p31;
+
+constexpr int MostBands = 1 << 20;
+constexpr int MostFractionBits = 24; // the rounding of a position stays far below
+constexpr double Unsure = 0x1p-20;   // of a cell: likewise
 
 int ChannelStep(QRgb a, QRgb b)
 {
@@ -119,13 +123,14 @@ struct LinearKernel
 {
     __m128d m_offset, m_origin, m_scale, m_bias, m_low, m_top;
 
-    LinearKernel(double offset, double origin, double scale, double bias, double top)
-        : m_offset(_mm_set1_pd(offset))
-        , m_origin(_mm_set1_pd(origin))
-        , m_scale(_mm_set1_pd(scale))
-        , m_bias(_mm_set1_pd(bias))
-        , m_low(_mm_set1_pd(BelowSlot))
-        , m_top(_mm_set1_pd(top))
+    template <class Scale>
+    explicit LinearKernel(Scale const & s)
+        : m_offset(_mm_set1_pd(s.offset))
+        , m_origin(_mm_set1_pd(s.origin))
+        , m_scale(_mm_set1_pd(s.scale))
+        , m_bias(_mm_set1_pd(s.bias))
+        , m_low(_mm_set1_pd(s.low))
+        , m_top(_mm_set1_pd(s.top))
     {}
 
     //! Both clamps pass NaN on: their second operand does.
@@ -142,11 +147,12 @@ struct WrappedKernel
 {
     __m128d m_offset, m_origin, m_scale, m_bias, m_cells;
 
-    WrappedKernel(double offset, double origin, double scale, double bias, double cells)
-        : m_offset(_mm_set1_pd(offset))
-        , m_origin(_mm_set1_pd(origin))
-        , m_scale(_mm_set1_pd(scale))
-        , m_bias(_mm_set1_pd(bias))
+    template <class Scale>
+    WrappedKernel(Scale const & s, double cells)
+        : m_offset(_mm_set1_pd(s.offset))
+        , m_origin(_mm_set1_pd(s.origin))
+        , m_scale(_mm_set1_pd(s.scale))
+        , m_bias(_mm_set1_pd(s.bias))
         , m_cells(_mm_set1_pd(cells))
     {}
 
@@ -247,12 +253,44 @@ void ColorLookup::ChooseRoad()
         m_road = eIndex;
     else if (!m_rule.fixed && m_max == m_min)
         m_road = eSingle;
-    else if (m_rule.fixed && FindScale(m_rule.start, m_rule.stop))
-        m_road = m_rule.wrap ? eWrapped : eLinear;
-    else if (!m_rule.fixed && FindScale(m_min, m_max))
-        m_road = eLinear;
     else
-        m_road = eOneByOne;
+        m_road = ChooseTable(m_rule.fixed ? m_rule.start : m_min, m_rule.fixed ? m_rule.stop : m_max);
+}
+
+ColorLookup::ERoad ColorLookup::ChooseTable(double low, double high)
+{
+    bool const wraps = m_rule.fixed && m_rule.wrap;
+    if (!m_rule.smooth && !wraps)
+        return FindBandScale(low, high) ? eBands : eOneByOne;
+    if (!FindScale(low, high))
+        return eOneByOne;
+    return wraps ? eWrapped : eLinear;
+}
+
+//! Whether positions reckoned so are those of PickColor() but for some rounding.
+bool ColorLookup::IsSound(double extent) const
+{
+    return std::isnormal(m_scale.scale) && std::isfinite(extent) && std::isfinite(m_scale.origin) &&
+           std::isfinite(m_scale.offset);
+}
+
+//! Fills m_cells, m_fractionBits and m_scale, which counts in fractions of a band. \return false as FindScale().
+bool ColorLookup::FindBandScale(double low, double high)
+{
+    m_cells = static_cast<int>(m_colors.size());
+    if (m_cells > MostBands)
+        return false;
+    m_fractionBits = std::min(static_cast<int>(qCountLeadingZeroBits(static_cast<quint32>(m_cells + 3))) - 1,
+                              MostFractionBits); // the last entry in fractions is an int
+    double const band = 1 << m_fractionBits;
+    double const extent = high - low;
+    m_scale.offset = m_rule.offset;
+    m_scale.origin = low;
+    m_scale.scale = m_cells * band / extent;
+    m_scale.bias = FirstCell * band;
+    m_scale.low = (BelowSlot + 0.5) * band;
+    m_scale.top = (FirstCell + m_cells + 0.5) * band;
+    return IsSound(extent);
 }
 
 //! Fills m_cells and m_scale. \return false when the rounding of this range could reach beyond half a cell, or the list
@@ -269,9 +307,9 @@ bool ColorLookup::FindScale(double low, double high)
     m_scale.origin = low;
     m_scale.scale = (wraps ? 1.0 : m_cells) / extent;
     m_scale.bias = FirstCell + 0.5 + (wraps ? m_cells / 2 : 0);
+    m_scale.low = BelowSlot;
     m_scale.top = FirstCell + m_cells + 1;
-    bool const sound = m_cells > 0 && std::isnormal(m_scale.scale) && std::isfinite(extent) && std::isfinite(low) &&
-                       std::isfinite(m_rule.offset);
+    bool const sound = m_cells > 0 && IsSound(extent);
     if (!sound || !wraps)
         return sound;
     // the loops that fold may round at every turn
@@ -293,23 +331,30 @@ int ColorLookup::CellsPerSegment() const
     return most < MinCellsPerBandAtMaximum ? 0 : std::min(cells, most);
 }
 
+//! The last entry of the table.
+std::size_t ColorLookup::AboveSlot() const
+{
+    std::size_t const first = m_road == eBands ? FirstCell : FirstCell + 1;
+    return first + static_cast<std::size_t>(m_cells);
+}
+
+QRgb ColorLookup::EndColor(bool high) const { return high == m_inverse ? m_colors.front() : m_colors.back(); }
+
 void ColorLookup::BuildTable()
 {
-    auto const size = static_cast<std::size_t>(m_cells) + SlotsBesideCells;
-    m_table.resize(size);
+    m_table.resize(static_cast<std::size_t>(m_cells) + SlotsBesideCells);
     int const length = static_cast<int>(m_colors.size());
     int const perSegment = m_cells / (m_rule.smooth ? std::max(length - 1, 1) : length);
     QRgb * const cells = m_table.data() + FirstCell;
     FillCells(cells, perSegment);
-    MarkEdges(cells, perSegment);
+    if (m_road != eBands)
+        MarkEdges(cells, perSegment);
     if (m_road == eWrapped)
         RotateForWrap();
 
     m_table[NaNSlot] = Resolve(std::numeric_limits<double>::quiet_NaN());
-    QRgb const first = m_inverse ? m_colors.back() : m_colors.front();
-    QRgb const last = m_inverse ? m_colors.front() : m_colors.back();
-    m_table[BelowSlot] = m_rule.fixed ? first : OutOfRangeRgb;
-    m_table[size - 1] = m_rule.fixed ? last : OutOfRangeRgb;
+    m_table[BelowSlot] = m_rule.fixed ? EndColor(false) : OutOfRangeRgb;
+    m_table[AboveSlot()] = m_rule.fixed ? EndColor(true) : OutOfRangeRgb;
     m_tableCurrent = true;
 }
 
@@ -320,13 +365,13 @@ void ColorLookup::FillCells(QRgb * cells, int perSegment) const
         return m_colors[static_cast<std::size_t>(m_inverse ? length - 1 - i : i)];
     };
     if (m_rule.smooth && length > 1) {
-        for (int i = 0; i + 1 < length; ++i)
-            BlendSegment(color(i), color(i + 1), perSegment, cells + i * perSegment);
+        for (int i = 0; i + 1 < length; ++i, cells += perSegment)
+            BlendSegment(color(i), color(i + 1), perSegment, cells);
     } else {
-        for (int i = 0; i < length; ++i)
-            std::fill_n(cells + i * perSegment, perSegment, color(i));
+        for (int i = 0; i < length; ++i, cells += perSegment)
+            std::fill_n(cells, perSegment, color(i));
     }
-    cells[m_cells] = color(length - 1);
+    *cells = color(length - 1);
 }
 
 void ColorLookup::MarkEdges(QRgb * cells, int perSegment) const
@@ -355,7 +400,26 @@ QRgb ColorLookup::Resolve(double value) const
     return PickedRgb(pick, m_colors.data());
 }
 
-//! The entry of the table that a value falls into.
+//! A value that stands too near to a jump for the table to tell on which side.
+QRgb ColorLookup::ResolveMarked(double value) const
+{
+    if (std::isnan(value))
+        return m_table[NaNSlot];
+    if (m_road != eLinear)
+        return Resolve(value);
+    double const place = (value + m_scale.offset - m_scale.origin) * m_scale.scale; // cells from the low end
+    if (place < -Unsure)
+        return m_table[BelowSlot];
+    if (place > m_cells + Unsure)
+        return m_table[AboveSlot()];
+    if (place > Unsure && place < 1.0)
+        return EndColor(false);
+    if (place < m_cells - Unsure && place > m_cells - 1.0)
+        return EndColor(true);
+    return Resolve(value);
+}
+
+//! The entry of the table that a value falls into; with bands in fractions.
 int ColorLookup::Slot(double value) const
 {
     double position = (value + m_scale.offset - m_scale.origin) * m_scale.scale;
@@ -365,7 +429,18 @@ int ColorLookup::Slot(double value) const
         double const turns = std::clamp(position, -MaxTurns, MaxTurns);
         position = (turns - std::nearbyint(turns)) * m_cells;
     }
-    return toInt(std::clamp(position + m_scale.bias, double{ BelowSlot }, m_scale.top));
+    return toInt(std::clamp(position + m_scale.bias, m_scale.low, m_scale.top));
+}
+
+QRgb ColorLookup::PickOne(double value) const
+{
+    int const slot = Slot(value);
+    if (m_road == eBands) {
+        bool const nearEdge = ((slot + 1) & ((1 << m_fractionBits) - 1)) <= 1;
+        return nearEdge ? ResolveMarked(value) : m_table[static_cast<std::size_t>(slot >> m_fractionBits)];
+    }
+    QRgb const entry = m_table[static_cast<std::size_t>(slot)];
+    return entry == Marked ? ResolveMarked(value) : entry;
 }
 
 template <class T>
@@ -374,8 +449,7 @@ void ColorLookup::MapOneByOne(T const * values, QRgb * out, std::size_t count) c
     bool const byTable = UsesTable();
     for (std::size_t i = 0; i < count; ++i) {
         auto const value = static_cast<double>(values[i]);
-        QRgb const entry = byTable ? m_table[static_cast<std::size_t>(Slot(value))] : Marked;
-        out[i] = entry == Marked ? Resolve(value) : entry;
+        out[i] = byTable ? PickOne(value) : Resolve(value);
     }
 }
 
@@ -396,8 +470,46 @@ std::size_t ColorLookup::MapBlocks(Kernel const & kernel, T const * values, QRgb
         if (_mm_movemask_ps(_mm_castsi128_ps(_mm_and_si128(a, b))) != AllHaveAlpha)
             for (quint32 marked = MarkedOf(a) | MarkedOf(b) << 4; marked; marked &= marked - 1) {
                 std::size_t const k = i + qCountTrailingZeroBits(marked);
-                out[k] = Resolve(static_cast<double>(values[k]));
+                out[k] = ResolveMarked(static_cast<double>(values[k]));
             }
+    }
+    return i;
+}
+
+//! The same for bands; \a kernel makes fixed-point numbers of bands.
+template <class Kernel, class T>
+std::size_t ColorLookup::MapBandBlocks(Kernel const & kernel, T const * values, QRgb * out, std::size_t count) const
+{
+    constexpr std::size_t Block = 8;
+    QRgb const * const table = m_table.data();
+    __m128i const shift = _mm_cvtsi32_si128(m_fractionBits);
+    __m128i const one = _mm_set1_epi32(1);
+    __m128i const fraction = _mm_set1_epi32((1 << m_fractionBits) - 1);
+    // all bits of those whose fraction is the first or the last one
+    auto const nearEdge = [&](__m128i four) {
+        return _mm_cmpgt_epi32(_mm_set1_epi32(2), _mm_and_si128(_mm_add_epi32(four, one), fraction));
+    };
+    auto const store = [&](__m128i four, QRgb * to) {
+        __m128i const bands = _mm_srl_epi32(four, shift);
+        auto const low = static_cast<std::uint64_t>(_mm_cvtsi128_si64(bands));
+        auto const high = static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(bands, bands)));
+        to[0] = table[static_cast<std::uint32_t>(low)];
+        to[1] = table[low >> 32];
+        to[2] = table[static_cast<std::uint32_t>(high)];
+        to[3] = table[high >> 32];
+    };
+    std::size_t i = 0;
+    for (; i + Block <= count; i += Block) {
+        __m128i const a = _mm_unpacklo_epi64(kernel(LoadTwo(values + i)), kernel(LoadTwo(values + i + 2)));
+        __m128i const b = _mm_unpacklo_epi64(kernel(LoadTwo(values + i + 4)), kernel(LoadTwo(values + i + 6)));
+        store(a, out + i);
+        store(b, out + i + 4);
+        int const marked =
+            _mm_movemask_epi8(_mm_packs_epi16(_mm_packs_epi32(nearEdge(a), nearEdge(b)), _mm_setzero_si128()));
+        for (auto rest = static_cast<quint32>(marked); rest; rest &= rest - 1) {
+            std::size_t const k = i + qCountTrailingZeroBits(rest);
+            out[k] = ResolveMarked(static_cast<double>(values[k]));
+        }
     }
     return i;
 }
@@ -412,14 +524,17 @@ void ColorLookup::MapAll(T const * values, QRgb * out, std::size_t count) const
         std::fill_n(out, count, Resolve(m_min));
         return;
     }
+    bool const shifts = s.offset != 0.0;
     if (m_road == eIndex)
         done = MapBlocks(IndexKernel(static_cast<double>(m_colors.size() - 1)), values, out, count);
-    else if (m_road == eLinear && s.offset == 0.0)
-        done = MapBlocks(LinearKernel<false>(s.offset, s.origin, s.scale, s.bias, s.top), values, out, count);
+    else if (m_road == eBands)
+        done = shifts ? MapBandBlocks(LinearKernel<true>(s), values, out, count)
+                      : MapBandBlocks(LinearKernel<false>(s), values, out, count);
     else if (m_road == eLinear)
-        done = MapBlocks(LinearKernel<true>(s.offset, s.origin, s.scale, s.bias, s.top), values, out, count);
+        done = shifts ? MapBlocks(LinearKernel<true>(s), values, out, count)
+                      : MapBlocks(LinearKernel<false>(s), values, out, count);
     else if (m_road == eWrapped)
-        done = MapBlocks(WrappedKernel(s.offset, s.origin, s.scale, s.bias, m_cells), values, out, count);
+        done = MapBlocks(WrappedKernel(s, m_cells), values, out, count);
     MapOneByOne(values + done, out + done, count - done);
 }
 

@@ -10,10 +10,11 @@
 #include <cstddef>
 #include <vector>
 
-//! Colours many values by a table. The table divides the range into cells, and a value costs one multiplication and one
-//! look-up. A cell in which the colour jumps (the edge of a band, an end of the range) is marked, and its values are
-//! resolved one by one as PickColor() does it; so jumps are exact. Blended cells differ by at most 1 a channel: the
-//! number of cells grows with the number of colours and with the distance between neighbours.
+//! Colours many values by a table, at the cost of one multiplication and one look-up a value. Bands have an entry each:
+//! a value is turned into a fixed-point number of bands, and one within the smallest fraction of an edge is resolved as
+//! PickColor() does it; so jumps are exact. Blended sets, and bands that are folded, divide the range into cells; a
+//! cell in which the colour jumps is marked, and its values are resolved. Blended cells differ by at most 1 a channel:
+//! the number of cells grows with the number of colours and with the distance between neighbours.
 class ORIMWIDGETS_EXPORT ColorLookup
 {
 public:
@@ -40,6 +41,7 @@ private:
         eSingle,   // one colour for all
         eOneByOne, // the range is too odd or the list too long for a table
         eIndex,    // the value is the entry
+        eBands,    // the cell is a band
         eLinear,
         eWrapped
     };
@@ -51,26 +53,36 @@ private:
         double origin = 0.0;
         double scale = 0.0;
         double bias = 0.0;
-        double top = 0.0; // last entry of the table
+        double low = 0.0; // clamps what is below the range to its entry
+        double top = 0.0; // and what is above
     };
 
-    bool UsesTable() const { return m_road == eLinear || m_road == eWrapped; }
+    bool UsesTable() const { return m_road >= eBands; }
 
     void ChooseRoad();
+    ERoad ChooseTable(double low, double high);
+    bool IsSound(double extent) const;
     bool FindScale(double low, double high);
+    bool FindBandScale(double low, double high);
     int CellsPerSegment() const;
+    std::size_t AboveSlot() const;
+    QRgb EndColor(bool high) const;
     void BuildTable();
     void FillCells(QRgb * cells, int perSegment) const;
     void MarkEdges(QRgb * cells, int perSegment) const;
     void RotateForWrap();
     int Slot(double value) const;
+    QRgb PickOne(double value) const;
     QRgb Resolve(double value) const;
+    QRgb ResolveMarked(double value) const;
     template <class T>
     void MapAll(T const * values, QRgb * out, std::size_t count) const;
     template <class T>
     void MapOneByOne(T const * values, QRgb * out, std::size_t count) const;
     template <class Kernel, class T>
     std::size_t MapBlocks(Kernel const & kernel, T const * values, QRgb * out, std::size_t count) const;
+    template <class Kernel, class T>
+    std::size_t MapBandBlocks(Kernel const & kernel, T const * values, QRgb * out, std::size_t count) const;
 
     std::vector<QRgb> m_colors;
     ColorRule m_rule;
@@ -82,6 +94,7 @@ private:
 
     ERoad m_road = eOneByOne;
     Scale m_scale;
+    int m_fractionBits = 0;    // of a number of bands
     int m_cells = 0;           // from one end of the range to the other
     std::vector<QRgb> m_table; // alpha 0 marks an entry to resolve
 };
