@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// The search for the tics of a linear axis, beside the least work that finds a step and counts its multiples.
-// TicSearch is the search alone, TicFill adds the places of all tics and minor tics. A peer fills its lists in both.
+// The search for the tics of a linear axis, beside the least work that gives the same answer for ordinary ranges: a
+// step from a table of powers of ten, its multiples, the digits of the labels and the offset. TicSearch is the search
+// alone, TicFill adds the places of all tics and minor tics. A peer fills its lists in both.
 
 #include "axisdefinition.h"
 #include "peerqcustomplot.h"
@@ -9,6 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -44,21 +46,30 @@ struct Tics
 {
     int count = 0;
     int minor = 0;
+    int left = 0;
+    int right = 0;
     double first = 0.0;
     double step = 0.0;
+    double offset = 0.0;
 };
 
 constexpr std::array<double, 23> Powers{ 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                          1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
 
-//! The limit: a table of powers of ten, a choice of 1, 2, 5, and two multiples. Ranges of ordinary size only; rounding
-//! may put a tic outside.
+//! The power of ten at or below the power of two at or below a number above 0.
+int Exponent(double value)
+{
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return (static_cast<int>(bits >> 52) - 1023) * 1233 >> 12;
+}
+
+//! The limit: a table of powers of ten, a choice of 1, 2, 5, and two multiples. Ranges of ordinary size only, in rising
+//! order and without a factor; rounding may put a tic outside.
 Tics LeastSearch(double start, double stop)
 {
     double const least = (stop - start) / 12.0;
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &least, sizeof bits);
-    int const exponent = (static_cast<int>(bits >> 52) - 1023) * 1233 >> 12;
+    int const exponent = Exponent(least);
     double const power =
         exponent < 0 ? 1.0 / Powers[static_cast<size_t>(-exponent)] : Powers[static_cast<size_t>(exponent)];
     double const ratio = least / power;
@@ -72,20 +83,27 @@ Tics LeastSearch(double start, double stop)
     from += from * tics.step < start ? 1.0 : 0.0;
     double to = (stop * inverse + Shift) - Shift;
     to -= to * tics.step > stop ? 1.0 : 0.0;
-    tics.first = from * tics.step;
     tics.count = static_cast<int>(to - from) + 1;
+    int const power10 = exponent + (factor >= 10.0 ? 1 : 0);
+    tics.right = power10 < 0 ? -power10 : 0;
+    double const largest = std::max(std::fabs(from), std::fabs(to)) * tics.step;
+    int const digits = largest < 10.0 ? 0 : Exponent(largest) + 1;
+    tics.left = digits + (largest >= Powers[static_cast<size_t>(digits)] ? 1 : 0);
+    tics.left += tics.left == 0 ? 1 : 0;
+    if (std::fabs(from) >= 1000.0 && from * to > 0.0) {
+        auto const whole = static_cast<double>(static_cast<long long>(from) / 1000 * 1000);
+        tics.offset = whole * tics.step;
+        from -= whole;
+    }
+    tics.first = from * tics.step;
     return tics;
 }
 
 Tics OurSearch(Range & range, double factor)
 {
     Tics tics;
-    int left = 0;
-    int right = 0;
-    double offset = 0.0;
-    tics.count = axisDefinition::GetAxisValuesLinear(&range.start, &range.stop, &tics.minor, &left, &right, &tics.first,
-                                                     &tics.step, &offset, 1, factor, -1);
-    tics.first += offset;
+    tics.count = axisDefinition::GetAxisValuesLinear(&range.start, &range.stop, &tics.minor, &tics.left, &tics.right,
+                                                     &tics.first, &tics.step, &tics.offset, 1, factor, -1);
     return tics;
 }
 
@@ -97,7 +115,7 @@ int Fill(Tics const & tics, Places & places)
     double const part = tics.step / (tics.minor + 1);
     for (int i = 0; i < tics.count; ++i)
         for (int k = 0; k <= tics.minor; ++k)
-            places[static_cast<size_t>(filled++)] = i * tics.step + tics.first + k * part;
+            places[static_cast<size_t>(filled++)] = i * tics.step + tics.first + tics.offset + k * part;
     return filled;
 }
 
@@ -107,8 +125,9 @@ void Compare(std::vector<Range> & ranges)
     for (Range & range : ranges) {
         Tics const least = LeastSearch(range.start, range.stop);
         Tics const ours = OurSearch(range, 1.0);
-        if (least.count != ours.count || std::fabs(least.first - ours.first) > ours.step * 1e-6 ||
-            least.minor != ours.minor) {
+        double const difference = std::max(std::fabs(least.first - ours.first), std::fabs(least.offset - ours.offset));
+        if (least.count != ours.count || least.minor != ours.minor || least.left != ours.left ||
+            least.right != ours.right || difference > ours.step * 1e-6) {
             std::fprintf(stderr, "the limit finds other tics in %.17g .. %.17g\n", range.start, range.stop);
             std::exit(1);
         }

@@ -20,9 +20,10 @@ struct TicRow
 {
     int factor; // the step by a power of ten
     int minorTics;
+    double perUnit; // steps in a power of ten
 };
 
-constexpr std::array<TicRow, 3> TicRows{ { { 1, 4 }, { 2, 3 }, { 5, 4 } } };
+constexpr std::array<TicRow, 3> TicRows{ { { 1, 4, 1.0 }, { 2, 3, 0.5 }, { 5, 4, 0.2 } } };
 
 // 10^(row + 32 * column); exact up to 10^22
 constexpr std::array<double, 32> Powers{ 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10,
@@ -30,11 +31,22 @@ constexpr std::array<double, 32> Powers{ 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6
                                          1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31 };
 constexpr std::array<double, 10> PowersOf32{ 1e0, 1e32, 1e64, 1e96, 1e128, 1e160, 1e192, 1e224, 1e256, 1e288 };
 
+constexpr std::array<double, 24> InversePowers{ 1e-0,  1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,
+                                                1e-8,  1e-9,  1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15,
+                                                1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22, 1e-23 };
+
 //! 10^exponent, exponent 0 to 308.
 inline double Power(int exponent)
 {
     auto const index = static_cast<unsigned int>(exponent);
     return index < Powers.size() ? Powers[index] : Powers[index % 32] * PowersOf32[index / 32];
+}
+
+//! 10^-exponent but for some rounding, exponent 0 to 308.
+inline double InversePower(int exponent)
+{
+    auto const index = static_cast<unsigned int>(exponent);
+    return index < InversePowers.size() ? InversePowers[index] : 1.0 / Power(exponent);
 }
 
 //! The power of two at or below a normal number above 0.
@@ -73,6 +85,7 @@ struct Step
 {
     double numerator = 1.0;
     double denominator = 1.0;
+    double perUnit = 1.0; // steps in 1, but for some rounding
     int decimals = 0;
     int minorTics = 0;
 
@@ -89,9 +102,11 @@ inline Step StepOf(int exponent, int index)
     if (power < 0) {
         step.numerator = row.factor;
         step.denominator = Power(-power);
+        step.perUnit = row.perUnit * step.denominator;
         step.decimals = -power;
     } else {
         step.numerator = row.factor * Power(power);
+        step.perUnit = row.perUnit * InversePower(power);
     }
     return step;
 }
@@ -100,6 +115,7 @@ Step StepOfWidth(int width)
 {
     Step step;
     step.numerator = width;
+    step.perUnit = 1.0 / width;
     while (width % 10 == 0)
         width /= 10;
     int const parts = width == 1       ? 5
@@ -129,6 +145,9 @@ struct Range
         return span >= NarrowestRange && shownSpan >= NarrowestRange && -low <= Farthest && high <= Farthest &&
                -shownLow <= Farthest && shownHigh <= Farthest;
     }
+
+    //! The axis value of a displayed one.
+    double Value(double shown) const { return factor == 1.0 ? shown : shown / factor; }
 };
 
 Range MakeRange(double start, double stop, double factor)
@@ -160,15 +179,14 @@ inline Multiples MultiplesInside(Range const & range, Step const & step)
 {
     // a tic that stands on an end may miss it by the rounding of the factor
     double const slack = range.factor == 1.0 ? 0.0 : 0x1p-51;
-    double const perUnit = step.denominator / step.numerator;
     Multiples found;
-    found.from = Nearest(range.shownLow * perUnit);
+    found.from = Nearest(range.shownLow * step.perUnit); // it, or the next one
     found.shownFrom = step.Multiple(found.from);
     if (found.shownFrom < range.shownLow - std::fabs(range.shownLow) * slack) {
         found.from += 1.0;
         found.shownFrom = step.Multiple(found.from);
     }
-    found.to = Nearest(range.shownHigh * perUnit);
+    found.to = Nearest(range.shownHigh * step.perUnit);
     found.shownTo = step.Multiple(found.to);
     if (found.shownTo > range.shownHigh + std::fabs(range.shownHigh) * slack) {
         found.to -= 1.0;
@@ -180,10 +198,11 @@ inline Multiples MultiplesInside(Range const & range, Step const & step)
 //! The smallest step that makes MaxTics tics at most and that doubles resolve. False when it makes less than MinTics.
 bool SearchStep(Range const & range, Step & step, Multiples & multiples)
 {
-    double const smallest = Larger((range.shownHigh - range.shownLow) / MaxTics, range.smallestStep);
-    int const exponent = Exponent10(Exponent2(smallest)); // smallest is 1 to 20 times this power of ten
-    double const ratio = exponent < 0 ? smallest * Power(-exponent) : smallest / Power(exponent);
-    int const index = (ratio > 1.0 ? 1 : 0) + (ratio > 2.0 ? 1 : 0) + (ratio > 5.0 ? 1 : 0) + (ratio > 10.0 ? 1 : 0);
+    double const span = Larger(range.shownHigh - range.shownLow, range.smallestStep * MaxTics);
+    int const exponent = Exponent10(Exponent2(span)) - 1; // the span is 10 to 200 times this power of ten
+    double const ratio = exponent < 0 ? span * Power(-exponent) : span / Power(exponent);
+    int const index = (ratio > MaxTics ? 1 : 0) + (ratio > 2 * MaxTics ? 1 : 0) + (ratio > 5 * MaxTics ? 1 : 0) +
+                      (ratio > 10 * MaxTics ? 1 : 0);
     step = StepOf(exponent, index);
     multiples = MultiplesInside(range, step);
     if (multiples.Count() > MaxTics) { // one tic more than steps, when both ends bear one
@@ -248,29 +267,27 @@ void DropOutside(Range const & range, Tics & tics)
     }
 }
 
-Tics MakeTics(Range const & range, Step const & step, Multiples const & multiples)
+void MakeTics(Range const & range, Step const & step, Multiples const & multiples, Tics & tics)
 {
     constexpr long long Round = 1000;
-    Tics tics;
     tics.count = toInt(multiples.Count());
-    tics.step = step.Multiple(1.0) / range.factor;
+    tics.step = range.Value(step.Multiple(1.0));
     if (multiples.from < 0.0 && multiples.to >= 0.0) { // at most 1000 tics: the offset is 0
         tics.first = multiples.from * tics.step;
         ShrinkAroundZero(range, multiples.from, tics);
         DropOutside(range, tics);
-        return tics;
+        return;
     }
     double beyond = multiples.from;
     if (std::fabs(beyond) >= Round) {
         beyond = static_cast<double>(toInt<long long>(multiples.from) % Round);
-        tics.offset = step.Multiple(multiples.from - beyond) / range.factor;
+        tics.offset = range.Value(step.Multiple(multiples.from - beyond));
     }
-    tics.first = step.Multiple(beyond) / range.factor;
+    tics.first = range.Value(step.Multiple(beyond));
     if (!tics.AreInside(range)) {
         ShrinkIntoRange(range, tics);
         DropOutside(range, tics);
     }
-    return tics;
 }
 
 //! Digits before the decimal point of an amount.
@@ -304,18 +321,22 @@ struct Answer
     int digits = 1;
 };
 
-Answer Search(Question const & question)
+//! Writes into the answer in place: a copy of what was just written in parts would wait for them.
+void Search(Question const & question, Answer & answer)
 {
-    Answer answer;
+    answer = Answer();
     Multiples multiples;
     Range const range = MakeRange(question.start, question.stop, question.factor);
-    if (!range.IsUsable() ||
-        (!TakeFixedStep(range, question.width, answer.shown, multiples) && !SearchStep(range, answer.shown, multiples)))
-        return {};
+    if (!range.IsUsable() || (!TakeFixedStep(range, question.width, answer.shown, multiples) &&
+                              !SearchStep(range, answer.shown, multiples))) {
+        answer = Answer();
+        return;
+    }
     if (multiples.Count() > 0.0)
-        answer.tics = MakeTics(range, answer.shown, multiples);
+        MakeTics(range, answer.shown, multiples, answer.tics);
     answer.digits = DigitsOf(Larger(std::fabs(multiples.shownFrom), std::fabs(multiples.shownTo)));
-    return answer.tics.count > 0 ? answer : Answer();
+    if (answer.tics.count <= 0)
+        answer = Answer();
 }
 
 template <class T>
@@ -332,13 +353,18 @@ int axisDefinition::GetAxisValuesLinear(double * start, double * stop, int * min
                                         double displayFactor, int fixedTicWidth)
 {
     // an axis that is painted anew mostly asks for the range it had
-    thread_local Question question;
-    thread_local Answer answer;
+    thread_local struct
+    {
+        Question question;
+        Answer answer;
+    } latest;
+
     Question const asked = start && stop ? Question{ *start, *stop, displayFactor, fixedTicWidth } : Question();
-    if (!(asked == question)) {
-        answer = Search(asked);
-        question = asked;
+    if (!(asked == latest.question)) {
+        Search(asked, latest.answer);
+        latest.question = asked;
     }
+    Answer const & answer = latest.answer;
     Write(minor, answer.shown.minorTics);
     Write(left, answer.digits);
     Write(right, answer.shown.decimals);

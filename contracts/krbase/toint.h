@@ -15,12 +15,12 @@ template <class T>
 inline T toInt(double value) noexcept
 {
     static_assert(std::is_integral<T>::value, "toInt makes integers");
-    // 2^digits is exact as a double, so both comparisons are exact for every T.
+    // 2^digits is exact as a double, so both comparisons are exact; where below - 1 is not, it is below, which is the
+    // lowest value and so the answer
     double const above = std::ldexp(1.0, std::numeric_limits<T>::digits);
     double const below = std::is_signed<T>::value ? -above : 0.0;
-    double const cut = std::trunc(value);
-    bool const fits = cut >= below && cut < above; // false for NaN
-    return fits ? static_cast<T>(cut) : std::numeric_limits<T>::lowest();
+    bool const fits = value > below - 1.0 && value < above; // false for NaN
+    return fits ? static_cast<T>(value) : std::numeric_limits<T>::lowest();
 }
 
 //! The same for int, the type of pixels, indices and keys.
