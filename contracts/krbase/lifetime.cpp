@@ -16,6 +16,7 @@ LifeWatch::LifeWatch(Lifetime const & lifetime) noexcept { Join(&lifetime); }
 
 LifeWatch::LifeWatch(LifeWatch const & other) noexcept { Join(other.m_pLifetime); }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): of one lifetime already
 LifeWatch & LifeWatch::operator=(LifeWatch const & other) noexcept
 {
     if (m_pLifetime != other.m_pLifetime) {

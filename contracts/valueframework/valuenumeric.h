@@ -6,8 +6,10 @@
 #include "value.h"
 #include "valuetransaction.h"
 
+#include <cmath>
 #include <initializer_list>
 #include <limits>
+#include <type_traits>
 
 //! The double-typed face of a numeric value, through which axes and markers read and write without knowing its type.
 //! NaN is refused everywhere: nothing changes.
@@ -123,8 +125,10 @@ void ValueNumeric<T, Format, Stream>::Store(T value, IObserver * except)
 template <class T, class Format, class Stream>
 void ValueNumeric<T, Format, Stream>::SetValue(T value, IObserver * except)
 {
-    if (value == value) // not NaN
-        Store(m_grid.Nearest(value), except);
+    if constexpr (std::is_floating_point<T>::value)
+        if (std::isnan(value))
+            return;
+    Store(m_grid.Nearest(value), except);
 }
 
 template <class T, class Format, class Stream>
