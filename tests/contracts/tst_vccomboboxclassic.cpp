@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vccomboboxclassic.h"
 
-#include "guibase.h"
-#include "tree.h"
+#include "boundvalue.h"
 #include "valuenumeric.h"
 
 #include "testmain.h"
@@ -12,7 +11,6 @@
 #include <QUndoStack>
 #include <QWheelEvent>
 
-#include <functional>
 #include <type_traits>
 
 namespace {
@@ -25,13 +23,11 @@ QString const Path = QStringLiteral("/combo/mode");
 
 ValueSelection * InsertSelection(char const * name = "mode")
 {
-    auto * const selection = new ValueSelection(QString::fromLatin1(name));
-    selection->AddItems({ SelectionItem(QStringLiteral("absolute"), 1.0, 5),
-                          SelectionItem(QStringLiteral("R & L"), 2.0, 9),
-                          SelectionItem(QStringLiteral("north"), 3.0, -1) });
-    selection->Select(9L, nullptr);
-    Tree::Instance()->Insert(QStringLiteral("/combo"), selection);
-    return selection;
+    return PlantSelection(QStringLiteral("/combo"), QString::fromLatin1(name),
+                          { SelectionItem(QStringLiteral("absolute"), 1.0, 5),
+                            SelectionItem(QStringLiteral("R & L"), 2.0, 9),
+                            SelectionItem(QStringLiteral("north"), 3.0, -1) },
+                          9L);
 }
 
 QStringList Items(QComboBox const & combo)
@@ -41,22 +37,6 @@ QStringList Items(QComboBox const & combo)
         items.append(combo.itemText(i));
     return items;
 }
-
-class Watcher : public IObserver
-{
-public:
-    void Update(Observable *, TChangeCode) override
-    {
-        ++m_calls;
-        if (m_then)
-            m_then();
-    }
-
-    int m_calls = 0;
-    std::function<void()> m_then;
-};
-
-QUndoStack & Undo() { return *GuiBase::Instance().UndoStack(); }
 
 } // namespace
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vclineedit.h"
 
-#include "guibase.h"
-#include "tree.h"
+#include "boundvalue.h"
 #include "value.h"
 #include "valuenumeric.h"
 
@@ -14,7 +13,6 @@
 #include <QVBoxLayout>
 
 #include <climits>
-#include <functional>
 #include <type_traits>
 
 namespace {
@@ -63,22 +61,6 @@ struct Stage
     QLineEdit * other = new QLineEdit(&window);
     bool active = false;
 };
-
-class Watcher : public IObserver
-{
-public:
-    void Update(Observable *, TChangeCode code) override
-    {
-        m_codes.append(code);
-        if (m_then)
-            m_then();
-    }
-
-    QVector<int> m_codes;
-    std::function<void()> m_then;
-};
-
-QUndoStack & Undo() { return *GuiBase::Instance().UndoStack(); }
 
 } // namespace
 

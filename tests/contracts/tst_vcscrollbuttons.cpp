@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vcscrollbuttons.h"
 
-#include "guibase.h"
-#include "tree.h"
+#include "boundvalue.h"
 
 #include "testmain.h"
 
@@ -11,7 +10,6 @@
 
 #include <cfloat>
 #include <climits>
-#include <functional>
 #include <type_traits>
 
 namespace {
@@ -32,14 +30,6 @@ ValueNumeric<T> * InsertNumber(T min, T max, T step, T value)
     return number;
 }
 
-class Watcher : public IObserver
-{
-public:
-    void Update(Observable *, TChangeCode) override { m_then(); }
-
-    std::function<void()> m_then;
-};
-
 struct Stage
 {
     explicit Stage(Qt::Orientation orientation = Qt::Horizontal) : buttons(nullptr, "scroll", orientation)
@@ -54,8 +44,6 @@ struct Stage
     QToolButton * down;
     QToolButton * up;
 };
-
-QUndoStack & Undo() { return *GuiBase::Instance().UndoStack(); }
 
 } // namespace
 

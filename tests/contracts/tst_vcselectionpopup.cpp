@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vcselectionpopup.h"
 
-#include "guibase.h"
-#include "tree.h"
+#include "boundvalue.h"
 #include "valuenumeric.h"
 
 #include "testmain.h"
@@ -11,7 +10,6 @@
 #include <QSignalSpy>
 #include <QUndoStack>
 
-#include <functional>
 #include <type_traits>
 
 namespace {
@@ -24,13 +22,11 @@ QString const Path = QStringLiteral("/popup/zone");
 
 ValueSelection * InsertSelection()
 {
-    auto * const selection = new ValueSelection(QStringLiteral("zone"));
-    selection->AddItems({ SelectionItem(QStringLiteral("UTC"), 0.0, 0),
-                          SelectionItem(QStringLiteral("R & L"), 3600.0, 4),
-                          SelectionItem(QStringLiteral("UTC+2"), 7200.0, 8) });
-    selection->Select(4L, nullptr);
-    Tree::Instance()->Insert(QStringLiteral("/popup"), selection);
-    return selection;
+    return PlantSelection(QStringLiteral("/popup"), QStringLiteral("zone"),
+                          { SelectionItem(QStringLiteral("UTC"), 0.0, 0),
+                            SelectionItem(QStringLiteral("R & L"), 3600.0, 4),
+                            SelectionItem(QStringLiteral("UTC+2"), 7200.0, 8) },
+                          4L);
 }
 
 QStringList Texts(QMenu const & menu)
@@ -40,22 +36,6 @@ QStringList Texts(QMenu const & menu)
         texts.append((action->isChecked() ? QStringLiteral("*") : QString()) + action->text());
     return texts;
 }
-
-class Watcher : public IObserver
-{
-public:
-    void Update(Observable *, TChangeCode) override
-    {
-        ++m_calls;
-        if (m_then)
-            m_then();
-    }
-
-    int m_calls = 0;
-    std::function<void()> m_then;
-};
-
-QUndoStack & Undo() { return *GuiBase::Instance().UndoStack(); }
 
 } // namespace
 
