@@ -117,6 +117,7 @@ private Q_SLOTS:
     void clientSetsStateBeforeShow();
     void deadClient();
     void copiedClient();
+    void assignedClient();
     void clientEndsItself();
     void clientEndsTheNext();
     void clientRegistersAnother();
@@ -581,6 +582,20 @@ void tst_ResortPopupMenu::copiedClient()
     Show(menu);
     QCOMPARE(client.m_calls, 1);
     QCOMPARE(copy.m_calls, 0);
+}
+
+void tst_ResortPopupMenu::assignedClient()
+{
+    Client first;
+    Client second;
+    ResortPopupMenu menu;
+    menu.insertItem(QStringLiteral("item"));
+    menu.NotifyBeforeShow(&first);
+    menu.NotifyBeforeShow(&second);
+    first = second;
+    Show(menu);
+    QCOMPARE(first.m_calls, 1);
+    QCOMPARE(second.m_calls, 1);
 }
 
 void tst_ResortPopupMenu::clientEndsItself()
