@@ -37,6 +37,7 @@ private Q_SLOTS:
     void currentMovesWhatShowsMoving();
     void currentWithoutList();
     void listEndsFirst();
+    void valueChangesWhileTheListEnds();
 };
 
 void tst_marker_state::isDrawn_data()
@@ -392,6 +393,35 @@ void tst_marker_state::listEndsFirst()
     QVERIFY(!marker.Move2NextPixel(true));
     QCOMPARE(marker.GetTimerID(), -1);
     QCOMPARE(marker.GetStringValue(nullptr), QStringLiteral(" 4.000"));
+}
+
+void tst_marker_state::valueChangesWhileTheListEnds()
+{
+    class Child : public QWidget
+    {
+    public:
+        Child(QWidget & parent, TreeNumber & number) : QWidget(&parent), m_number(number) {}
+
+        ~Child() override { m_number->SetValue(7.0, nullptr); }
+
+    private:
+        TreeNumber & m_number;
+    };
+
+    TreeNumber number("number", 3.0);
+    Marker stranger; // in no list, but with a parent
+    {
+        TestMarkerList list;
+        new Child(list, number);
+        list.show();
+        stranger.SetParent(&list);
+        stranger.Set_ValuePath(number.Path());
+        list.AddMarker(4)->Set_ValuePath(number.Path());
+        QCOMPARE(stranger.GetValue(), 3.0);
+    }
+    QCOMPARE(number->GetValue(), 7.0);
+    QCOMPARE(stranger.GetValue(), 3.0);
+    QCOMPARE(number->GetObserverCount(), 1);
 }
 
 ORIM_TEST_MAIN(tst_marker_state)
