@@ -37,6 +37,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   add_compile_options(-Wno-unused-command-line-argument)
 endif()
 
+# many test programs are linked: by the fastest linker there is
+find_program(ORIM_LLD ld.lld)
+if(ORIM_LLD AND ORIM_BUILD_TESTS)
+  add_link_options(-fuse-ld=lld)
+endif()
+
 if(ORIM_SANITIZE)
   add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize=vptr
                       -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)

@@ -18,7 +18,7 @@ orim_packages() {
 
 orim_console_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
   qt6-l10n-tools libliquid-dev fonts-dejavu-core)
-orim_test_packages=("${orim_console_packages[@]}" git qtbase5-dev qttools5-dev qttools5-dev-tools clang llvm
+orim_test_packages=("${orim_console_packages[@]}" git qtbase5-dev qttools5-dev qttools5-dev-tools clang lld llvm
   libclang-rt-14-dev clang-tidy clang-format valgrind strace util-linux)
 orim_bench_packages=("${orim_console_packages[@]}" libbenchmark-dev qtbase5-dev qttools5-dev qttools5-dev-tools
   libqwt-qt5-dev libqcustomplot-dev)
