@@ -2,25 +2,15 @@
 #include "guicentral.h"
 
 #include "colorset.h"
-#include "errorhandler.h"
-#include "guardedbuild.h"
 #include "guibase.h"
 #include "guicentralaccess.h"
-#include "hotkeysctrl.h"
-#include "krexception.h"
-#include "memorycfg.h"
 #include "testmain.h"
 #include "translationcenter.h"
 #include "tree.h"
 #include "valueselection.h"
 
-#include <QAction>
-#include <QDialog>
 #include <QMetaMethod>
-#include <QPen>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -34,34 +24,10 @@ using Central = GuiCentral;
 static_assert(!std::is_default_constructible_v<Central>);
 static_assert(std::has_virtual_destructor_v<Central>);
 static_assert(std::is_same_v<decltype(&Central::Instance), Central & (*)()>);
-static_assert(std::is_same_v<decltype(&Central::GetApplication), QApplication * (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetMainWidget), QWidget * (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::RestoreWidgetSize), bool (Central::*)()>);
-static_assert(std::is_same_v<decltype(&Central::SetDefaultDataDirectory), bool (Central::*)(QString const &)>);
-static_assert(std::is_same_v<decltype(&Central::GetDefaultDataDirectory), QString const & (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetSignalType), QString (Central::*)(char)>);
-static_assert(std::is_same_v<decltype(&Central::GetShowFrequencyInHz), int (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetFrequencyUnit), ValueSelection * (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetFrequencyResolution), SuffixedDouble::ESuffix (Central::*)()>);
-static_assert(std::is_same_v<decltype(&Central::GetFontFamily), QString const & (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetWFontFamily), QString const & (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetDisplayMode), int (Central::*)() const>);
-static_assert(std::is_same_v<decltype(&Central::GetPositionFormat), ValueSelection * (Central::*)() const>);
-static_assert(
-    std::is_same_v<decltype(&Central::GetIndex4HotKey), int (Central::*)(Qt::Key, Qt::KeyboardModifier) const>);
-static_assert(std::is_same_v<decltype(&Central::GetHotkeysCtrl), QWidget * (Central::*)(QWidget *)>);
 static_assert(std::is_same_v<decltype(&Central::GetGuiName), QString (Central::*)()>);
 static_assert(std::is_same_v<decltype(&Central::GetDrawHiddenPanes), bool (Central::*)() const>);
 static_assert(std::is_same_v<decltype(&Central::GetValuePath4ID), ValueBase * (Central::*)(VC::ID)>);
 static_assert(QEvent::Close == 19);
-
-constexpr auto QStringAddHotKey =
-    static_cast<int (Central::*)(Qt::Key, unsigned int, QObject *, QString, QString, bool, bool)>(&Central::AddHotKey);
-constexpr auto WideAddHotKey =
-    static_cast<int (Central::*)(Qt::Key, unsigned int, QObject *, wchar_t const *, wchar_t const *, bool, bool)>(
-        &Central::AddHotKey);
-constexpr auto RemoveByKey = static_cast<int (Central::*)(Qt::Key, Qt::KeyboardModifier)>(&Central::RemoveHotKey);
-constexpr auto RemoveByIndex = static_cast<void (Central::*)(int, bool)>(&Central::RemoveHotKey);
 
 GuiBase & Gui() { return GuiBase::Instance(); }
 
@@ -108,35 +74,6 @@ QStringList Keys()
              QStringLiteral("GuiCentral/UserColor2") };
 }
 
-QStringList s_lines; // "type: text" of what is logged
-
-//! Catches what is logged while it lives.
-class Net
-{
-public:
-    Net() : m_before(qInstallMessageHandler(Note)) { s_lines.clear(); }
-
-    Net(Net const &) = delete;
-    Net & operator=(Net const &) = delete;
-
-    ~Net() { qInstallMessageHandler(m_before); }
-
-private:
-    static void Note(QtMsgType type, QMessageLogContext const &, QString const & text)
-    {
-        s_lines << QString::number(type) + QLatin1String(": ") + text;
-    }
-
-    QtMessageHandler m_before;
-};
-
-//! An exception without a text.
-class Mute : public std::exception
-{
-public:
-    char const * what() const noexcept override { return nullptr; }
-};
-
 template <class T>
 T * Insert(char const * name)
 {
@@ -171,16 +108,6 @@ private Q_SLOTS:
     void applicationRaisesSignals();
     void frequencyToJob_data();
     void frequencyToJob();
-
-    void handsOn_data();
-    void handsOn();
-    void addedHotKeyModifiers_data();
-    void addedHotKeyModifiers();
-    void hotKeysDialog();
-    void dataDirectoryIsThatOfGuiBase();
-    void relaysHotKeys();
-    void relaysEscape();
-    void noHotKeyOfItsOwn();
 
     void startingState();
     void ownState();
@@ -227,11 +154,6 @@ private Q_SLOTS:
     void colorsAfterTermination();
     void destructorTerminates();
 
-    void guardedBuild_data();
-    void guardedBuild();
-    void guardedBuildSucceeds();
-    void guardedBuildPassesOthersUp();
-
 private:
     ListeningCfg m_store;
     ICfg * m_pStoreBefore = nullptr;
@@ -253,11 +175,7 @@ void tst_GuiCentral::init()
 
 void tst_GuiCentral::cleanup()
 {
-    Gui().RemoveHotKeyReceiver(this);
     Gui().SetApplication(nullptr);
-    Gui().SetMainWidget(nullptr);
-    Gui().SetFontFamily(QString());
-    Gui().SetWFontFamily(QString());
     Tree::Instance()->RemoveFolder(QStringLiteral("/central"));
     Persistant::SetStore(m_pStoreBefore);
 }
@@ -379,274 +297,6 @@ void tst_GuiCentral::frequencyToJob()
     central.emit_toJob(frequency);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0).at(0).toDouble(), frequency);
-}
-
-namespace {
-
-//! What is handed on to GuiBase: each row tells whether the call arrived, or the answer came back.
-struct HandedOn
-{
-    char const * name;
-    bool (*check)(GuiCentral & central, QObject * receiver);
-};
-
-int Add(GuiCentral & central, QObject * receiver, int key, char const * name)
-{
-    return central.AddHotKey(static_cast<Qt::Key>(key), 0u, receiver, QString::fromLatin1(name),
-                             QStringLiteral("Group"), true, false);
-}
-
-HotKey const * Get(int index) { return Gui().GetHotKeys().Get(index); }
-
-HandedOn const HandedOnRows[] = {
-    { "SetApplication",
-      [](GuiCentral & central, QObject *) {
-          Gui().SetApplication(nullptr);
-          central.SetApplication(qApp);
-          bool const set = Gui().GetApplication() == qApp;
-          central.SetApplication(nullptr);
-          return set && !Gui().GetApplication();
-      } },
-    { "GetApplication",
-      [](GuiCentral & central, QObject *) {
-          bool const set = central.GetApplication() == qApp;
-          Gui().SetApplication(nullptr);
-          return set && !central.GetApplication();
-      } },
-    { "SetMainWidget, GetMainWidget",
-      [](GuiCentral & central, QObject *) {
-          QWidget widget;
-          central.SetMainWidget(&widget);
-          return Gui().GetMainWidget() == &widget && central.GetMainWidget() == &widget;
-      } },
-    { "RestoreWidgetSize without a main window",
-      [](GuiCentral & central, QObject *) { return !central.RestoreWidgetSize(); } },
-    { "StoreWidgetSize, RestoreWidgetSize",
-      [](GuiCentral & central, QObject *) {
-          QWidget widget;
-          Gui().SetMainWidget(&widget);
-          widget.setGeometry(40, 50, 300, 200);
-          central.StoreWidgetSize();
-          widget.setGeometry(10, 10, 100, 100);
-          return central.RestoreWidgetSize() && widget.geometry() == QRect(40, 50, 300, 200);
-      } },
-    { "SetDefaultDataDirectory",
-      [](GuiCentral & central, QObject *) {
-          QTemporaryDir const folder;
-          bool const isTaken = central.SetDefaultDataDirectory(folder.path());
-          return isTaken && Gui().m_defaultDataDirectory == folder.path() &&
-                 !central.SetDefaultDataDirectory(QString());
-      } },
-    { "GetSignalType",
-      [](GuiCentral & central, QObject *) {
-          return !central.GetSignalType('F').isEmpty() && central.GetSignalType('F') == Gui().GetSignalType('F') &&
-                 central.GetSignalType('\x01').isEmpty();
-      } },
-    { "SetShowFrequencyInHz, GetShowFrequencyInHz",
-      [](GuiCentral & central, QObject *) {
-          central.SetShowFrequencyInHz(true);
-          bool const on = Gui().GetShowFrequencyInHz() == 1 && central.GetShowFrequencyInHz() == 1;
-          central.SetShowFrequencyInHz(false);
-          return on && Gui().GetShowFrequencyInHz() == 0 && central.GetShowFrequencyInHz() == 0;
-      } },
-    { "GetFrequencyUnit",
-      [](GuiCentral & central, QObject *) {
-          return central.GetFrequencyUnit() && central.GetFrequencyUnit() == Gui().GetFrequencyUnit();
-      } },
-    { "SetFrequencyUnit",
-      [](GuiCentral & central, QObject *) {
-          central.SetFrequencyUnit(SuffixedDouble::eSuffixKilo);
-          return Gui().GetFrequencyUnit()->GetCurrentKey() == SuffixedDouble::eSuffixKilo;
-      } },
-    { "SetFrequencyResolution, GetFrequencyResolution",
-      [](GuiCentral & central, QObject *) {
-          central.SetFrequencyResolution(SuffixedDouble::eSuffixKilo);
-          bool const set = Gui().GetFrequencyResolution() == SuffixedDouble::eSuffixKilo;
-          Gui().SetFrequencyResolution(SuffixedDouble::eSuffixNone);
-          return set && central.GetFrequencyResolution() == SuffixedDouble::eSuffixNone;
-      } },
-    { "SetFontFamily, GetFontFamily",
-      [](GuiCentral & central, QObject *) {
-          central.SetFontFamily(QStringLiteral("Plain"));
-          return Gui().GetFontFamily() == QLatin1String("Plain") && &central.GetFontFamily() == &Gui().GetFontFamily();
-      } },
-    { "SetWFontFamily, GetWFontFamily",
-      [](GuiCentral & central, QObject *) {
-          central.SetWFontFamily(QStringLiteral("Wide"));
-          return Gui().GetWFontFamily() == QLatin1String("Wide") &&
-                 &central.GetWFontFamily() == &Gui().GetWFontFamily();
-      } },
-    { "SetDisplayMode, GetDisplayMode",
-      [](GuiCentral & central, QObject *) {
-          central.SetDisplayMode(3);
-          bool const set = Gui().GetDisplayMode() == 3 && central.GetDisplayMode() == 3;
-          central.SetDisplayMode(0);
-          return set;
-      } },
-    { "GetPositionFormat",
-      [](GuiCentral & central, QObject *) {
-          return central.GetPositionFormat() && central.GetPositionFormat() == Gui().GetPositionFormat();
-      } },
-    { "AddHotKey",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index = (central.*QStringAddHotKey)(Qt::Key_F5, 0u, receiver, QStringLiteral("a"),
-                                                        QStringLiteral("g"), true, false);
-          HotKey const * const hotKey = Get(index);
-          return hotKey && hotKey->receiver == receiver && hotKey->name == QLatin1String("a") &&
-                 hotKey->group == QLatin1String("g") && hotKey->changeable && !hotKey->throughModal;
-      } },
-    { "AddHotKey with wide texts",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index = (central.*WideAddHotKey)(Qt::Key_F5, 0u, receiver, L"a", L"g", false, true);
-          HotKey const * const hotKey = Get(index);
-          return hotKey && hotKey->receiver == receiver && hotKey->name == QLatin1String("a") &&
-                 hotKey->group == QLatin1String("g") && !hotKey->changeable && hotKey->throughModal;
-      } },
-    { "AddHotKey of a key that is none",
-      [](GuiCentral & central, QObject * receiver) { return Add(central, receiver, Qt::Key_unknown, "a") == -1; } },
-    { "ShowHotKeyFrom",
-      [](GuiCentral & central, QObject * receiver) {
-          Add(central, receiver, Qt::Key_F5, "a");
-          QAction action(QStringLiteral("text"), nullptr);
-          central.ShowHotKeyFrom(&action, QStringLiteral("a"));
-          return action.text() == QLatin1String("text\tF5");
-      } },
-    { "EnableHotKey",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index = Add(central, receiver, Qt::Key_F5, "a");
-          central.EnableHotKey(index, false);
-          bool const off = !Get(index)->enabled;
-          central.EnableHotKey(index, true);
-          return off && Get(index)->enabled;
-      } },
-    { "RemoveHotKey by index",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index = Add(central, receiver, Qt::Key_F5, "a");
-          Gui().ChangeHotKey(index, HotKeyCombination::From(Qt::Key_F9, 0));
-          (central.*RemoveByIndex)(index, false);
-          bool const isKept =
-              !Get(index) && Get(Add(central, receiver, Qt::Key_F5, "a"))->combination.key == Qt::Key_F9;
-          (central.*RemoveByIndex)(Gui().GetIndex4HotKey(Qt::Key_F9, 0), true);
-          return isKept && Get(Add(central, receiver, Qt::Key_F5, "a"))->combination.key == Qt::Key_F5;
-      } },
-    { "RemoveHotKey by key",
-      [](GuiCentral & central, QObject * receiver) {
-          int const plain = Add(central, receiver, Qt::Key_F5, "a");
-          int const shifted =
-              Gui().AddHotKey(Qt::Key_F5, Qt::ShiftModifier, receiver, QStringLiteral("b"), QString(), true, false);
-          return (central.*RemoveByKey)(Qt::Key_F5, Qt::ShiftModifier) == shifted && !Get(shifted) && Get(plain) &&
-                 (central.*RemoveByKey)(Qt::Key_F5, Qt::ShiftModifier) == -1;
-      } },
-    { "RemoveHotKeyReceiver",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index = Add(central, receiver, Qt::Key_F5, "a");
-          central.RemoveHotKeyReceiver(receiver);
-          return !Get(index);
-      } },
-    { "GetIndex4HotKey",
-      [](GuiCentral & central, QObject * receiver) {
-          int const index =
-              Gui().AddHotKey(Qt::Key_F5, Qt::AltModifier, receiver, QStringLiteral("a"), QString(), true, false);
-          return central.GetIndex4HotKey(Qt::Key_F5, Qt::AltModifier) == index &&
-                 central.GetIndex4HotKey(Qt::Key_F5, Qt::NoModifier) == -1;
-      } },
-    { "GetHotkeysCtrl",
-      [](GuiCentral & central, QObject *) {
-          QWidget parent;
-          QWidget * const ctrl = central.GetHotkeysCtrl(&parent);
-          return qobject_cast<HotkeysCtrl *>(ctrl) && ctrl->parentWidget() == &parent;
-      } },
-};
-
-} // namespace
-
-void tst_GuiCentral::handsOn_data()
-{
-    QTest::addColumn<int>("row");
-    int i = 0;
-    for (HandedOn const & row : HandedOnRows)
-        QTest::newRow(row.name) << i++;
-}
-
-void tst_GuiCentral::handsOn()
-{
-    QFETCH(int, row);
-    GuiCentralAccess central;
-    QVERIFY(HandedOnRows[row].check(central, this));
-}
-
-void tst_GuiCentral::addedHotKeyModifiers_data()
-{
-    QTest::addColumn<unsigned int>("modifiers");
-    QTest::addColumn<int>("heard");
-    QTest::newRow("none") << 0u << 0;
-    QTest::newRow("Control") << 0x04000000u << 0x04000000;
-    QTest::newRow("beyond an int") << 0x86000000u << 0x06000000;
-}
-
-void tst_GuiCentral::addedHotKeyModifiers()
-{
-    QFETCH(unsigned int, modifiers);
-    QFETCH(int, heard);
-    GuiCentralAccess central;
-    int const index = central.AddHotKey(Qt::Key_F5, modifiers, this, QStringLiteral("a"), QString(), true, false);
-    QCOMPARE(Get(index)->combination.modifiers, heard);
-}
-
-void tst_GuiCentral::hotKeysDialog()
-{
-    GuiCentralAccess central;
-    QWidget parent;
-    bool seen = false;
-    QTimer::singleShot(0, this, [&] {
-        auto * const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        seen = dialog && dialog->parentWidget() == &parent && dialog->findChild<HotkeysCtrl *>();
-        if (dialog)
-            dialog->reject();
-    });
-    central.ExecHotKeysDialog(&parent);
-    QVERIFY(seen);
-}
-
-void tst_GuiCentral::dataDirectoryIsThatOfGuiBase()
-{
-    GuiCentralAccess central;
-    QTemporaryDir const folder;
-    QString const & held = central.GetDefaultDataDirectory();
-    QVERIFY(Gui().SetDefaultDataDirectory(folder.path()));
-    QCOMPARE(held, folder.path());
-    QCOMPARE(&held, &Gui().m_defaultDataDirectory);
-}
-
-void tst_GuiCentral::relaysHotKeys()
-{
-    GuiCentralAccess central;
-    int const index = Add(central, this, Qt::Key_F5, "a");
-    QSignalSpy const heard(&central, SIGNAL(signalHotKey(int)));
-    QSignalSpy const escape(&central, SIGNAL(hotkey_ESC_pressed()));
-    QWidget widget;
-    QTest::keyClick(&widget, Qt::Key_F5);
-    QCOMPARE(heard.count(), 1);
-    QCOMPARE(heard.at(0).at(0).toInt(), index);
-    QCOMPARE(escape.count(), 0);
-}
-
-void tst_GuiCentral::relaysEscape()
-{
-    GuiCentralAccess central;
-    QSignalSpy const heard(&central, SIGNAL(signalHotKey(int)));
-    QSignalSpy const escape(&central, SIGNAL(hotkey_ESC_pressed()));
-    QWidget widget;
-    QTest::keyClick(&widget, Qt::Key_Escape);
-    QCOMPARE(escape.count(), 1);
-    QCOMPARE(heard.count(), 0);
-}
-
-void tst_GuiCentral::noHotKeyOfItsOwn()
-{
-    auto const before = Gui().GetHotKeys().GetIndices();
-    GuiCentralAccess const central;
-    QCOMPARE(Gui().GetHotKeys().GetIndices(), before);
 }
 
 void tst_GuiCentral::startingState()
@@ -1190,94 +840,6 @@ void tst_GuiCentral::destructorTerminates()
     }
     QCOMPARE(m_store.m_writes, Keys());
     QCOMPARE(source->GetObserverCount(), 0);
-}
-
-namespace {
-
-QString const Where = QStringLiteral("controls/orimwidgets/guicentral");
-
-void ThrowOurs() { throw KRException(std::string("lost"), "Editor", "editor.cpp", "Build", 7, 9); }
-
-void ThrowStandard() { throw std::runtime_error("no memory"); }
-
-void ThrowMute() { throw Mute(); }
-
-} // namespace
-
-void tst_GuiCentral::guardedBuild_data()
-{
-    // the numbers before the texts are QtInfoMsg 4, QtWarningMsg 1, QtCriticalMsg 2
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<unsigned int>("mask");
-    QTest::addColumn<QStringList>("lines");
-    QString const ours = QStringLiteral("lost [Editor::Build, editor.cpp:7, code 9]");
-    QString const standard =
-        QStringLiteral("no memory [class::method, ") + Where + QStringLiteral(":357, code 4294967295]");
-    QString const mute =
-        QStringLiteral("Unknown exception [class::method, ") + Where + QStringLiteral(":357, code 4294967295]");
-    QString const oursTrace =
-        QStringLiteral("4: ") + Where + QStringLiteral("(357): KRException caught in standard catch-block");
-    QString const standardTrace =
-        QStringLiteral("4: ") + Where + QStringLiteral("(357): Standard C++ Exception caught in standard catch-block");
-    QString const plain = QStringLiteral(" (0, -1, 1, 0, 0)");
-    QString const marked = QStringLiteral(" (0, -1, 1, 256, 0)");
-    QTest::newRow("ours") << "ours" << 0u << QStringList{ "1: " + ours, "2: " + ours + plain };
-    QTest::newRow("ours, traced") << "ours" << 0x20u << QStringList{ oursTrace, "1: " + ours, "2: " + ours + plain };
-    QTest::newRow("ours, other traces") << "ours" << 0xFFFFFFDFu << QStringList{ "1: " + ours, "2: " + ours + plain };
-    QTest::newRow("standard") << "standard" << 0u << QStringList{ "1: " + standard, "2: " + standard + marked };
-    QTest::newRow("standard, traced") << "standard" << 0x20u
-                                      << QStringList{ standardTrace, "1: " + standard, "2: " + standard + marked };
-    QTest::newRow("without a text") << "mute" << 0u << QStringList{ "1: " + mute, "2: " + mute + marked };
-    QTest::newRow("without a text, traced")
-        << "mute" << 0xFFu << QStringList{ standardTrace, "1: " + mute, "2: " + mute + marked };
-}
-
-void tst_GuiCentral::guardedBuild()
-{
-    QFETCH(QString, kind);
-    QFETCH(unsigned int, mask);
-    QFETCH(QStringList, lines);
-    int built = 42;
-    auto const build = [&] {
-        if (kind == QLatin1String("ours"))
-            ThrowOurs();
-        else if (kind == QLatin1String("standard"))
-            ThrowStandard();
-        else
-            ThrowMute();
-        built = 0;
-    };
-    ErrorHandler::Instance().SetTraceMask(mask);
-    bool isBuilt = true;
-    {
-        Net const net;
-        isBuilt = BuildGuarded(build);
-    }
-    ErrorHandler::Instance().SetTraceMask(0);
-    QVERIFY(!isBuilt);
-    QCOMPARE(built, 42); // what was there stays
-    QCOMPARE(s_lines, lines);
-    QVERIFY(QApplication::topLevelWidgets().isEmpty());
-}
-
-void tst_GuiCentral::guardedBuildSucceeds()
-{
-    int built = 42;
-    Net const net;
-    QVERIFY(BuildGuarded([&] { built = 7; }));
-    QCOMPARE(built, 7);
-    QCOMPARE(s_lines, QStringList());
-}
-
-void tst_GuiCentral::guardedBuildPassesOthersUp()
-{
-    bool caught = false;
-    try {
-        BuildGuarded([] { throw 5; });
-    } catch (int number) {
-        caught = number == 5;
-    }
-    QVERIFY(caught);
 }
 
 ORIM_TEST_MAIN(tst_GuiCentral)
