@@ -59,7 +59,13 @@ std::vector<QRgb> Pixels(std::vector<double> const & levels)
     return pixels;
 }
 
-QImage Screen() { return { Columns, Rows, QImage::Format_RGB32 }; }
+//! A picture whose memory is really there: reading pages never written costs next to nothing.
+QImage Screen()
+{
+    QImage screen(Columns, Rows, QImage::Format_RGB32);
+    screen.fill(Qt::darkGray);
+    return screen;
+}
 
 WaterfallImage Full(std::vector<double> const & levels, std::vector<QRgb> const & pixels)
 {
@@ -218,8 +224,8 @@ void RowAppended_limit(benchmark::State & state)
 {
     std::vector<double> const levels = Levels(Columns);
     std::vector<QRgb> const pixels = Pixels(levels);
-    std::vector<double> levelRing(static_cast<std::size_t>(Columns) * Rows);
-    std::vector<QRgb> pixelRing(levelRing.size());
+    std::vector<double> levelRing(static_cast<std::size_t>(Columns) * Rows, Min);
+    std::vector<QRgb> pixelRing(levelRing.size(), 0xff000000U);
     std::size_t row = 0;
     for (auto _ : state) {
         row = (row + Rows - 1) % Rows;
