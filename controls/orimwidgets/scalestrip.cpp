@@ -219,6 +219,17 @@ std::vector<int> const & ScaleStrip::GetMinorPixels()
     return m_layout.GetMinorTics();
 }
 
+std::vector<QRect> ScaleStrip::GetLabelRects()
+{
+    LayOut();
+    std::vector<QRect> rects;
+    for (ScaleLayout::Label const & label : m_layout.GetLabels())
+        rects.push_back(LabelRect(m_texts[static_cast<std::size_t>(label.tic)], label.start));
+    if (m_layout.GetUnitStart() >= 0)
+        rects.push_back(LabelRect(m_unitLabel, m_layout.GetUnitStart()));
+    return rects;
+}
+
 int ScaleStrip::GetNeededThickness()
 {
     LayOut();
@@ -356,11 +367,14 @@ void ScaleStrip::CollectLabels()
 
 ScaleStrip::DrawnLabel ScaleStrip::PlacedLabel(Text const & text, int start) const
 {
-    int const along = m_drawn.base + start;
+    return { text.text, LabelRect(text, m_drawn.base + start), text.isWord };
+}
+
+QRect ScaleStrip::LabelRect(Text const & text, int along) const
+{
     int const height = m_atlas.GetHeight();
-    QRect const rect = IsVertical() ? PictureRect(along, height, LabelDepth(), text.width)
-                                    : PictureRect(along, text.width, LabelDepth(), height);
-    return { text.text, rect, text.isWord };
+    return IsVertical() ? PictureRect(along, height, LabelDepth(), text.width)
+                        : PictureRect(along, text.width, LabelDepth(), height);
 }
 
 void ScaleStrip::RenewLabels(std::vector<DrawnLabel> const & before)

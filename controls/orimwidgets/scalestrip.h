@@ -87,6 +87,9 @@ public:
 
     int GetTicWidth() const { return m_ticWidth; } // device px
 
+    //! Places of the labels and, last, of the unit, device pixels in the view.
+    std::vector<QRect> GetLabelRects();
+
     //! Extent across the scale that holds line, tics and all labels as they are.
     int GetNeededThickness();
 
@@ -151,6 +154,7 @@ private:
     void RenewLabels(std::vector<DrawnLabel> const & before);
     void CollectLabels();
     DrawnLabel PlacedLabel(Text const & text, int start) const;
+    QRect LabelRect(Text const & text, int along) const;
     QRect PictureRect(int along, int length, int depth, int thickness) const;
     void FillTics(std::vector<int> const & pixels, int base, int length, QRgb ink);
     void DrawLabel(DrawnLabel const & label);
