@@ -42,6 +42,7 @@ struct ConsoleOptions
     quint64 seed = 1;
     double speed = 1.0;
     bool verbose = false;
+    bool markers = false; //!< all markers are shown from the start
 
     QString screenshot;         //!< picture to write; empty for none
     double after = 2.0;         //!< s until it is written

@@ -77,6 +77,11 @@ void ConsoleRun::ApplyOptions()
     if (m_options.colors)
         ColorSet::Instance().Load(static_cast<int>(*m_options.colors));
     ConsoleValues::Set(ConsolePaths::Speed, m_options.speed);
+    for (char const * const shown :
+         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown }) {
+        if (m_options.markers)
+            ConsoleValues::SetFlag(shown, true);
+    }
     if (m_options.rate)
         ConsoleValues::Set(ConsolePaths::LineRate, *m_options.rate);
     if (m_options.bins)

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "consolevalues.h"
 
-#include "levelcolors.h"
+#include "levelgradients.h"
 #include "spectrumengine.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -24,14 +25,19 @@ struct NumberRow
     double start;
 };
 
-constexpr std::array<NumberRow, 7> NumberRows{ {
+constexpr std::array<NumberRow, 12> NumberRows{ {
     { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
     { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
+    { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
     { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },
     { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
     { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },
     { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
     { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },
+    { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
 } };
 
 constexpr double LowestLevel = -160.0; // dBFS
@@ -59,6 +65,12 @@ ValueSelection * Selection(char const * path)
     return tree ? tree->FindAs<ValueSelection>(QLatin1String(path)) : nullptr;
 }
 
+Value<bool> * Flag(char const * path)
+{
+    Tree const * const tree = Tree::Instance();
+    return tree ? tree->FindAs<Value<bool>>(QLatin1String(path)) : nullptr;
+}
+
 //! Puts a value into the tree; gives its path, empty when the tree did not take it.
 QString Insert(char const * path, std::unique_ptr<ValueBase> value)
 {
@@ -74,7 +86,13 @@ QString Insert(char const * path, std::unique_ptr<ValueBase> value)
 ConsoleValues::ConsoleValues()
     : m_levelMin([this] { LimitLevels(); })
     , m_levelMax([this] { LimitLevels(); })
-    , m_span([this] { LimitCentre(); })
+    , m_centre([this] { TellEnds(); })
+    , m_span([this] {
+        LimitCentre();
+        TellEnds();
+    })
+    , m_start([this] { TakeEnds(true); })
+    , m_stop([this] { TakeEnds(false); })
 {
     for (NumberRow const & row : NumberRows) {
         auto value = std::make_unique<ValueNumeric<double>>(Split(row.path).second);
@@ -83,9 +101,13 @@ ConsoleValues::ConsoleValues()
         m_paths.push_back(Insert(row.path, std::move(value)));
     }
     InsertSelections();
+    InsertFlags();
     m_levelMin.Bind(QLatin1String(ConsolePaths::LevelMin));
     m_levelMax.Bind(QLatin1String(ConsolePaths::LevelMax));
     m_span.Bind(QLatin1String(ConsolePaths::Span));
+    m_centre.Bind(QLatin1String(ConsolePaths::Centre));
+    m_start.Bind(QLatin1String(ConsolePaths::Start));
+    m_stop.Bind(QLatin1String(ConsolePaths::Stop));
 }
 
 ConsoleValues::~ConsoleValues()
@@ -114,12 +136,19 @@ void ConsoleValues::InsertSelections()
     m_paths.push_back(Insert(ConsolePaths::Window, std::move(window)));
 
     auto gradient = std::make_unique<ValueSelection>(Split(ConsolePaths::Gradient).second);
-    for (int index = 0; index < LevelColors::GradientCount(); ++index) {
-        QString const name = QCoreApplication::translate("LevelColors", LevelColors::GradientAt(index).name);
+    for (int index = 0; index < LevelGradients::Count(); ++index) {
+        QString const name = QCoreApplication::translate("LevelGradients", LevelGradients::At(index).name);
         gradient->AddItem(SelectionItem(name, index, index));
     }
     gradient->Select(0L, nullptr);
     m_paths.push_back(Insert(ConsolePaths::Gradient, std::move(gradient)));
+}
+
+void ConsoleValues::InsertFlags()
+{
+    for (char const * const path :
+         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
+        m_paths.push_back(Insert(path, std::make_unique<Value<bool>>(Split(path).second)));
 }
 
 void ConsoleValues::SetBand(FrequencyRange band)
@@ -134,6 +163,8 @@ void ConsoleValues::SetBand(FrequencyRange band)
     if (whole)
         span->SetValue(band.span, nullptr);
     LimitCentre();
+    LimitToBand();
+    TellEnds();
 }
 
 void ConsoleValues::SetLevels(double min, double max)
@@ -158,6 +189,12 @@ void ConsoleValues::Select(char const * path, long key)
         value->Select(key, nullptr);
 }
 
+void ConsoleValues::SetFlag(char const * path, bool on)
+{
+    if (Value<bool> * const value = Flag(path))
+        value->SetValue(on, nullptr);
+}
+
 double ConsoleValues::Get(char const * path)
 {
     ValueNumeric<double> const * const value = Number(path);
@@ -168,6 +205,12 @@ long ConsoleValues::GetKey(char const * path)
 {
     ValueSelection const * const value = Selection(path);
     return value ? value->GetCurrentKey() : 0;
+}
+
+bool ConsoleValues::GetFlag(char const * path)
+{
+    Value<bool> const * const value = Flag(path);
+    return value && value->GetValue();
 }
 
 void ConsoleValues::LimitLevels()
@@ -190,4 +233,50 @@ void ConsoleValues::LimitCentre()
     double const least = m_band.start + half;
     double const most = m_band.start + m_band.span - half;
     centre->SetMinMax(std::min(least, most), std::max(least, most), 0.0, nullptr);
+}
+
+void ConsoleValues::LimitToBand()
+{
+    QScopedValueRollback<bool> const guard(m_coupling, true); // the ends follow when the limits hold
+    for (char const * const path :
+         { ConsolePaths::Start, ConsolePaths::Stop, ConsolePaths::Marker1, ConsolePaths::Marker2 }) {
+        if (ValueNumeric<double> * const value = Number(path))
+            value->SetMinMax(m_band.start, m_band.start + m_band.span, 0.0, nullptr);
+    }
+}
+
+//! Centre and span have moved: the ends follow, in the order that keeps the start below the stop.
+void ConsoleValues::TellEnds()
+{
+    if (m_coupling)
+        return;
+    QScopedValueRollback<bool> const guard(m_coupling, true);
+    double const start = Get(ConsolePaths::Centre) - Get(ConsolePaths::Span) / 2.0;
+    double const stop = Get(ConsolePaths::Centre) + Get(ConsolePaths::Span) / 2.0;
+    bool const upward = start >= Get(ConsolePaths::Stop);
+    if (upward)
+        Set(ConsolePaths::Stop, stop);
+    Set(ConsolePaths::Start, start);
+    if (!upward)
+        Set(ConsolePaths::Stop, stop);
+}
+
+void ConsoleValues::TakeEnds(bool startMoved)
+{
+    ValueNumeric<double> const * const span = Number(ConsolePaths::Span);
+    if (m_coupling || !span)
+        return;
+    QScopedValueRollback<bool> const guard(m_coupling, true);
+    double const least = span->GetMin();
+    double start = Get(ConsolePaths::Start);
+    double stop = Get(ConsolePaths::Stop);
+    if (stop - start < least) {
+        start = std::min(start, m_band.start + m_band.span - least);
+        stop = startMoved ? start + least : std::max(stop, m_band.start + least);
+        start = stop - least;
+        Set(ConsolePaths::Start, start);
+        Set(ConsolePaths::Stop, stop);
+    }
+    Set(ConsolePaths::Span, stop - start);
+    Set(ConsolePaths::Centre, start + (stop - start) / 2.0);
 }

@@ -15,6 +15,8 @@ namespace ConsolePaths {
 
 constexpr char const * Centre = "/console/centre";       // Hz, middle of what the panes show
 constexpr char const * Span = "/console/span";           // Hz, width of what the panes show
+constexpr char const * Start = "/console/start";         // Hz, lower end of what the panes show
+constexpr char const * Stop = "/console/stop";           // Hz, upper end
 constexpr char const * LevelMin = "/console/levelMin";   // dBFS
 constexpr char const * LevelMax = "/console/levelMax";   // dBFS
 constexpr char const * LineRate = "/console/lineRate";   // lines a second
@@ -24,10 +26,19 @@ constexpr char const * Bins = "/console/bins";           // selection, the key i
 constexpr char const * Window = "/console/window";       // selection, the key is a SpectrumEngine::Window
 constexpr char const * Gradient = "/console/gradient";   // selection, the key is the index of a level gradient
 
+constexpr char const * Marker1 = "/console/markers/marker1";           // Hz
+constexpr char const * Marker2 = "/console/markers/marker2";           // Hz
+constexpr char const * LevelMarker = "/console/markers/level";         // dBFS
+constexpr char const * Marker1Shown = "/console/markers/marker1Shown"; // flag, as those below
+constexpr char const * Marker2Shown = "/console/markers/marker2Shown";
+constexpr char const * LevelMarkerShown = "/console/markers/levelShown";
+
 } // namespace ConsolePaths
 
 //! The values of the console: puts them into the tree and takes them out again. Keeps the level range at least
-//! LeastLevelSpan wide and the frequency range within the band of the source.
+//! LeastLevelSpan wide, the frequency range and the frequency markers within the band of the source, and the frequency
+//! range the same told by centre and span and told by its ends. An end that is set too near the other one, or beyond
+//! it, moves that.
 class ConsoleValues
 {
 public:
@@ -52,20 +63,30 @@ public:
     //! Sets a value by its path. Limits win; an unknown path is ignored.
     static void Set(char const * path, double number);
     static void Select(char const * path, long key);
-    //! Number or key of a value; 0 for an unknown path.
+    static void SetFlag(char const * path, bool on);
+    //! Number, key or flag of a value; 0 or false for an unknown path.
     static double Get(char const * path);
     static long GetKey(char const * path);
+    static bool GetFlag(char const * path);
 
 private:
     void InsertSelections();
+    void InsertFlags();
     void LimitLevels();
     void LimitCentre();
+    void LimitToBand();
+    void TellEnds();
+    void TakeEnds(bool startMoved);
 
     FrequencyRange m_band{ 0.0, 1.0 }; // Hz
+    bool m_coupling = false;           // the one form of the frequency range is being told by the other
     std::vector<QString> m_paths;      // what was put into the tree
     ValueFollower m_levelMin;
     ValueFollower m_levelMax;
+    ValueFollower m_centre;
     ValueFollower m_span;
+    ValueFollower m_start;
+    ValueFollower m_stop;
 };
 
 #endif

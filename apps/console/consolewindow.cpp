@@ -2,9 +2,11 @@
 #include "consolewindow.h"
 
 #include "colorset.h"
+#include "consolemarkers.h"
 #include "controlstrip.h"
 #include "guibase.h"
 #include "levelfit.h"
+#include "levelgradients.h"
 #include "lineplayer.h"
 #include "numbertexts.h"
 #include "panecolors.h"
@@ -56,6 +58,7 @@ ConsoleWindow::ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const &
     ConnectPlayer();
     FollowValues();
     BindPanes();
+    m_pMarkers = new ConsoleMarkers(*m_pSpectrum, *m_pWaterfall, this);
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ConsoleWindow::slotColorsChanged);
     slotColorsChanged();
     resize(StartSize);
@@ -93,6 +96,10 @@ void ConsoleWindow::BuildControls()
     m_pControls->AddNumber(QStringLiteral("speed"), tr("Speed"), path(ConsolePaths::Speed),
                            { 1.0, " x", 2, 0.25, nullptr });
     m_pControls->AddSelection(QStringLiteral("gradient"), tr("Waterfall"), path(ConsolePaths::Gradient));
+    m_pControls->AddSwitches(tr("Markers"),
+                             { { QStringLiteral("marker1"), tr("M1"), path(ConsolePaths::Marker1Shown) },
+                               { QStringLiteral("marker2"), tr("M2"), path(ConsolePaths::Marker2Shown) },
+                               { QStringLiteral("levelMarker"), tr("Level"), path(ConsolePaths::LevelMarkerShown) } });
     m_pColorSets = ColorSet::GetColorSetsComboBox(m_pControls);
     m_pColorSets->setObjectName(QStringLiteral("colorSets"));
     connect(m_pColorSets, qOverload<int>(&QComboBox::activated), this,
@@ -128,12 +135,11 @@ void ConsoleWindow::ConnectPlayer()
 void ConsoleWindow::BindPanes()
 {
     for (RangePane * const pane : { static_cast<RangePane *>(m_pSpectrum), static_cast<RangePane *>(m_pWaterfall) }) {
-        pane->SetCentre_ValuePath(QLatin1String(ConsolePaths::Centre));
-        pane->SetSpan_ValuePath(QLatin1String(ConsolePaths::Span));
+        pane->SetStart_ValuePath(QLatin1String(ConsolePaths::Start));
+        pane->SetStop_ValuePath(QLatin1String(ConsolePaths::Stop));
         pane->SetLevelMin_ValuePath(QLatin1String(ConsolePaths::LevelMin));
         pane->SetLevelMax_ValuePath(QLatin1String(ConsolePaths::LevelMax));
     }
-    m_pWaterfall->SetGradient_ValuePath(QLatin1String(ConsolePaths::Gradient));
 }
 
 void ConsoleWindow::FollowValues()
@@ -152,6 +158,8 @@ void ConsoleWindow::FollowValues()
     follow(ConsolePaths::Window, [player] {
         player->SetWindow(static_cast<SpectrumEngine::Window>(ConsoleValues::GetKey(ConsolePaths::Window)));
     });
+    follow(ConsolePaths::Gradient,
+           [] { LevelGradients::Choose(static_cast<int>(ConsoleValues::GetKey(ConsolePaths::Gradient))); });
 }
 
 void ConsoleWindow::FitLevelRange()
@@ -204,6 +212,7 @@ void ConsoleWindow::slotLines()
         FitLevelRange();
     m_pWaterfall->AppendLines(m_batch);
     m_pSpectrum->SetLine(m_batch.back());
+    m_pMarkers->slotLineShown();
     m_stats.AddWork(clock.nsecsElapsed());
 }
 

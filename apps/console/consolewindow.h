@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+class ConsoleMarkers;
 class ControlStrip;
 class LinePlayer;
 class PositionBar;
@@ -91,6 +92,7 @@ private:
     WaterfallPane * m_pWaterfall = nullptr;
     PositionBar * m_pPosition = nullptr;
     StatusLine * m_pStatus = nullptr;
+    ConsoleMarkers * m_pMarkers = nullptr;
 };
 
 #endif

@@ -6,6 +6,7 @@
 #include "valuenumeric.h"
 #include "valueselection.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
@@ -101,6 +102,29 @@ QDoubleSpinBox * ControlStrip::AddNumber(QString const & name, QString const & l
     });
     AddControl(label, box);
     return box;
+}
+
+void ControlStrip::AddSwitches(QString const & label, std::vector<SwitchForm> const & forms)
+{
+    auto * const boxes = new QWidget(this);
+    auto * const layout = new QHBoxLayout(boxes);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing);
+    for (SwitchForm const & form : forms) {
+        auto * const box = new QCheckBox(form.text, boxes);
+        box->setObjectName(form.name);
+        box->setAccessibleName(label + QLatin1Char(' ') + form.text);
+        layout->addWidget(box);
+        std::size_t const place = m_followers.size();
+        m_followers.push_back(std::make_unique<ValueFollower>([this, box, place] {
+            QSignalBlocker const quiet(box);
+            box->setChecked(m_followers[place]->Flag(box->isChecked()));
+        }));
+        ValueFollower * const follower = m_followers.back().get();
+        follower->Bind(form.path);
+        connect(box, &QCheckBox::toggled, this, [follower](bool on) { follower->SetFlag(on); });
+    }
+    AddControl(label, boxes);
 }
 
 void ControlStrip::AddControl(QString const & label, QWidget * control)

@@ -8,6 +8,7 @@
 #include <vector>
 
 class FlowLayout;
+class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
 class ValueFollower;
@@ -36,6 +37,17 @@ public:
     //! Adds a spin box for a number.
     QDoubleSpinBox * AddNumber(QString const & name, QString const & label, QString const & path,
                                NumberForm const & form);
+
+    //! A flag with its text.
+    struct SwitchForm
+    {
+        QString name; // of the box
+        QString text;
+        QString path;
+    };
+
+    //! Adds check boxes for flags, side by side behind one label.
+    void AddSwitches(QString const & label, std::vector<SwitchForm> const & forms);
     //! Adds any control; without a label it stands alone.
     void AddControl(QString const & label, QWidget * control);
 

@@ -5,33 +5,20 @@
 #include "shadingcolorset.h"
 
 #include <QColor>
-#include <QString>
 
 #include <cstddef>
+#include <memory>
 
-//! A colour gradient that the operator can choose for the waterfall.
-struct LevelGradient
-{
-    char const * key;  //!< as on the command line and in the store
-    char const * name; //!< for the operator
-    char const * line; //!< the set, as text
-};
-
-//! Colours of levels: a gradient over the level range. What lies outside takes the colour of the nearer end.
+//! Colours of levels: a set of colours over the level range, its first colour at the top. What lies outside takes the
+//! colour of the nearer end.
 class LevelColors
 {
 public:
-    //! The first gradient over -120 .. 0 dBFS.
+    //! White to black over -120 .. 0 dBFS.
     LevelColors();
 
-    static int GradientCount();
-    //! \param index  0 to GradientCount() - 1; others give the first.
-    static LevelGradient const & GradientAt(int index);
-
-    //! An index that is none is ignored.
-    void SetGradient(int index);
-
-    int GetGradient() const { return m_gradient; }
+    //! Takes the colours of a set, copied. One that is fixed to a range of its own keeps that.
+    void SetColors(ShadingColorSet const & set);
 
     //! dBFS. What is not finite or where \a max is not above \a min is ignored.
     void SetRange(double min, double max);
@@ -48,10 +35,10 @@ public:
 private:
     void Apply();
 
-    ShadingColorSet m_set;
-    int m_gradient = 0;
-    double m_min = -120.0; // dBFS
-    double m_max = 0.0;    // dBFS
+    std::unique_ptr<ShadingColorSet> m_pSet; // assigning a set would keep parts of the old one
+    bool m_ownRange = false;                 // the set was fixed when it came
+    double m_min = -120.0;                   // dBFS
+    double m_max = 0.0;                      // dBFS
     QRgb m_ground = 0xff000000;
 };
 

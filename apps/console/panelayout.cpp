@@ -24,10 +24,11 @@ QSize PaneLayout::ToDevice(QSize size, double ratio)
     return { ToDevice(size.width(), ratio), ToDevice(size.height(), ratio) };
 }
 
-PaneMargins PaneLayout::ToDevice(PaneMargins const & margins, double ratio)
+QRect PaneLayout::ToDevice(QRect const & rect, double ratio)
 {
-    return { ToDevice(margins.left, ratio), ToDevice(margins.top, ratio), ToDevice(margins.right, ratio),
-             ToDevice(margins.bottom, ratio) };
+    QPoint const from(ToDevice(rect.left(), ratio), ToDevice(rect.top(), ratio));
+    QPoint const behind(ToDevice(rect.left() + rect.width(), ratio), ToDevice(rect.top() + rect.height(), ratio));
+    return { from, QSize(behind.x() - from.x(), behind.y() - from.y()) };
 }
 
 QRect PaneLayout::PictureRect(QSize pane, PaneMargins const & margins)

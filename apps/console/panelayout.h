@@ -33,7 +33,8 @@ namespace PaneLayout {
 //! as 1.
 int ToDevice(int length, double ratio);
 QSize ToDevice(QSize size, double ratio);
-PaneMargins ToDevice(PaneMargins const & margins, double ratio);
+//! Each edge for itself, so that what adjoins in logical pixels adjoins in device pixels.
+QRect ToDevice(QRect const & rect, double ratio);
 
 //! Part of a pane that the picture fills; empty, with no size below 0, when the margins leave nothing.
 QRect PictureRect(QSize pane, PaneMargins const & margins);

@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "rangepane.h"
 
+#include "frequencyaxis.h"
+#include "shadingbar.h"
+#include "toint.h"
+
 #include <QEvent>
 #include <QFontMetrics>
 #include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -11,70 +17,144 @@
 
 namespace {
 
-constexpr int TicLength = 4; // px
-constexpr int LabelGap = 4;  // px
+constexpr int TicLength = 4; // px, as all below
+constexpr int LabelGap = 4;
+constexpr int FlagInset = 3;
+constexpr double NoValue = -1.0;
 
 } // namespace
 
 RangePane::RangePane(QWidget * parent)
-    : QWidget(parent)
-    , m_centre([this] { TakeRanges(); })
-    , m_span([this] { TakeRanges(); })
-    , m_minimum([this] { TakeRanges(); })
-    , m_maximum([this] { TakeRanges(); })
+    : MarkerList(parent, "rangePane")
+    , m_pFrequencyAxis(new FrequencyAxis(this))
     , m_colors{ Qt::black, Qt::black, Qt::white, Qt::darkGray, Qt::green, Qt::yellow }
+    , m_hand(*this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
+    setFocusPolicy(Qt::StrongFocus);
+    m_pFrequencyAxis->SetRange(m_frequencies.start, m_frequencies.start + m_frequencies.span);
+    connect(m_pFrequencyAxis, &AxisBase::signalRangeChanged, this, &RangePane::TakeFrequencies);
 }
 
 RangePane::~RangePane() = default;
 
-bool RangePane::SetCentre_ValuePath(QString const & path) { return m_centre.Bind(path); }
+void RangePane::SetLevelScale(ScaleAxis * scale)
+{
+    m_pLevelScale = scale;
+    m_pLevelScale->SetRange(m_levelMin, m_levelMax);
+    connect(m_pLevelScale, &AxisBase::signalRangeChanged, this, &RangePane::TakeLevels);
+}
 
-bool RangePane::SetSpan_ValuePath(QString const & path) { return m_span.Bind(path); }
+bool RangePane::SetStart_ValuePath(QString const & path) { return m_pFrequencyAxis->SetStart_ValuePath(path); }
 
-bool RangePane::SetLevelMin_ValuePath(QString const & path) { return m_minimum.Bind(path); }
+bool RangePane::SetStop_ValuePath(QString const & path) { return m_pFrequencyAxis->SetStop_ValuePath(path); }
 
-bool RangePane::SetLevelMax_ValuePath(QString const & path) { return m_maximum.Bind(path); }
+bool RangePane::SetLevelMin_ValuePath(QString const & path) { return m_pLevelScale->SetStart_ValuePath(path); }
+
+bool RangePane::SetLevelMax_ValuePath(QString const & path) { return m_pLevelScale->SetStop_ValuePath(path); }
 
 void RangePane::SetFrequencyRange(FrequencyRange range)
 {
     bool const good = std::isfinite(range.start) && std::isfinite(range.span) && range.span > 0.0;
-    if (!good || range == m_frequencies)
-        return;
-    m_frequencies = range;
-    Rebuild();
+    if (good && range != m_frequencies)
+        m_pFrequencyAxis->SetRange(range.start, range.start + range.span);
 }
 
 void RangePane::SetLevelRange(double min, double max)
 {
     bool const good = std::isfinite(min) && std::isfinite(max) && max > min;
-    if (!good || (min == m_levelMin && max == m_levelMax))
+    if (good && (min != m_levelMin || max != m_levelMax))
+        m_pLevelScale->SetRange(min, max);
+}
+
+//! The ends of a range move one after the other: what is no range in between is passed over.
+void RangePane::TakeFrequencies()
+{
+    FrequencyRange const range{ m_pFrequencyAxis->Start(), m_pFrequencyAxis->Stop() - m_pFrequencyAxis->Start() };
+    if (!std::isfinite(range.start) || !std::isfinite(range.span) || !(range.span > 0.0) || range == m_frequencies)
+        return;
+    m_frequencies = range;
+    AskForRebuild();
+}
+
+void RangePane::TakeLevels()
+{
+    double const min = m_pLevelScale->Start();
+    double const max = m_pLevelScale->Stop();
+    if (!std::isfinite(min) || !std::isfinite(max) || !(max > min) || (min == m_levelMin && max == m_levelMax))
         return;
     m_levelMin = min;
     m_levelMax = max;
-    Rebuild();
+    AskForRebuild();
 }
 
 void RangePane::SetColors(PaneColors const & colors)
 {
     m_colors = colors;
+    AskForRebuild();
+}
+
+void RangePane::AskForRebuild()
+{
+    m_rebuildDue = true;
+    update();
+}
+
+void RangePane::updateWidget()
+{
+    SetMustRecalcRulers(true);
+    MarkerList::updateWidget();
+}
+
+void RangePane::RepairDrawing()
+{
+    SetMustRecalcRulers(true);
+    update();
+}
+
+void RangePane::Refresh()
+{
+    if (!TakeLayout() && !m_rebuildDue)
+        return;
+    m_rebuildDue = false;
+    PixelMap::Layout layout;
+    layout.start = m_frequencies.start;
+    layout.stop = m_frequencies.start + m_frequencies.span;
+    layout.direction = PixelMap::eHorizontal;
+    layout.first = m_pictureRect.left();
+    layout.last = m_pictureRect.right();
+    m_columns = PixelMap(layout);
+    SetMustRecalcRulers(true);
     Rebuild();
 }
 
-void RangePane::RefreshLayout()
+//! \return whether anything differs.
+bool RangePane::TakeLayout()
 {
     double const ratio = devicePixelRatioF();
     QSize const size = PaneLayout::ToDevice(this->size(), ratio);
-    QRect const picture = PaneLayout::PictureRect(size, PaneLayout::ToDevice(Margins(), ratio));
+    QRect const picture = PaneLayout::ToDevice(LogicalPicture(), ratio);
     if (ratio == m_ratio && size == m_deviceSize && picture == m_pictureRect)
-        return;
+        return false;
     m_ratio = ratio;
     m_deviceSize = size;
     m_pictureRect = picture;
-    Rebuild();
+    PlaceScales();
+    return true;
 }
+
+void RangePane::PlaceScales()
+{
+    QRect const picture = LogicalPicture();
+    m_pFrequencyAxis->setGeometry(0, picture.bottom() + 1, width(), FrequencyMargin());
+    m_pFrequencyAxis->SetPictureSpan(picture.left(), picture.width());
+    PlaceLevelScale(picture);
+}
+
+QRect RangePane::LogicalPicture() const { return PaneLayout::PictureRect(size(), Margins()); }
+
+double RangePane::HertzAPixel() const { return m_frequencies.span / std::max(1, m_pictureRect.width()); }
 
 int RangePane::LabelMargin() const
 {
@@ -82,6 +162,56 @@ int RangePane::LabelMargin() const
     int const widest = std::max(metrics.horizontalAdvance(QStringLiteral("-100 dB")),
                                 metrics.horizontalAdvance(QStringLiteral("00:00.00")));
     return widest + LabelGap + TicLength + LabelGap;
+}
+
+int RangePane::SideMargin() const
+{
+    QFontMetrics const metrics = fontMetrics();
+    int const flag = metrics.horizontalAdvance(QStringLiteral("-100.0 dBFS")) + 6 * FlagInset;
+    return std::max(ShadingBar::Thickness(metrics), flag);
+}
+
+int RangePane::FrequencyMargin() const { return m_pFrequencyAxis->Thickness(); }
+
+int RangePane::RowOf(double level) const
+{
+    Q_UNUSED(level)
+    return -1;
+}
+
+double RangePane::LevelAt(double row) const
+{
+    Q_UNUSED(row)
+    return NoValue;
+}
+
+QRect RangePane::LevelFlagRoom() const { return {}; }
+
+double RangePane::PixelToValue(int direction, int pixel)
+{
+    double const place = (pixel + 0.5) * m_ratio; // the middle of the pixel
+    if (direction == eMarkerY)
+        return LevelAt(place);
+    int const width = m_pictureRect.width();
+    return width > 0 ? m_frequencies.start + m_frequencies.span * (place - m_pictureRect.left()) / width : NoValue;
+}
+
+int RangePane::ValueToPixel(int direction, double value)
+{
+    int const place = direction == eMarkerY ? RowOf(value) : ColumnOf(value);
+    return place < 0 ? -1 : toInt(place / m_ratio);
+}
+
+void RangePane::GetCurrentStartStop(int direction, double & start, double & stop)
+{
+    start = direction == eMarkerY ? m_levelMin : m_frequencies.start;
+    stop = direction == eMarkerY ? m_levelMax : m_frequencies.start + m_frequencies.span;
+}
+
+void RangePane::slotSetState(QString path, EMarkerState m, bool value)
+{
+    MarkerList::slotSetState(path, m, value);
+    RepairDrawing();
 }
 
 void RangePane::DrawPixels(QPainter & painter, QPoint at, QImage const & picture)
@@ -92,31 +222,93 @@ void RangePane::DrawPixels(QPainter & painter, QPoint at, QImage const & picture
     painter.drawImage(at, picture);
 }
 
+void RangePane::LayRulers()
+{
+    QRect const picture = LogicalPicture();
+    MarkerRulers::Frame const frame{ m_pictureRect, m_ratio,
+                                     picture.adjusted(FlagInset, FlagInset, -FlagInset, -FlagInset), LevelFlagRoom() };
+    MarkerRulers::Source const source{ [this](bool level, double value) {
+                                          return level ? RowOf(value) : ColumnOf(value);
+                                      },
+                                       [this](int index) { return FlagTexts(index); } };
+    m_rulers.Lay(*this, frame, fontMetrics(), source);
+    SetMustRecalcRulers(false);
+}
+
+void RangePane::PaintOver(QPainter & painter)
+{
+    if (GetMustRecalcRulers())
+        LayRulers();
+    painter.setFont(font());
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_rulers.Paint(painter, m_colors.ground, m_colors.text);
+    if (!hasFocus() || m_pictureRect.isEmpty())
+        return;
+    painter.setPen(QPen(m_colors.text, 1.0, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(LogicalPicture().adjusted(0, 0, -1, -1));
+}
+
 void RangePane::resizeEvent(QResizeEvent * event)
 {
-    QWidget::resizeEvent(event);
-    RefreshLayout();
+    MarkerList::resizeEvent(event);
+    Refresh();
 }
 
 void RangePane::showEvent(QShowEvent * event)
 {
-    QWidget::showEvent(event);
-    RefreshLayout();
+    MarkerList::showEvent(event);
+    Refresh();
 }
 
 void RangePane::changeEvent(QEvent * event)
 {
-    QWidget::changeEvent(event);
+    MarkerList::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
-        RefreshLayout();
-        Rebuild();
+        AskForRebuild();
+        Refresh();
     }
 }
 
-void RangePane::TakeRanges()
+void RangePane::mousePressEvent(QMouseEvent * event)
 {
-    double const centre = m_centre.Number(m_frequencies.start + m_frequencies.span / 2.0);
-    double const span = m_span.Number(m_frequencies.span);
-    SetFrequencyRange({ centre - span / 2.0, span });
-    SetLevelRange(m_minimum.Number(m_levelMin), m_maximum.Number(m_levelMax));
+    if (!m_hand.Press(event))
+        MarkerList::mousePressEvent(event);
+}
+
+void RangePane::mouseMoveEvent(QMouseEvent * event)
+{
+    if (!m_hand.Move(event))
+        MarkerList::mouseMoveEvent(event);
+}
+
+void RangePane::mouseReleaseEvent(QMouseEvent * event)
+{
+    if (!m_hand.Release(event))
+        MarkerList::mouseReleaseEvent(event);
+}
+
+void RangePane::keyPressEvent(QKeyEvent * event)
+{
+    if (!m_hand.KeyPress(event))
+        MarkerList::keyPressEvent(event);
+}
+
+void RangePane::keyReleaseEvent(QKeyEvent * event)
+{
+    if (!m_hand.KeyRelease(event))
+        MarkerList::keyReleaseEvent(event);
+}
+
+void RangePane::focusInEvent(QFocusEvent * event)
+{
+    MarkerList::focusInEvent(event);
+    update();
+}
+
+void RangePane::focusOutEvent(QFocusEvent * event)
+{
+    m_hand.LetGo();
+    MarkerList::focusOutEvent(event);
+    update();
 }

@@ -3,17 +3,22 @@
 #define ORIM_RANGEPANE_H
 
 #include "linecolumns.h"
+#include "markerhand.h"
+#include "markerlist.h"
+#include "markerrulers.h"
 #include "panelayout.h"
-#include "valuefollower.h"
-
-#include <QWidget>
+#include "pixelmap.h"
 
 class FrameStats;
+class FrequencyAxis;
 class QImage;
+class ScaleAxis;
 
-//! Base of the panes over a frequency range and a level range. The ranges follow values of the tree. Panes of one width
-//! and font have their pictures over each other. All geometry is in device pixels.
-class RangePane : public QWidget
+//! Base of the panes over a frequency range and a level range: a picture with its frequency scale below and its level
+//! scale beside it. The scales hold the ranges and follow values of the tree; the pane shows what they hold. Panes of
+//! one width and font have their pictures over each other. Markers cross the picture and can be dragged. All geometry
+//! is in device pixels unless it is said otherwise.
+class RangePane : public MarkerList
 {
     Q_OBJECT
 public:
@@ -22,8 +27,8 @@ public:
 
     //! Binds a bound of the ranges to a value: Hz, dBFS. \return whether the path was found; without it the pane keeps
     //! its range.
-    bool SetCentre_ValuePath(QString const & path);
-    bool SetSpan_ValuePath(QString const & path);
+    bool SetStart_ValuePath(QString const & path);
+    bool SetStop_ValuePath(QString const & path);
     bool SetLevelMin_ValuePath(QString const & path);
     bool SetLevelMax_ValuePath(QString const & path);
 
@@ -52,36 +57,88 @@ public:
     //! Device pixels a logical pixel.
     double GetRatio() const { return m_ratio; }
 
+    FrequencyAxis & GetFrequencyAxis() { return *m_pFrequencyAxis; }
+
+    //! The scale of the levels: it stands beside the picture.
+    ScaleAxis & GetLevelScale() { return *m_pLevelScale; }
+
+    //! The markers as they were painted last.
+    std::vector<MarkerRulers::Ruler> const & GetRulers() const { return m_rulers.Get(); }
+
+    double PixelToValue(int direction, int pixel) override;
+    int ValueToPixel(int direction, double value) override;
+    void RepairDrawing() override;
+    void updateWidget() override; //!< the markers are laid anew
+    void GetCurrentStartStop(int direction, double & start, double & stop) override;
+    void slotSetState(QString path, EMarkerState m, bool value) override;
+
 protected:
+    //! Where level and scales stand around the picture.
+    virtual PaneMargins Margins() const = 0;
     //! Builds anew what depends on size, ranges, colours or font.
     virtual void Rebuild() = 0;
-    //! Widths around the picture, logical pixels.
-    virtual PaneMargins Margins() const = 0;
+    //! Places the level scale beside the picture. \param picture  logical pixels.
+    virtual void PlaceLevelScale(QRect const & picture) = 0;
+    //! Row of a level; -1 outside and where levels have no rows, as here.
+    virtual int RowOf(double level) const;
+    //! Level of a row; -1.0 where levels have no rows, as here.
+    virtual double LevelAt(double row) const;
+    //! Texts of the flag of a marker; none: it has no flag.
+    virtual QStringList FlagTexts(int index) const = 0;
+    //! Where flags of level lines may stand, logical pixels; nowhere here.
+    virtual QRect LevelFlagRoom() const;
 
-    //! Takes over the present size and ratio; rebuilds when one differs. For a change that comes without an event.
-    void RefreshLayout();
+    //! Takes the level scale over, which becomes a child. To be called once, by the constructor of a derived class.
+    void SetLevelScale(ScaleAxis * scale);
+    //! Takes over the present ranges, size and ratio; rebuilds when one differs. Before the pane is used or painted.
+    void Refresh();
+
+    //! Has the pane rebuilt when it is next used or painted; several changes are one.
+    void AskForRebuild();
 
     //! Size of the pane, device pixels.
     QSize DeviceSize() const { return m_deviceSize; }
 
+    //! Column of a frequency in the pane; -1 outside the picture.
+    int ColumnOf(double frequency) const { return m_columns.ToPixel(frequency); }
+
+    //! Hz between two device pixels.
+    double HertzAPixel() const;
     //! Left margin that holds the widest label of all panes, logical pixels.
     int LabelMargin() const;
+    //! Right margin that holds the shading bar and the flags of level markers, logical pixels.
+    int SideMargin() const;
+    //! Bottom margin that holds the frequency scale, logical pixels.
+    int FrequencyMargin() const;
+    //! The picture, logical pixels.
+    QRect LogicalPicture() const;
     //! Draws device pixels 1:1. \param at  device pixels.
     static void DrawPixels(QPainter & painter, QPoint at, QImage const & picture);
+    //! Paints the markers over the picture, and a frame around it while the pane has the keyboard.
+    void PaintOver(QPainter & painter);
 
     FrameStats * Stats() const { return m_pStats; }
 
     void resizeEvent(QResizeEvent * event) override;
     void showEvent(QShowEvent * event) override;
     void changeEvent(QEvent * event) override;
+    void mousePressEvent(QMouseEvent * event) override;
+    void mouseMoveEvent(QMouseEvent * event) override;
+    void mouseReleaseEvent(QMouseEvent * event) override;
+    void keyPressEvent(QKeyEvent * event) override;
+    void keyReleaseEvent(QKeyEvent * event) override;
+    void focusInEvent(QFocusEvent * event) override;
+    void focusOutEvent(QFocusEvent * event) override;
 
 private:
-    void TakeRanges();
+    void TakeFrequencies();
+    void TakeLevels();
+    bool TakeLayout();
+    void PlaceScales();
+    void LayRulers();
 
-    ValueFollower m_centre;
-    ValueFollower m_span;
-    ValueFollower m_minimum;
-    ValueFollower m_maximum;
+    FrequencyAxis * m_pFrequencyAxis = nullptr; // a child, as the next
+    ScaleAxis * m_pLevelScale = nullptr;
     FrequencyRange m_frequencies{ 0.0, 1.0 };
     double m_levelMin = -120.0; // dBFS
     double m_levelMax = 0.0;    // dBFS
@@ -90,6 +147,10 @@ private:
     QSize m_deviceSize;
     QRect m_pictureRect;
     double m_ratio = 1.0;
+    bool m_rebuildDue = false;
+    PixelMap m_columns; // device pixels of the pane
+    MarkerRulers m_rulers;
+    MarkerHand m_hand;
 };
 
 #endif

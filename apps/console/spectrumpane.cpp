@@ -2,7 +2,8 @@
 #include "spectrumpane.h"
 
 #include "framestats.h"
-#include "gridtics.h"
+#include "frequencyaxis.h"
+#include "levelaxis.h"
 #include "numbertexts.h"
 #include "traceraster.h"
 
@@ -18,24 +19,24 @@
 namespace {
 
 constexpr int PeakPeriod = 200; // ms
-constexpr int TicLength = 4;    // px, as all below
-constexpr int LabelGap = 4;
-constexpr int ReadOutGap = 2;
-constexpr int RightMargin = 12;
-constexpr int FrequencySpacing = 50;
-constexpr int FrequencyLabelGap = 14;
+constexpr int ReadOutGap = 2;   // px, as all below
+constexpr int FlagGap = 3;
 constexpr int PeakMark = 4;       // half the width of the mark over the peak
 constexpr double FillPart = 0.28; // of the trace colour in the ground below it
+constexpr double LevelStep = 0.1; // dB, of what is read out
 
 SpectrumPane::Peak NoPeak()
 {
     return { std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN() };
 }
 
+QString LevelText(double level) { return NumberTexts::Level(level, LevelStep) + QLatin1String(" dBFS"); }
+
 } // namespace
 
-SpectrumPane::SpectrumPane(QWidget * parent) : RangePane(parent), m_peak(NoPeak())
+SpectrumPane::SpectrumPane(QWidget * parent) : RangePane(parent), m_pLevelAxis(new LevelAxis(this)), m_peak(NoPeak())
 {
+    SetLevelScale(m_pLevelAxis);
     setObjectName(QStringLiteral("spectrumPane"));
     setAccessibleName(tr("Spectrum"));
     m_peakTimer.start(PeakPeriod, this);
@@ -48,19 +49,48 @@ void SpectrumPane::SetLine(std::shared_ptr<SpectrumLine const> line)
     if (!line)
         return;
     m_line = std::move(line);
-    RefreshLayout();
+    Refresh();
     PaintPicture();
 }
 
 PaneMargins SpectrumPane::Margins() const
 {
-    int const text = fontMetrics().height();
-    return { LabelMargin(), text + 2 * ReadOutGap, RightMargin, TicLength + LabelGap + text + 2 };
+    return { LabelMargin(), fontMetrics().height() + 2 * ReadOutGap, SideMargin(), FrequencyMargin() };
+}
+
+void SpectrumPane::PlaceLevelScale(QRect const & picture)
+{
+    m_pLevelAxis->setGeometry(0, 0, picture.left(), picture.bottom() + 1);
+    m_pLevelAxis->SetPictureSpan(picture.top(), picture.height());
+}
+
+int SpectrumPane::RowOf(double level) const { return m_rowMap.ToPixel(level); }
+
+double SpectrumPane::LevelAt(double row) const
+{
+    QRect const picture = GetPictureRect();
+    double const part = (row - picture.top()) / std::max(1, picture.height());
+    return GetLevelMax() - (GetLevelMax() - GetLevelMin()) * part;
+}
+
+QRect SpectrumPane::LevelFlagRoom() const
+{
+    QRect const picture = LogicalPicture();
+    return { picture.right() + 1 + FlagGap, picture.top(), SideMargin() - 2 * FlagGap, picture.height() };
 }
 
 void SpectrumPane::Rebuild()
 {
+    QRect const picture = GetPictureRect();
+    PixelMap::Layout layout;
+    layout.start = GetLevelMin();
+    layout.stop = GetLevelMax();
+    layout.direction = PixelMap::eVertical;
+    layout.first = picture.top();
+    layout.last = picture.bottom();
+    m_rowMap = PixelMap(layout);
     BuildGrounds();
+    m_peakDue = true; // the columns are others now
     PaintPicture();
 }
 
@@ -70,99 +100,26 @@ void SpectrumPane::BuildGrounds()
     if (!DeviceSize().isEmpty()) {
         m_plain = QImage(DeviceSize(), QImage::Format_RGB32);
         m_plain.fill(GetColors().frame);
-        m_plain.setDevicePixelRatio(GetRatio());
-        QPainter painter(&m_plain);
-        painter.setFont(font());
-        PaintGrid(painter);
-        painter.end();
-        m_plain.setDevicePixelRatio(1.0);
+        PaintGrid();
     }
     m_filled = m_plain;
     m_picture = m_plain;
     FillBelowTrace();
 }
 
-//! The painter's unit is the logical pixel; lines are placed in device pixels, so that they stay sharp.
-void SpectrumPane::PaintGrid(QPainter & painter) const
+//! The grid continues the tics of the scales.
+void SpectrumPane::PaintGrid()
 {
     QRect const picture = GetPictureRect();
-    painter.save();
-    painter.scale(1.0 / GetRatio(), 1.0 / GetRatio());
+    QPainter painter(&m_plain);
+    painter.setClipRect(picture);
     painter.fillRect(picture, GetColors().ground);
-    painter.restore();
-    if (picture.isEmpty())
-        return;
-    PaintLevelGrid(painter);
-    PaintFrequencyGrid(painter);
-}
-
-void SpectrumPane::PaintLevelGrid(QPainter & painter) const
-{
-    QRect const picture = GetPictureRect();
-    QFontMetrics const metrics = fontMetrics();
-    int const extent = PaneLayout::ToDevice(metrics.height(), GetRatio());
-    int const line = std::max(1, PaneLayout::ToDevice(1, GetRatio()));
-    GridTics::Labels const labels{ -picture.top(),
-                                   picture.height() + picture.top(),
-                                   extent / 8,
-                                   extent + extent / 8,
-                                   [extent](QString const &) { return extent; },
-                                   [](double level, double step) { return NumberTexts::Level(level, step); } };
-    double const perRow = (GetLevelMax() - GetLevelMin()) / std::max(1, picture.height() - 1);
-    GridTics::Axis const axis{ GetLevelMax(), GetLevelMax() - perRow * picture.height(), picture.height() };
-    for (GridTics::Tic const & tic : GridTics::Lay(axis, labels)) {
-        int const y = picture.top() + tic.pixel;
-        int const ticLength = PaneLayout::ToDevice(TicLength, GetRatio());
-        painter.save();
-        painter.scale(1.0 / GetRatio(), 1.0 / GetRatio());
-        painter.fillRect(picture.left(), y, picture.width(), line, GetColors().grid);
-        painter.fillRect(picture.left() - ticLength, y, ticLength, line, GetColors().text);
-        painter.restore();
-        painter.setPen(GetColors().text);
-        QString const text = tic.label.isEmpty() ? QString() : tic.label + QLatin1String(" dB");
-        QRectF const box(0.0, (picture.top() + tic.labelStart) / GetRatio(),
-                         picture.left() / GetRatio() - TicLength - LabelGap, extent / GetRatio());
-        painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, text);
-    }
-}
-
-void SpectrumPane::PaintFrequencyGrid(QPainter & painter) const
-{
-    QRect const picture = GetPictureRect();
-    QFontMetrics const metrics = fontMetrics();
-    double const ratio = GetRatio();
-    FrequencyRange const range = GetFrequencyRange();
-    double const stop = range.start + range.span;
-    auto const unit = NumberTexts::UnitOf(std::max(std::abs(range.start), std::abs(stop)));
-    QString const unitText = QLatin1String(unit.name);
-    int const unitExtent = PaneLayout::ToDevice(metrics.horizontalAdvance(unitText) + LabelGap, ratio);
-    int const line = std::max(1, PaneLayout::ToDevice(1, ratio));
-    // the unit stands at the left end, below the level labels
-    GridTics::Labels const labels{ unitExtent - picture.left() + PaneLayout::ToDevice(FrequencyLabelGap, ratio),
-                                   picture.width() + PaneLayout::ToDevice(RightMargin, ratio) - 1,
-                                   PaneLayout::ToDevice(FrequencyLabelGap, ratio),
-                                   PaneLayout::ToDevice(FrequencySpacing, ratio),
-                                   [&metrics, ratio](QString const & label) {
-                                       return PaneLayout::ToDevice(metrics.horizontalAdvance(label) + 1, ratio);
-                                   },
-                                   [unit](double hertz, double step) {
-                                       return NumberTexts::Frequency(hertz, step, unit);
-                                   } };
-    double const textTop = (picture.bottom() + 1) / ratio + TicLength + LabelGap;
-    for (GridTics::Tic const & tic : GridTics::Lay({ range.start, stop, picture.width() }, labels)) {
-        int const x = picture.left() + tic.pixel;
-        painter.save();
-        painter.scale(1.0 / ratio, 1.0 / ratio);
-        painter.fillRect(x, picture.top(), line, picture.height(), GetColors().grid);
-        painter.fillRect(x, picture.bottom() + 1, line, PaneLayout::ToDevice(TicLength, ratio), GetColors().text);
-        painter.restore();
-        painter.setPen(GetColors().text);
-        QRectF const box((picture.left() + tic.labelStart) / ratio, textTop, tic.labelExtent / ratio, metrics.height());
-        painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, tic.label);
-    }
-    painter.setPen(GetColors().text);
-    painter.drawText(QRectF(LabelGap, textTop, unitExtent / ratio, metrics.height()), Qt::AlignLeft | Qt::AlignTop,
-                     unitText);
+    for (int const y : m_pLevelAxis->GetGridPixels())
+        painter.fillRect(picture.left(), picture.top() + y, picture.width(), m_pLevelAxis->GetTicWidth(),
+                         GetColors().grid);
+    for (int const x : GetFrequencyAxis().GetGridPixels())
+        painter.fillRect(picture.left() + x, picture.top(), GetFrequencyAxis().GetTicWidth(), picture.height(),
+                         GetColors().grid);
 }
 
 void SpectrumPane::FillBelowTrace()
@@ -178,23 +135,22 @@ void SpectrumPane::FillBelowTrace()
 
 void SpectrumPane::PaintPicture()
 {
-    if (m_picture.isNull() || GetPictureRect().isEmpty() || !m_line) {
-        update();
+    QRect const picture = LogicalPicture();
+    update(picture.left(), 0, width() - picture.left(), picture.bottom() + 1);
+    if (m_picture.isNull() || GetPictureRect().isEmpty() || !m_line)
         return;
-    }
     m_map.Lay({ m_line->centre - m_line->span / 2.0, m_line->span }, m_line->levels.size(), GetFrequencyRange(),
               GetPictureRect().width());
-    m_columns.resize(static_cast<std::size_t>(m_map.Columns()));
-    m_map.Reduce(m_line->levels.data(), m_columns.data());
+    m_levels.resize(static_cast<std::size_t>(m_map.Columns()));
+    m_map.Reduce(m_line->levels.data(), m_levels.data());
     FindPeak();
     PaintTrace();
-    update();
 }
 
 void SpectrumPane::PaintTrace()
 {
     QRect const picture = GetPictureRect();
-    TraceRaster::RowsOf({ GetLevelMin(), GetLevelMax(), picture.height() }, m_columns, m_rows);
+    TraceRaster::RowsOf({ GetLevelMin(), GetLevelMax(), picture.height() }, m_levels, m_rows);
     int const stride = m_picture.width();
     std::ptrdiff_t const first = static_cast<std::ptrdiff_t>(picture.top()) * stride + picture.left();
     auto const pixels = [first](QImage const & image) {
@@ -212,28 +168,88 @@ void SpectrumPane::PaintTrace()
     m_picture.setDevicePixelRatio(1.0);
 }
 
+int SpectrumPane::BinAt(int column) const { return m_map.BinOf(column, m_line->levels.data()); }
+
+SpectrumPane::Peak SpectrumPane::PeakAt(int bin) const
+{
+    double const binWidth = m_line->span / static_cast<double>(m_line->levels.size());
+    return { m_line->centre - m_line->span / 2.0 + bin * binWidth, m_line->levels[static_cast<std::size_t>(bin)] };
+}
+
 void SpectrumPane::FindPeak()
 {
     auto const higher = [](double a, double b) { return std::isnan(a) || a < b; };
-    auto const best = std::max_element(m_columns.begin(), m_columns.end(), higher);
-    m_peakColumn = static_cast<int>(best - m_columns.begin());
-    int const bin = m_map.BinOf(m_peakColumn, m_line->levels.data());
+    auto const best = std::max_element(m_levels.begin(), m_levels.end(), higher);
+    m_peakColumn = static_cast<int>(best - m_levels.begin());
+    int const bin = BinAt(m_peakColumn);
     if (bin < 0) {
         m_peakColumn = -1;
         m_peak = NoPeak();
     } else if (m_peakDue) {
-        double const binWidth = m_line->span / static_cast<double>(m_line->levels.size());
-        m_peak = { m_line->centre - m_line->span / 2.0 + bin * binWidth,
-                   m_line->levels[static_cast<std::size_t>(bin)] };
+        m_peak = PeakAt(bin);
         m_peakDue = false;
+        m_readLevels = m_levels;
+        SetMustRecalcRulers(true);
     }
+}
+
+SpectrumPane::Peak SpectrumPane::FindPeakBeside(double frequency, double distance) const
+{
+    Peak best = NoPeak();
+    for (int column = 0; m_line && column < static_cast<int>(m_levels.size()); ++column) {
+        int const bin = BinAt(column);
+        if (bin < 0)
+            continue;
+        Peak const peak = PeakAt(bin);
+        bool const beside = std::abs(peak.frequency - frequency) >= distance;
+        if (beside && (std::isnan(best.level) || peak.level > best.level))
+            best = peak;
+    }
+    return best;
+}
+
+double SpectrumPane::ReadLevelAt(double frequency) const
+{
+    int const column = ColumnOf(frequency) - GetPictureRect().left();
+    bool const exists = column >= 0 && column < static_cast<int>(m_readLevels.size());
+    return exists ? m_readLevels[static_cast<std::size_t>(column)] : NoPeak().level;
+}
+
+QStringList SpectrumPane::FlagTexts(int index) const
+{
+    Marker const * const marker = GetMarker(index);
+    double const value = GetMarkerValue(index);
+    if ((marker->GetSpecial() & eSpecialY) != 0)
+        return { marker->GetMarkerName(), LevelText(value) };
+    QString text = marker->GetMarkerName() + QLatin1Char(' ') + NumberTexts::FrequencyWithUnit(value, HertzAPixel());
+    double const level = ReadLevelAt(value);
+    if (!std::isnan(level))
+        text += QLatin1String("  ") + LevelText(level);
+    QString const delta = DeltaText(index);
+    return delta.isEmpty() ? QStringList{ text } : QStringList{ text, delta };
+}
+
+//! How far a marker stands from the one that it is compared with; empty while that is not shown.
+QString SpectrumPane::DeltaText(int index) const
+{
+    Marker * const other = GetGapMarker(index);
+    if (!other || !other->GetShowMarker())
+        return {};
+    double const apart = GetMarkerValue(index) - other->GetValue();
+    QString text =
+        QStringLiteral("\u0394 %1%2")
+            .arg(apart < 0.0 ? QString() : QStringLiteral("+"), NumberTexts::FrequencyWithUnit(apart, HertzAPixel()));
+    double const rise = ReadLevelAt(GetMarkerValue(index)) - ReadLevelAt(other->GetValue());
+    if (!std::isnan(rise))
+        text += QStringLiteral("  %1%2 dB")
+                    .arg(rise < 0.0 ? QString() : QStringLiteral("+"), NumberTexts::Level(rise, LevelStep));
+    return text;
 }
 
 QString SpectrumPane::PeakText() const
 {
     double const binWidth = m_line->span / static_cast<double>(m_line->levels.size());
-    return tr("Peak %1  %2 dBFS")
-        .arg(NumberTexts::FrequencyWithUnit(m_peak.frequency, binWidth), NumberTexts::Level(m_peak.level, 0.1));
+    return tr("Peak %1  %2").arg(NumberTexts::FrequencyWithUnit(m_peak.frequency, binWidth), LevelText(m_peak.level));
 }
 
 void SpectrumPane::PaintPeak(QPainter & painter) const
@@ -274,9 +290,13 @@ void SpectrumPane::paintEvent(QPaintEvent * event)
     Q_UNUSED(event)
     QElapsedTimer clock;
     clock.start();
+    Refresh();
     QPainter painter(this);
+    painter.save();
     painter.scale(1.0 / GetRatio(), 1.0 / GetRatio());
     DrawPixels(painter, QPoint(0, 0), m_picture);
+    painter.restore();
+    PaintOver(painter);
     painter.end();
     if (Stats())
         Stats()->AddWork(clock.nsecsElapsed());

@@ -11,7 +11,10 @@
 #include <memory>
 #include <vector>
 
-//! Shows the latest spectrum line as a trace over a grid of levels and frequencies, and reads out its highest peak.
+class LevelAxis;
+
+//! Shows the latest spectrum line as a trace over a grid at the tics of its scales, and reads out its highest peak and
+//! the levels at its markers.
 class SpectrumPane : public RangePane
 {
     Q_OBJECT
@@ -32,6 +35,10 @@ public:
     //! anew five times a second, so that it can be read.
     Peak const & GetPeak() const { return m_peak; }
 
+    //! Highest level of the line shown that stands at least \a distance away from a frequency, Hz; not finite when
+    //! there is none.
+    Peak FindPeakBeside(double frequency, double distance) const;
+
     //! Id of the timer of the read-out.
     int GetPeakTimerId() const { return m_peakTimer.timerId(); }
 
@@ -48,31 +55,41 @@ public:
 protected:
     void Rebuild() override;
     PaneMargins Margins() const override;
+    void PlaceLevelScale(QRect const & picture) override;
+    int RowOf(double level) const override;
+    double LevelAt(double row) const override;
+    QStringList FlagTexts(int index) const override;
+    QRect LevelFlagRoom() const override;
     void paintEvent(QPaintEvent * event) override;
     void timerEvent(QTimerEvent * event) override;
 
 private:
     void BuildGrounds();
-    void PaintGrid(QPainter & painter) const;
-    void PaintLevelGrid(QPainter & painter) const;
-    void PaintFrequencyGrid(QPainter & painter) const;
+    void PaintGrid();
     void FillBelowTrace();
     void PaintTrace();
     void PaintPeak(QPainter & painter) const;
     void PaintReadOut(QPainter & painter) const;
     void PaintPicture();
     void FindPeak();
+    int BinAt(int column) const;
+    Peak PeakAt(int bin) const;
+    double ReadLevelAt(double frequency) const;
+    QString DeltaText(int index) const;
     QString PeakText() const;
 
+    LevelAxis * m_pLevelAxis = nullptr; // a child
     std::shared_ptr<SpectrumLine const> m_line;
     LineColumns m_map;
-    std::vector<double> m_columns; // dBFS
+    PixelMap m_rowMap;
+    std::vector<double> m_levels;     // of the columns, dBFS
+    std::vector<double> m_readLevels; // those that are read out
     std::vector<int> m_rows;
     Peak m_peak;
     int m_peakColumn = -1; // of the line shown
     bool m_peakDue = true;
     QBasicTimer m_peakTimer;
-    QImage m_plain;   // grid and labels
+    QImage m_plain;   // the grid
     QImage m_filled;  // the same, as seen below the trace
     QImage m_picture; // what is painted
 };

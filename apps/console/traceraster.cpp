@@ -12,9 +12,8 @@ int TraceRaster::RowOf(LevelScale const & scale, double level)
     double const span = scale.top - scale.bottom;
     if (scale.height < 1 || !(span > 0.0) || !std::isfinite(span) || std::isnan(level))
         return NoRow;
-    double const last = scale.height - 1;
-    double const row = (scale.top - std::clamp(level, scale.bottom, scale.top)) / span * last;
-    return toInt(std::round(row));
+    double const part = (scale.top - std::clamp(level, scale.bottom, scale.top)) / span;
+    return std::min(toInt(part * scale.height), scale.height - 1);
 }
 
 void TraceRaster::RowsOf(LevelScale const & scale, std::vector<double> const & levels, std::vector<int> & rows)

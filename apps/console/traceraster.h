@@ -11,7 +11,8 @@ namespace TraceRaster {
 
 constexpr int NoRow = -1; // of a column without a level
 
-//! Range of levels over the height of a picture: \a top at row 0, \a bottom at the last row.
+//! Range of levels over the height of a picture, as an axis lays it: each row is as high as the others, \a top lies on
+//! the upper edge of row 0, and \a bottom, on the lower edge of the last row, belongs to that.
 struct LevelScale
 {
     double bottom;

@@ -20,6 +20,7 @@ bool ValueFollower::Bind(QString const & path)
         return false;
     m_pNumeric = dynamic_cast<IValueNumeric *>(m_pValue);
     m_pSelection = dynamic_cast<ValueSelection *>(m_pValue);
+    m_pFlag = dynamic_cast<Value<bool> *>(m_pValue);
     m_pValue->AddObserver(this);
     m_changed();
     return true;
@@ -32,6 +33,8 @@ long ValueFollower::Key(long fallback) const
     return m_pSelection && m_pSelection->GetCurrentItem() ? m_pSelection->GetCurrentKey() : fallback;
 }
 
+bool ValueFollower::Flag(bool fallback) const { return m_pFlag ? m_pFlag->GetValue() : fallback; }
+
 void ValueFollower::SetNumber(double number)
 {
     if (m_pNumeric)
@@ -42,6 +45,12 @@ void ValueFollower::SetKey(long key)
 {
     if (m_pSelection)
         m_pSelection->Select(key, nullptr);
+}
+
+void ValueFollower::SetFlag(bool on)
+{
+    if (m_pFlag)
+        m_pFlag->SetValue(on, nullptr);
 }
 
 void ValueFollower::Update(Observable * subject, TChangeCode code)
@@ -63,4 +72,5 @@ void ValueFollower::LetGo()
     m_pValue = nullptr;
     m_pNumeric = nullptr;
     m_pSelection = nullptr;
+    m_pFlag = nullptr;
 }

@@ -2,14 +2,13 @@
 #ifndef ORIM_VALUEFOLLOWER_H
 #define ORIM_VALUEFOLLOWER_H
 
-#include "observable.h"
+#include "value.h"
 
 #include <QString>
 
 #include <functional>
 
 class IValueNumeric;
-class ValueBase;
 class ValueSelection;
 
 //! Follows one value of the tree: tells its owner of every change, and lets go when the value goes away or this dies.
@@ -33,10 +32,14 @@ public:
     double Number(double fallback) const;
     //! Key of the chosen item; \a fallback when none is followed or it is no selection.
     long Key(long fallback) const;
+    //! Whether a flag is set; \a fallback when none is followed or it is no flag.
+    bool Flag(bool fallback) const;
     //! Writes the number; this hears of what the value made of it like every other observer.
     void SetNumber(double number);
     //! Chooses the item of a key.
     void SetKey(long key);
+    //! Sets or clears the flag.
+    void SetFlag(bool on);
 
     IValueNumeric * Numeric() const { return m_pNumeric; } //!< null when it is no number
 
@@ -48,9 +51,10 @@ private:
     void LetGo();
 
     std::function<void()> m_changed;
-    ValueBase * m_pValue = nullptr;          // borrowed from the tree; null once it went away, as are the two below
+    ValueBase * m_pValue = nullptr;          // borrowed from the tree; null once it went away, as are those below
     IValueNumeric * m_pNumeric = nullptr;    // the same value by its number
     ValueSelection * m_pSelection = nullptr; // the same value by its items
+    Value<bool> * m_pFlag = nullptr;         // the same value as a flag
 };
 
 #endif

@@ -2,7 +2,10 @@
 #include "waterfallpane.h"
 
 #include "framestats.h"
-#include "gridtics.h"
+#include "guibase.h"
+#include "levelgradients.h"
+#include "rowtics.h"
+#include "shadingbar.h"
 
 #include <QElapsedTimer>
 #include <QFontMetrics>
@@ -14,30 +17,36 @@ namespace {
 
 constexpr int TicLength = 4; // px, as all below
 constexpr int LabelGap = 4;
-constexpr int RightMargin = 12; // the one of the spectrum pane: their columns stand over each other
-constexpr int BottomMargin = 4;
 
 } // namespace
 
-WaterfallPane::WaterfallPane(QWidget * parent)
-    : RangePane(parent)
-    , m_gradient([this] { SetGradient(static_cast<int>(m_gradient.Key(GetGradient()))); })
+WaterfallPane::WaterfallPane(QWidget * parent) : RangePane(parent), m_pShadingBar(new ShadingBar(this))
 {
+    SetLevelScale(m_pShadingBar);
     setObjectName(QStringLiteral("waterfallPane"));
     setAccessibleName(tr("Waterfall"));
+    m_levelColors.SetColors(LevelGradients::CurrentSet());
+    connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &WaterfallPane::slotColorsChanged);
 }
 
 WaterfallPane::~WaterfallPane() = default;
 
 void WaterfallPane::AppendLines(std::vector<std::shared_ptr<SpectrumLine const>> const & lines)
 {
-    RefreshLayout();
+    Refresh();
     for (auto const & line : lines) {
         if (line)
             AppendLine(*line);
     }
     PaintTimes();
-    update();
+    UpdateRows();
+}
+
+//! Has the rows and their times repainted, without the scales.
+void WaterfallPane::UpdateRows()
+{
+    QRect const picture = LogicalPicture();
+    update(0, 0, picture.right() + 1, picture.bottom() + 1);
 }
 
 void WaterfallPane::AppendLine(SpectrumLine const & line)
@@ -61,16 +70,21 @@ void WaterfallPane::Clear()
     update();
 }
 
-void WaterfallPane::SetGradient(int index)
+void WaterfallPane::slotColorsChanged()
 {
-    m_levelColors.SetGradient(index);
-    m_image.Recolor(m_levelColors.GetGround(), Colorer());
-    update();
+    m_levelColors.SetColors(LevelGradients::CurrentSet());
+    AskForRebuild();
 }
 
-bool WaterfallPane::SetGradient_ValuePath(QString const & path) { return m_gradient.Bind(path); }
+PaneMargins WaterfallPane::Margins() const { return { LabelMargin(), 0, SideMargin(), FrequencyMargin() }; }
 
-PaneMargins WaterfallPane::Margins() const { return { LabelMargin(), 0, RightMargin, BottomMargin }; }
+void WaterfallPane::PlaceLevelScale(QRect const & picture)
+{
+    m_pShadingBar->setGeometry(picture.right() + 1, 0, width() - picture.right() - 1, picture.bottom() + 1);
+    m_pShadingBar->SetPictureSpan(picture.top(), picture.height());
+}
+
+QStringList WaterfallPane::FlagTexts(int index) const { return { GetMarker(index)->GetMarkerName() }; }
 
 void WaterfallPane::Rebuild()
 {
@@ -111,7 +125,7 @@ WaterfallImage::Colorer WaterfallPane::Colorer()
 void WaterfallPane::PaintTimes()
 {
     QRect const picture = GetPictureRect();
-    QSize const size(picture.left(), DeviceSize().height());
+    QSize const size(picture.left(), picture.height());
     if (size.isEmpty()) {
         m_times = QImage();
         return;
@@ -130,7 +144,7 @@ void WaterfallPane::PaintTimes()
     QPainter painter(&m_times);
     painter.setFont(font());
     painter.setPen(GetColors().text);
-    for (GridTics::RowTic const & tic : GridTics::LayRows(stamps, 2 * extent)) {
+    for (RowTics::Tic const & tic : RowTics::Lay(stamps, 2 * extent)) {
         int const y = picture.top() + tic.row;
         painter.fillRect(
             QRectF((size.width() - PaneLayout::ToDevice(TicLength, ratio)) / ratio, y / ratio, TicLength, line / ratio),
@@ -160,16 +174,20 @@ void WaterfallPane::paintEvent(QPaintEvent * event)
     Q_UNUSED(event)
     QElapsedTimer clock;
     clock.start();
+    Refresh();
     QPainter painter(this);
+    painter.save();
     painter.scale(1.0 / GetRatio(), 1.0 / GetRatio());
     QRect const picture = GetPictureRect();
     QSize const size = DeviceSize();
     int const right = picture.left() + picture.width();
     int const below = picture.top() + picture.height();
     painter.fillRect(right, 0, size.width() - right, size.height(), GetColors().frame);
-    painter.fillRect(picture.left(), below, picture.width(), size.height() - below, GetColors().frame);
+    painter.fillRect(0, below, right, size.height() - below, GetColors().frame);
     DrawPixels(painter, QPoint(0, 0), m_times);
     m_image.Paint(painter, picture.topLeft());
+    painter.restore();
+    PaintOver(painter);
     painter.end();
     CountPainted(clock.nsecsElapsed());
 }

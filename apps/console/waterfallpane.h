@@ -12,7 +12,10 @@
 #include <memory>
 #include <vector>
 
-//! Shows spectrum lines as coloured rows, the newest on top, one device pixel each, with their times at the left.
+class ShadingBar;
+
+//! Shows spectrum lines as coloured rows, the newest on top, one device pixel each, with their times at the left and
+//! the colours of the levels, those of the central object, at the right.
 class WaterfallPane : public RangePane
 {
     Q_OBJECT
@@ -26,13 +29,7 @@ public:
     //! Forgets all rows.
     void Clear();
 
-    //! Gradient of the levels by its index; one that is none is ignored. All rows are coloured anew.
-    void SetGradient(int index);
-
-    int GetGradient() const { return m_levelColors.GetGradient(); }
-
-    //! Binds the gradient to a selection whose keys are the indices. \return whether the path was found.
-    bool SetGradient_ValuePath(QString const & path);
+    ShadingBar & GetShadingBar() { return *m_pShadingBar; }
 
     //! The rows; row 0 is the topmost of the picture rectangle, its stamp the time of the line, s.
     WaterfallImage const & GetImage() const { return m_image; }
@@ -49,6 +46,8 @@ public:
 protected:
     void Rebuild() override;
     PaneMargins Margins() const override;
+    void PlaceLevelScale(QRect const & picture) override;
+    QStringList FlagTexts(int index) const override;
     void paintEvent(QPaintEvent * event) override;
 
 private:
@@ -57,8 +56,10 @@ private:
     void LayRows();
     void PaintTimes();
     void CountPainted(qint64 nanoseconds);
+    void slotColorsChanged();
+    void UpdateRows();
 
-    ValueFollower m_gradient;
+    ShadingBar * m_pShadingBar = nullptr; // a child
     LevelColors m_levelColors;
     WaterfallImage m_image;
     FrequencyRange m_imageRange{ 0.0, 1.0 }; // of the rows

@@ -24,6 +24,7 @@ private Q_SLOTS:
 
     void optionsReachEverything();
     void withoutOptions();
+    void markersAreShown();
     void windowTooSmall_data();
     void windowTooSmall();
     void seedReachesTheSimulator();
@@ -96,6 +97,19 @@ void tst_ConsoleRun::withoutOptions()
     QCOMPARE(window->Player().Bins(), 2048);
     // the levels are fitted to the first line
     QTRY_VERIFY(ConsoleValues::Get(ConsolePaths::LevelMin) != -120.0);
+}
+
+void tst_ConsoleRun::markersAreShown()
+{
+    for (bool const wanted : { true, false }) {
+        auto const window = Window();
+        ConsoleRun run(*window, Parse(wanted ? QStringLiteral("--markers --seconds 60")
+                                             : QStringLiteral("--verbose --seconds 60")));
+        QVERIFY(run.Start());
+        for (char const * const path :
+             { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
+            QCOMPARE(ConsoleValues::GetFlag(path), wanted);
+    }
 }
 
 void tst_ConsoleRun::windowTooSmall_data()

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "consolevalues.h"
-#include "levelcolors.h"
+#include "levelgradients.h"
 #include "spectrumengine.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
+
+#include <algorithm>
+#include <cmath>
 
 class tst_ConsoleValues : public QObject
 {
@@ -21,6 +24,12 @@ private Q_SLOTS:
     void levelsAreSetTogether();
     void wholeBandStaysWhole();
     void viewStaysWithinTheBand();
+    void endsFollowCentreAndSpan_data();
+    void endsFollowCentreAndSpan();
+    void centreAndSpanFollowTheEnds_data();
+    void centreAndSpanFollowTheEnds();
+    void endsMoveTogether();
+    void markersStayInTheBand();
     void badBandIsIgnored_data();
     void badBandIsIgnored();
     void unknownPathIsIgnored();
@@ -46,6 +55,11 @@ void tst_ConsoleValues::numbersAreInTheTree_data()
     QTest::newRow("lineRate") << Path(ConsolePaths::LineRate) << 25.0 << 1.0 << 200.0;
     QTest::newRow("speed") << Path(ConsolePaths::Speed) << 1.0 << 0.01 << 100.0;
     QTest::newRow("averaging") << Path(ConsolePaths::Averaging) << 0.0 << 0.0 << 64.0;
+    QTest::newRow("start") << Path(ConsolePaths::Start) << 0.0 << -1e12 << 1e12;
+    QTest::newRow("stop") << Path(ConsolePaths::Stop) << 1.0 << -1e12 << 1e12;
+    QTest::newRow("first marker") << Path(ConsolePaths::Marker1) << 0.0 << -1e12 << 1e12;
+    QTest::newRow("second marker") << Path(ConsolePaths::Marker2) << 0.0 << -1e12 << 1e12;
+    QTest::newRow("level marker") << Path(ConsolePaths::LevelMarker) << -60.0 << -160.0 << 60.0;
 }
 
 void tst_ConsoleValues::numbersAreInTheTree()
@@ -74,12 +88,21 @@ void tst_ConsoleValues::selectionsAreInTheTree()
     QCOMPARE(window->GetCurrentKey(), static_cast<long>(SpectrumEngine::eWindowHann));
     auto * const gradient = Tree::Instance()->FindAs<ValueSelection>(Path(ConsolePaths::Gradient));
     QVERIFY(gradient);
-    QCOMPARE(gradient->GetItemCount(), LevelColors::GradientCount());
+    QCOMPARE(gradient->GetItemCount(), LevelGradients::Count());
     QCOMPARE(gradient->GetCurrentKey(), 0L);
 }
 
 void tst_ConsoleValues::valuesLeaveTheTree()
 {
+    for (char const * const flag :
+         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown }) {
+        ConsoleValues const values;
+        QVERIFY(Tree::Instance()->FindAs<Value<bool>>(Path(flag)));
+        QVERIFY(!ConsoleValues::GetFlag(flag));
+        ConsoleValues::SetFlag(flag, true);
+        QVERIFY(ConsoleValues::GetFlag(flag));
+    }
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::Marker1Shown));
     QStringList const paths{ Path(ConsolePaths::Centre), Path(ConsolePaths::Span), Path(ConsolePaths::LevelMin),
                              Path(ConsolePaths::Bins), Path(ConsolePaths::Window) };
     {
@@ -156,6 +179,101 @@ void tst_ConsoleValues::viewStaysWithinTheBand()
     QCOMPARE(ConsoleValues::Get(ConsolePaths::Span), 1.0);
 }
 
+void tst_ConsoleValues::endsFollowCentreAndSpan_data()
+{
+    QTest::addColumn<double>("centre");
+    QTest::addColumn<double>("span");
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("stop");
+    QTest::newRow("whole band") << 1500.0 << 1000.0 << 1000.0 << 2000.0;
+    QTest::newRow("middle") << 1500.0 << 100.0 << 1450.0 << 1550.0;
+    QTest::newRow("far up") << 1900.0 << 100.0 << 1850.0 << 1950.0;
+    QTest::newRow("held at the end of the band") << 5000.0 << 100.0 << 1900.0 << 2000.0;
+    QTest::newRow("narrowest") << 1200.0 << 0.0 << 1199.5 << 1200.5;
+}
+
+void tst_ConsoleValues::endsFollowCentreAndSpan()
+{
+    QFETCH(double, centre);
+    QFETCH(double, span);
+    ConsoleValues values;
+    values.SetBand({ 1000.0, 1000.0 });
+    ConsoleValues::Set(ConsolePaths::Span, span);
+    ConsoleValues::Set(ConsolePaths::Centre, centre);
+    QTEST(ConsoleValues::Get(ConsolePaths::Start), "start");
+    QTEST(ConsoleValues::Get(ConsolePaths::Stop), "stop");
+}
+
+void tst_ConsoleValues::centreAndSpanFollowTheEnds_data()
+{
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("stop");
+    QTest::addColumn<double>("newStart");
+    QTest::addColumn<double>("newStop");
+    QTest::newRow("narrower") << 1200.0 << 1400.0 << 1200.0 << 1400.0;
+    QTest::newRow("above the range before") << 1800.0 << 1900.0 << 1800.0 << 1900.0;
+    QTest::newRow("below the range before") << 1010.0 << 1020.0 << 1010.0 << 1020.0;
+    QTest::newRow("beyond the band") << 0.0 << 9000.0 << 1000.0 << 2000.0;
+    QTest::newRow("too narrow: the end set last stands") << 1300.0 << 1300.2 << 1299.2 << 1300.2;
+    QTest::newRow("turned round: the end set last stands") << 1700.0 << 1600.0 << 1599.0 << 1600.0;
+    QTest::newRow("narrow at the end of the band") << 2000.0 << 2000.0 << 1999.0 << 2000.0;
+}
+
+void tst_ConsoleValues::centreAndSpanFollowTheEnds()
+{
+    QFETCH(double, start);
+    QFETCH(double, stop);
+    QFETCH(double, newStart);
+    QFETCH(double, newStop);
+    ConsoleValues values;
+    values.SetBand({ 1000.0, 1000.0 });
+    ConsoleValues::Set(ConsolePaths::Span, 100.0);
+    ConsoleValues::Set(ConsolePaths::Centre, 1500.0);
+    ConsoleValues::Set(ConsolePaths::Start, start);
+    ConsoleValues::Set(ConsolePaths::Stop, stop);
+    QTEST(ConsoleValues::Get(ConsolePaths::Start), "newStart");
+    QTEST(ConsoleValues::Get(ConsolePaths::Stop), "newStop");
+    QVERIFY(std::abs(ConsoleValues::Get(ConsolePaths::Centre) - (newStart + newStop) / 2.0) < 1e-9);
+    QVERIFY(std::abs(ConsoleValues::Get(ConsolePaths::Span) - (newStop - newStart)) < 1e-9);
+    // the other order comes to rest too, with the start where it was wanted
+    ConsoleValues::Set(ConsolePaths::Stop, 1700.0);
+    ConsoleValues::Set(ConsolePaths::Start, 1600.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Centre), 1650.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Span), 100.0);
+}
+
+void tst_ConsoleValues::endsMoveTogether()
+{
+    // nobody sees a range that runs downward, whichever way the view moves
+    ConsoleValues values;
+    values.SetBand({ 1000.0, 1000.0 });
+    ConsoleValues::Set(ConsolePaths::Span, 100.0);
+    double least = 1e9;
+    auto const look = [&least] {
+        least = std::min(least, ConsoleValues::Get(ConsolePaths::Stop) - ConsoleValues::Get(ConsolePaths::Start));
+    };
+    ValueFollower start(look);
+    ValueFollower stop(look);
+    start.Bind(Path(ConsolePaths::Start));
+    stop.Bind(Path(ConsolePaths::Stop));
+    for (double const centre : { 1900.0, 1100.0, 1950.0, 1050.0 })
+        ConsoleValues::Set(ConsolePaths::Centre, centre);
+    QVERIFY2(least > 0.0, qPrintable(QString::number(least)));
+}
+
+void tst_ConsoleValues::markersStayInTheBand()
+{
+    ConsoleValues values;
+    values.SetBand({ 1000.0, 1000.0 });
+    ConsoleValues::Set(ConsolePaths::Marker1, 1234.5);
+    ConsoleValues::Set(ConsolePaths::Marker2, 5000.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker1), 1234.5);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker2), 2000.0);
+    values.SetBand({ 1500.0, 100.0 });
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker1), 1500.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker2), 1600.0);
+}
+
 void tst_ConsoleValues::badBandIsIgnored_data()
 {
     QTest::addColumn<double>("start");
@@ -213,6 +331,14 @@ void tst_ConsoleValues::followerHearsOfChanges()
     QCOMPARE(heard, 5);
     QCOMPARE(follower.Key(-1), 0L);
     QCOMPARE(follower.Number(-1.0), -1.0);
+    QVERIFY(follower.Flag(true));
+    QVERIFY(follower.Bind(Path(ConsolePaths::Marker1Shown)));
+    heard = 0;
+    QVERIFY(!follower.Flag(true));
+    follower.SetFlag(true);
+    QCOMPARE(heard, 1);
+    QVERIFY(follower.Flag(false));
+    QVERIFY(ConsoleValues::GetFlag(ConsolePaths::Marker1Shown));
 }
 
 void tst_ConsoleValues::followerLetsGo()
@@ -253,6 +379,8 @@ void tst_ConsoleValues::followerOfNothing()
     QCOMPARE(follower.Key(3), 3L);
     follower.SetNumber(1.0);
     follower.SetKey(1);
+    follower.SetFlag(true);
+    QVERIFY(!follower.Flag(false));
     QVERIFY(!follower.Numeric());
     QVERIFY(!follower.Selection());
 }

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "colorset.h"
 #include "consolewindow.h"
+#include "frequencyaxis.h"
 #include "guibase.h"
+#include "levelgradients.h"
 #include "lineplayer.h"
 #include "panecolors.h"
 #include "panetools.h"
 #include "positionbar.h"
+#include "shadingcolorset.h"
 #include "spectrumpane.h"
 #include "testmain.h"
 #include "waterfallpane.h"
@@ -49,6 +52,7 @@ private Q_SLOTS:
     void colourSetChangeRecolours();
     void fitShowsTheSignal();
     void panesStandOverEachOther();
+    void scalesShareTheRange();
     void smallWindowKeepsItsControls();
     void statusLineTellsTheFigures();
     void closedWindowLeavesNothing();
@@ -180,7 +184,7 @@ void tst_ConsoleWindow::valuesMoveThePanes()
         QCOMPARE(pane->GetLevelMin(), -90.0);
         QCOMPARE(pane->GetLevelMax(), -10.0);
     }
-    QCOMPARE(window->Waterfall().GetGradient(), 2);
+    QCOMPARE(LevelGradients::CurrentSet().GetString(), QString(QLatin1String(LevelGradients::At(2).line)));
 }
 
 void tst_ConsoleWindow::controlsWriteTheValues_data()
@@ -377,6 +381,30 @@ void tst_ConsoleWindow::panesStandOverEachOther()
     QTRY_VERIFY(window->Figures().painted > 0);
     QCOMPARE(window->Spectrum().GetPictureRect().left(), window->Waterfall().GetPictureRect().left());
     QCOMPARE(window->Spectrum().GetPictureRect().width(), window->Waterfall().GetPictureRect().width());
+}
+
+void tst_ConsoleWindow::scalesShareTheRange()
+{
+    auto window = Window();
+    QTRY_VERIFY(window->Figures().painted > 0);
+    window->Player().Stop();
+    ConsoleValues::Set(ConsolePaths::Span, 2000.0);
+    ConsoleValues::Set(ConsolePaths::Centre, ToneSource::Centre + 700.0);
+    window->grab();
+    FrequencyAxis & above = window->Spectrum().GetFrequencyAxis();
+    FrequencyAxis & below = window->Waterfall().GetFrequencyAxis();
+    for (FrequencyAxis * const axis : { &above, &below }) {
+        QCOMPARE(axis->GetStart(), ToneSource::Centre - 300.0);
+        QCOMPARE(axis->GetStop(), ToneSource::Centre + 1700.0);
+        QVERIFY(axis->GetStartValueNumeric() && axis->GetStopValueNumeric());
+    }
+    QCOMPARE(above.GetGridPixels(), below.GetGridPixels());
+    QCOMPARE(above.innerRect().left(), below.innerRect().left());
+    window->Values().SetLevels(-95.0, -5.0);
+    QCOMPARE(window->Spectrum().GetLevelScale().GetStart(), -95.0);
+    QCOMPARE(window->Waterfall().GetLevelScale().GetStart(), -95.0);
+    QCOMPARE(window->Spectrum().GetLevelScale().GetStop(), -5.0);
+    QCOMPARE(window->Waterfall().GetLevelScale().GetStop(), -5.0);
 }
 
 void tst_ConsoleWindow::smallWindowKeepsItsControls()

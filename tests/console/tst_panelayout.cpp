@@ -10,7 +10,7 @@ class tst_PaneLayout : public QObject
 private Q_SLOTS:
     void deviceLength_data();
     void deviceLength();
-    void deviceSizeAndMargins();
+    void deviceSizeAndRect();
     void pictureRect_data();
     void pictureRect();
     void mix_data();
@@ -44,14 +44,14 @@ void tst_PaneLayout::deviceLength()
     QTEST(PaneLayout::ToDevice(length, ratio), "device");
 }
 
-void tst_PaneLayout::deviceSizeAndMargins()
+void tst_PaneLayout::deviceSizeAndRect()
 {
     QCOMPARE(PaneLayout::ToDevice(QSize(3, 5), 2.0), QSize(6, 10));
-    PaneMargins const margins = PaneLayout::ToDevice(PaneMargins{ 1, 2, 3, 4 }, 3.0);
-    QCOMPARE(margins.left, 3);
-    QCOMPARE(margins.top, 6);
-    QCOMPARE(margins.right, 9);
-    QCOMPARE(margins.bottom, 12);
+    QCOMPARE(PaneLayout::ToDevice(QRect(1, 2, 3, 4), 2.0), QRect(2, 4, 6, 8));
+    // neighbours stay neighbours: 0 .. 4.5 and 4.5 .. 9
+    QCOMPARE(PaneLayout::ToDevice(QRect(0, 0, 3, 3), 1.5), QRect(0, 0, 5, 5));
+    QCOMPARE(PaneLayout::ToDevice(QRect(3, 3, 3, 3), 1.5), QRect(5, 5, 4, 4));
+    QVERIFY(PaneLayout::ToDevice(QRect(3, 3, 0, 0), 1.5).isEmpty());
 }
 
 void tst_PaneLayout::pictureRect_data()

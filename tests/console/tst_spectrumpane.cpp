@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
+#include "colorset.h"
+#include "frequencyaxis.h"
+#include "levelaxis.h"
+#include "markertools.h"
 #include "panetools.h"
 #include "spectrumpane.h"
 #include "testmain.h"
-#include "tree.h"
-#include "valuenumeric.h"
 
 #include <QTimerEvent>
 
 #include <cmath>
 #include <set>
 
+using namespace MarkerTools;
 using namespace PaneTools;
 
 class tst_SpectrumPane : public QObject
@@ -26,9 +29,10 @@ private Q_SLOTS:
     void peakIsReadOut();
     void readOutIsTakenFiveTimesASecond();
     void rangeWithoutLineIsEmpty();
-    void labelsStayInThePane_data();
-    void labelsStayInThePane();
-    void labelsAreApart();
+    void gridContinuesTheTics_data();
+    void gridContinuesTheTics();
+    void traceLiesOnTheGrid();
+    void scalesStandAroundThePicture();
     void followsValuesByPath();
     void staysWithoutValues();
     void refusesBadRanges_data();
@@ -39,6 +43,17 @@ private Q_SLOTS:
     void vorPeaksStandAtTheirFrequencies_data();
     void vorPeaksStandAtTheirFrequencies();
     void nullLineIsIgnored();
+    void secondPeakStandsBesideTheFirst();
+    void markersReadOutLevels();
+    void markersCompare();
+    void levelMarkerHasItsFlagBeside();
+    void flagsStayInThePicture_data();
+    void flagsStayInThePicture();
+    void pixelsAndValues_data();
+    void pixelsAndValues();
+    void markerIsDragged_data();
+    void markerIsDragged();
+    void keyboardIsShown();
 };
 
 namespace {
@@ -71,11 +86,48 @@ ValueNumeric<double> * Insert(QString const & name, double start)
     return value;
 }
 
+//! A pane with a peak at 1 kHz and a marker on it; a second one at 3 kHz and one of a level are hidden.
+struct Marked : Pane
+{
+    explicit Marked(bool hasLine = true) : Pane(900, 300)
+    {
+        for (char const * const name : { "m1", "m2", "level" })
+            Tree::Instance()->Remove(QStringLiteral("/test/") + QLatin1String(name));
+        SetFrequencyRange({ 0.0, 4096.0 });
+        SetLevelRange(-100.0, 0.0);
+        Add(eYellowX, true, eSpecialX, QStringLiteral("m1"), 1000.0);
+        Add(eWhiteX, false, eSpecialX, QStringLiteral("m2"), 3000.0);
+        Add(eYellowY, false, eSpecialY, QStringLiteral("level"), -40.0);
+        SetGapMarkerId(eWhiteX, eYellowX);
+        show();
+        if (hasLine)
+            SetLine(PeakLine(4096, 1000, -90.0, -10.0));
+    }
+
+    void Add(EMarkerID id, bool shown, unsigned int special, QString const & name, double start)
+    {
+        Insert(name, start);
+        AddMarker(id, shown, IColorBase::eColorMarker, true, special, name);
+        SetMarker_ValuePath(id, QStringLiteral("/test/") + name);
+    }
+
+    MarkerRulers::Ruler RulerOf(int index)
+    {
+        grab();
+        auto const & rulers = GetRulers();
+        auto const found =
+            std::find_if(rulers.begin(), rulers.end(), [index](auto const & ruler) { return ruler.index == index; });
+        return found != rulers.end() ? *found : MarkerRulers::Ruler{ -1, false, -1, QRect(), {}, {}, {}, false };
+    }
+
+    QStringList Texts(int index) { return RulerOf(index).texts; }
+};
+
 } // namespace
 
 void tst_SpectrumPane::cleanup()
 {
-    for (char const * const name : { "centre", "span", "min", "max" })
+    for (char const * const name : { "start", "stop", "min", "max", "m1", "m2", "level" })
         Tree::Instance()->Remove(QStringLiteral("/test/") + QLatin1String(name));
 }
 
@@ -101,7 +153,7 @@ void tst_SpectrumPane::traceStandsAtItsLevel()
     pane.SetLine(LineOf(0.0, std::vector<double>(64, level)));
     QRect const picture = pane.GetPictureRect();
     QImage const image = Rendered(pane);
-    int const wanted = static_cast<int>(std::lround(part * (picture.height() - 1)));
+    int const wanted = std::min(static_cast<int>(part * picture.height()), picture.height() - 1);
     for (int const column : { 3, picture.width() / 3, picture.width() / 4 })
         QCOMPARE(TraceRow(image, picture, column), wanted);
 }
@@ -152,7 +204,7 @@ void tst_SpectrumPane::peakStandsInItsColumn()
     double const place = static_cast<double>(peak) * picture.width() / bins;
     QVERIFY(std::abs(column - place) <= std::max(1.0, 0.5 * picture.width() / bins + 1.0));
     QImage const image = Rendered(pane);
-    QCOMPARE(*top, static_cast<int>(std::lround(0.1 * (picture.height() - 1))));
+    QCOMPARE(*top, static_cast<int>(0.1 * picture.height()));
     QCOMPARE(image.pixelColor(picture.left() + column, picture.top() + *top), Colors().trace);
 }
 
@@ -199,66 +251,96 @@ void tst_SpectrumPane::rangeWithoutLineIsEmpty()
         QCOMPARE(TraceRow(image, pane.GetPictureRect(), column), -1);
 }
 
-void tst_SpectrumPane::labelsStayInThePane_data()
+void tst_SpectrumPane::gridContinuesTheTics_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<double>("start");
     QTest::addColumn<double>("span");
-    QTest::newRow("large") << QSize(1280, 400) << 868.15e6 << 1.6e6;
-    QTest::newRow("small") << QSize(320, 120) << 868.15e6 << 1.6e6;
-    QTest::newRow("narrow span") << QSize(640, 200) << 1090e6 << 150.0;
-    QTest::newRow("from 0") << QSize(640, 200) << 0.0 << 6000.0;
+    QTest::newRow("large") << QSize(1920, 500) << 868.15e6 << 1.6e6;
+    QTest::newRow("middle") << QSize(1280, 400) << 868.15e6 << 1.6e6;
+    QTest::newRow("small") << QSize(640, 180) << 144.488e6 << 1.024e6;
+    QTest::newRow("least") << QSize(320, 120) << 868.15e6 << 1.6e6;
+    QTest::newRow("narrow span") << QSize(800, 200) << 1090e6 << 150.0;
+    QTest::newRow("from 0") << QSize(800, 200) << 0.0 << 6000.0;
 }
 
-void tst_SpectrumPane::labelsStayInThePane()
+void tst_SpectrumPane::gridContinuesTheTics()
 {
     QFETCH(QSize, size);
     QFETCH(double, start);
     QFETCH(double, span);
     Pane pane(size.width(), size.height());
     pane.SetFrequencyRange({ start, span });
-    QImage const image = Rendered(pane);
-    int texts = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            bool const isText = qGray(image.pixel(x, y)) > 100;
-            texts += isText ? 1 : 0;
-            bool const isEdge = x == 0 || y == 0 || x == image.width() - 1 || y == image.height() - 1;
-            QVERIFY2(!(isText && isEdge), qPrintable(QStringLiteral("%1 %2").arg(x).arg(y)));
-        }
-    }
-    QVERIFY(texts > 100);
-}
-
-void tst_SpectrumPane::labelsAreApart()
-{
-    // below the picture the labels are runs of text; between two of them lies a gap wider than between digits
-    Pane pane(900, 300);
-    pane.SetFrequencyRange({ 144.488e6, 1.024e6 });
+    pane.SetLevelRange(-115.0, -15.0);
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
-    int runs = 0;
-    int blank = 1000;
-    for (int x = 0; x < image.width(); ++x) {
-        bool inked = false;
-        for (int y = picture.bottom() + 8; y < image.height(); ++y)
-            inked = inked || qGray(image.pixel(x, y)) > 100;
-        if (inked && blank >= 8)
-            ++runs;
-        blank = inked ? 0 : blank + 1;
+    std::vector<int> const columns = pane.GetFrequencyAxis().GetGridPixels();
+    std::vector<int> const rows = pane.GetLevelScale().GetGridPixels();
+    QVERIFY(columns.size() >= 4);
+    QVERIFY(rows.size() >= 4);
+    QColor const ink = ColorSet::Instance()[IColorBase::eColorAxisForeground];
+    auto const isAmong = [](std::vector<int> const & pixels, int pixel) {
+        return std::find(pixels.begin(), pixels.end(), pixel) != pixels.end();
+    };
+    int const blankRow = rows.front() + 3;
+    int const blankColumn = columns.front() + 3;
+    for (int x = 0; x < picture.width(); ++x) {
+        bool const isLine = image.pixelColor(picture.left() + x, picture.top() + blankRow) == Colors().grid;
+        QCOMPARE(isLine, isAmong(columns, x));
+        // the tic below stands in the same column
+        QCOMPARE(image.pixelColor(picture.left() + x, picture.bottom() + 5) == ink, isLine);
     }
-    QVERIFY2(runs >= 6 && runs <= 25, qPrintable(QString::number(runs))); // the unit and the labels, each one run
+    for (int y = 0; y < picture.height(); ++y) {
+        bool const isLine = image.pixelColor(picture.left() + blankColumn, picture.top() + y) == Colors().grid;
+        QCOMPARE(isLine, isAmong(rows, y));
+        QCOMPARE(image.pixelColor(picture.left() - 5, picture.top() + y) == ink, isLine);
+    }
+}
+
+void tst_SpectrumPane::traceLiesOnTheGrid()
+{
+    Pane pane(700, 333);
+    pane.SetFrequencyRange({ 0.0, 64.0 });
+    pane.SetLevelRange(-120.0, 0.0);
+    std::vector<int> const rows = pane.GetLevelScale().GetGridPixels(); // each 20 dB
+    pane.grab();
+    QCOMPARE(rows.size(), std::size_t(7));
+    for (int tic = 0; tic <= 6; ++tic) {
+        pane.SetLine(LineOf(0.0, std::vector<double>(64, -20.0 * tic)));
+        QCOMPARE(pane.GetTrace().front(), rows[static_cast<std::size_t>(tic)]);
+    }
+}
+
+void tst_SpectrumPane::scalesStandAroundThePicture()
+{
+    Pane pane(700, 300);
+    QRect const picture = pane.GetPictureRect();
+    QRect const below = pane.GetFrequencyAxis().geometry();
+    QRect const beside = pane.GetLevelScale().geometry();
+    QCOMPARE(below.top(), picture.bottom() + 1);
+    QCOMPARE(below.left(), 0);
+    QCOMPARE(below.right(), pane.width() - 1);
+    QCOMPARE(below.bottom(), pane.height() - 1);
+    QCOMPARE(pane.GetFrequencyAxis().innerRect().left(), picture.left());
+    QCOMPARE(pane.GetFrequencyAxis().innerRect().right(), picture.right());
+    QCOMPARE(beside.right(), picture.left() - 1);
+    QCOMPARE(pane.GetLevelScale().innerRect().top(), picture.top());
+    QCOMPARE(pane.GetLevelScale().innerRect().bottom(), picture.bottom());
+    for (ScaleAxis * const axis : { static_cast<ScaleAxis *>(&pane.GetFrequencyAxis()), &pane.GetLevelScale() }) {
+        for (QRect const & label : axis->GetLabelRects())
+            QVERIFY(axis->rect().contains(label));
+    }
 }
 
 void tst_SpectrumPane::followsValuesByPath()
 {
     Pane pane(600, 300);
-    ValueNumeric<double> * const centre = Insert(QStringLiteral("centre"), 1000.0);
-    ValueNumeric<double> * const span = Insert(QStringLiteral("span"), 100.0);
+    ValueNumeric<double> * const start = Insert(QStringLiteral("start"), 950.0);
+    ValueNumeric<double> * const stop = Insert(QStringLiteral("stop"), 1050.0);
     ValueNumeric<double> * const min = Insert(QStringLiteral("min"), -90.0);
     ValueNumeric<double> * const max = Insert(QStringLiteral("max"), -10.0);
-    QVERIFY(pane.SetCentre_ValuePath(QStringLiteral("/test/centre")));
-    QVERIFY(pane.SetSpan_ValuePath(QStringLiteral("/test/span")));
+    QVERIFY(pane.SetStart_ValuePath(QStringLiteral("/test/start")));
+    QVERIFY(pane.SetStop_ValuePath(QStringLiteral("/test/stop")));
     QVERIFY(pane.SetLevelMin_ValuePath(QStringLiteral("/test/min")));
     QVERIFY(pane.SetLevelMax_ValuePath(QStringLiteral("/test/max")));
     QCOMPARE(pane.GetFrequencyRange().start, 950.0);
@@ -266,11 +348,16 @@ void tst_SpectrumPane::followsValuesByPath()
     QCOMPARE(pane.GetLevelMin(), -90.0);
     QCOMPARE(pane.GetLevelMax(), -10.0);
     QImage const before = Rendered(pane);
-    centre->SetValue(2000.0, nullptr);
-    QCOMPARE(pane.GetFrequencyRange().start, 1950.0);
+    start->SetValue(1000.0, nullptr);
+    QCOMPARE(pane.GetFrequencyRange().start, 1000.0);
+    QCOMPARE(pane.GetFrequencyRange().span, 50.0);
     QVERIFY(Rendered(pane) != before);
-    span->SetValue(40.0, nullptr);
-    QCOMPARE(pane.GetFrequencyRange().start, 1980.0);
+    stop->SetValue(1200.0, nullptr);
+    QCOMPARE(pane.GetFrequencyRange().span, 200.0);
+    start->SetValue(1300.0, nullptr); // above the stop: no range
+    QCOMPARE(pane.GetFrequencyRange().start, 1000.0);
+    stop->SetValue(1400.0, nullptr);
+    QCOMPARE(pane.GetFrequencyRange().start, 1300.0);
     min->SetValue(-80.0, nullptr);
     QCOMPARE(pane.GetLevelMin(), -80.0);
     max->SetValue(0.0, nullptr);
@@ -287,8 +374,8 @@ void tst_SpectrumPane::staysWithoutValues()
 {
     Pane pane(600, 300);
     pane.SetLevelRange(-77.0, -7.0);
-    QVERIFY(!pane.SetCentre_ValuePath(QString()));
-    QVERIFY(!pane.SetSpan_ValuePath(QStringLiteral("/no/such/path")));
+    QVERIFY(!pane.SetStart_ValuePath(QString()));
+    QVERIFY(!pane.SetStop_ValuePath(QStringLiteral("/no/such/path")));
     QVERIFY(!pane.SetLevelMin_ValuePath(QStringLiteral("/no/such/path")));
     QVERIFY(!pane.SetLevelMax_ValuePath(QString()));
     QCOMPARE(pane.GetLevelMin(), -77.0);
@@ -320,6 +407,11 @@ void tst_SpectrumPane::refusesBadRanges()
     QCOMPARE(pane.GetFrequencyRange().span, 10.0);
     QCOMPARE(pane.GetLevelMin(), -50.0);
     QCOMPARE(pane.GetLevelMax(), -20.0);
+    // the scales show what the pane does
+    QCOMPARE(pane.GetFrequencyAxis().GetStart(), 5.0);
+    QCOMPARE(pane.GetFrequencyAxis().GetStop(), 15.0);
+    QCOMPARE(pane.GetLevelScale().GetStart(), -50.0);
+    QCOMPARE(pane.GetLevelScale().GetStop(), -20.0);
 }
 
 void tst_SpectrumPane::coloursAreTaken()
@@ -334,8 +426,7 @@ void tst_SpectrumPane::coloursAreTaken()
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
     QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + 3), other.ground);
-    int const middle = static_cast<int>(std::lround(0.5 * (picture.height() - 1)));
-    QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + middle), other.trace);
+    QCOMPARE(image.pixelColor(picture.left() + 5, picture.top() + picture.height() / 2), other.trace);
 }
 
 void tst_SpectrumPane::tinyPaneSurvives_data()
@@ -413,6 +504,192 @@ void tst_SpectrumPane::nullLineIsIgnored()
     Pane pane(600, 300);
     pane.SetLine(nullptr);
     QVERIFY(!std::isfinite(pane.GetPeak().level));
+}
+
+void tst_SpectrumPane::secondPeakStandsBesideTheFirst()
+{
+    Pane pane(600, 300);
+    pane.SetFrequencyRange({ 0.0, 4096.0 });
+    std::vector<double> levels(4096, -90.0);
+    levels[1000] = -10.0;
+    levels[1010] = -12.0;
+    levels[3000] = -30.0;
+    pane.SetLine(LineOf(0.0, levels));
+    SpectrumPane::Peak const far = pane.FindPeakBeside(1000.0, 100.0);
+    QCOMPARE(far.frequency, 3000.0);
+    QCOMPARE(far.level, -30.0);
+    QCOMPARE(pane.FindPeakBeside(1000.0, 5.0).frequency, 1010.0);
+    QVERIFY(std::isnan(pane.FindPeakBeside(1000.0, 1e6).level));
+    Pane empty(600, 300);
+    QVERIFY(std::isnan(empty.FindPeakBeside(0.0, 0.0).level));
+}
+
+void tst_SpectrumPane::markersReadOutLevels()
+{
+    Marked pane;
+    QCOMPARE(pane.Texts(eYellowX), (QStringList{ QStringLiteral("m1 1.000 kHz  -10.0 dBFS") }));
+    // the read-out rests until the next one is due, and follows the marker at once
+    pane.SetLine(PeakLine(4096, 1000, -90.0, -20.0));
+    QCOMPARE(pane.Texts(eYellowX), (QStringList{ QStringLiteral("m1 1.000 kHz  -10.0 dBFS") }));
+    ValueOf(QStringLiteral("m1"))->SetValue(2500.0, nullptr);
+    QCOMPARE(pane.Texts(eYellowX), (QStringList{ QStringLiteral("m1 2.500 kHz  -90.0 dBFS") }));
+    QTimerEvent tick(pane.GetPeakTimerId());
+    QCoreApplication::sendEvent(&pane, &tick);
+    pane.SetLine(PeakLine(4096, 2500, -90.0, -33.0));
+    QCOMPARE(pane.Texts(eYellowX), (QStringList{ QStringLiteral("m1 2.500 kHz  -33.0 dBFS") }));
+    // without a line there is no level
+    Marked fresh(false);
+    QCOMPARE(fresh.Texts(eYellowX), (QStringList{ QStringLiteral("m1 1.000 kHz") }));
+}
+
+void tst_SpectrumPane::markersCompare()
+{
+    Marked pane;
+    pane.SetShowMarker(eWhiteX, true);
+    QString const delta = QStringLiteral("\u0394 ");
+    QCOMPARE(pane.Texts(eWhiteX), (QStringList{ QStringLiteral("m2 3.000 kHz  -90.0 dBFS"),
+                                                delta + QStringLiteral("+2.000 kHz  -80.0 dB") }));
+    ValueOf(QStringLiteral("m2"))->SetValue(500.0, nullptr);
+    QCOMPARE(pane.Texts(eWhiteX).value(1), delta + QStringLiteral("-500 Hz  -80.0 dB"));
+    ValueOf(QStringLiteral("m1"))->SetValue(500.0, nullptr);
+    QCOMPARE(pane.Texts(eWhiteX).value(1), delta + QStringLiteral("+0 Hz  +0.0 dB"));
+    pane.SetShowMarker(eYellowX, false);
+    QCOMPARE(pane.Texts(eWhiteX).size(), 1);
+}
+
+void tst_SpectrumPane::levelMarkerHasItsFlagBeside()
+{
+    Marked pane;
+    pane.SetShowMarker(eYellowY, true);
+    QCOMPARE(pane.Texts(eYellowY), (QStringList{ QStringLiteral("level"), QStringLiteral("-40.0 dBFS") }));
+    for (double const level : { -40.0, 0.0, -100.0 }) {
+        ValueOf(QStringLiteral("level"))->SetValue(level, nullptr);
+        MarkerRulers::Ruler const ruler = pane.RulerOf(eYellowY);
+        QVERIFY(ruler.flag.isValid());
+        QVERIFY(ruler.flag.left() > pane.GetPictureRect().right());
+        QVERIFY(pane.rect().contains(ruler.flag));
+    }
+    // the line lies where a trace of that level does
+    ValueOf(QStringLiteral("level"))->SetValue(-25.0, nullptr);
+    pane.SetLine(LineOf(0.0, std::vector<double>(4096, -25.0)));
+    QCOMPARE(pane.RulerOf(eYellowY).line, pane.GetPictureRect().top() + pane.GetTrace().front());
+}
+
+void tst_SpectrumPane::flagsStayInThePicture_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("of 640 x 480") << QSize(640, 150);
+    QTest::newRow("of 800 x 600") << QSize(800, 200);
+    QTest::newRow("of 1280 x 800") << QSize(1280, 280);
+    QTest::newRow("of 1920 x 1080") << QSize(1920, 400);
+}
+
+void tst_SpectrumPane::flagsStayInThePicture()
+{
+    QFETCH(QSize, size);
+    Marked pane;
+    pane.resize(size);
+    pane.SetShowMarker(eWhiteX, true);
+    pane.SetShowMarker(eYellowY, true);
+    for (double const first : { 0.0, 10.0, 2048.0, 4090.0, 4096.0 }) {
+        for (double const second : { 0.0, 2047.0, 4096.0 }) {
+            ValueOf(QStringLiteral("m1"))->SetValue(first, nullptr);
+            ValueOf(QStringLiteral("m2"))->SetValue(second, nullptr);
+            pane.grab();
+            QCOMPARE(pane.GetRulers().size(), std::size_t(3));
+            for (MarkerRulers::Ruler const & ruler : pane.GetRulers()) {
+                QVERIFY(ruler.flag.isValid());
+                QVERIFY(ruler.level || pane.GetPictureRect().contains(ruler.flag));
+                for (MarkerRulers::Ruler const & other : pane.GetRulers())
+                    QVERIFY(other.index == ruler.index || !other.flag.intersects(ruler.flag));
+            }
+        }
+    }
+}
+
+void tst_SpectrumPane::pixelsAndValues_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("pixel"); // from the edge of the picture
+    QTest::newRow("start") << int(eMarkerX) << 0.0 << 0;
+    QTest::newRow("half") << int(eMarkerX) << 2048.0 << -1000;
+    QTest::newRow("stop") << int(eMarkerX) << 4096.0 << -1;
+    QTest::newRow("below the start") << int(eMarkerX) << -1.0 << -2000;
+    QTest::newRow("top") << int(eMarkerY) << 0.0 << 0;
+    QTest::newRow("bottom") << int(eMarkerY) << -100.0 << -1;
+    QTest::newRow("above the top") << int(eMarkerY) << 1.0 << -2000;
+    QTest::newRow("NaN") << int(eMarkerX) << qQNaN() << -2000;
+}
+
+void tst_SpectrumPane::pixelsAndValues()
+{
+    QFETCH(int, direction);
+    QFETCH(double, value);
+    QFETCH(int, pixel);
+    Marked pane;
+    QRect const picture = pane.GetPictureRect();
+    int const first = direction == eMarkerX ? picture.left() : picture.top();
+    int const length = direction == eMarkerX ? picture.width() : picture.height();
+    int const wanted = pixel == -2000   ? -1
+                       : pixel == -1000 ? first + length / 2
+                       : pixel == -1    ? first + length - 1
+                                        : first + pixel;
+    QCOMPARE(pane.ValueToPixel(direction, value), wanted);
+    if (wanted < 0)
+        return;
+    // the value in the middle of a pixel has that pixel
+    for (int step = 0; step < length; ++step)
+        QCOMPARE(pane.ValueToPixel(direction, pane.PixelToValue(direction, first + step)), first + step);
+    double start = 0.0;
+    double stop = 0.0;
+    pane.GetCurrentStartStop(direction, start, stop);
+    QCOMPARE(start, direction == eMarkerX ? 0.0 : -100.0);
+    QCOMPARE(stop, direction == eMarkerX ? 4096.0 : 0.0);
+}
+
+void tst_SpectrumPane::markerIsDragged_data()
+{
+    QTest::addColumn<bool>("level");
+    QTest::newRow("a frequency") << false;
+    QTest::newRow("a level") << true;
+}
+
+void tst_SpectrumPane::markerIsDragged()
+{
+    QFETCH(bool, level);
+    Marked pane;
+    GuiBase::Instance().UndoStack()->clear();
+    int const index = level ? int(eYellowY) : int(eYellowX);
+    pane.SetShowMarker(index, true);
+    int const direction = level ? eMarkerY : eMarkerX;
+    int const place = pane.ValueToPixel(direction, pane.GetMarkerValue(index));
+    pane.grab();
+    QPoint const from = level ? QPoint(pane.width() / 2, place) : QPoint(place, pane.height() / 2);
+    QPoint const to = from + (level ? QPoint(7, 40) : QPoint(90, 7));
+    Move(pane, from, false);
+    QCOMPARE(int(pane.cursor().shape()), int(level ? Qt::SizeVerCursor : Qt::SizeHorCursor));
+    Drag(pane, from, to);
+    ValueNumeric<double> const * const value = ValueOf(level ? QStringLiteral("level") : QStringLiteral("m1"));
+    QCOMPARE(pane.ValueToPixel(direction, value->GetValue()), level ? to.y() : to.x());
+    QCOMPARE(UndoCount(), 1);
+    QCOMPARE(pane.RulerOf(index).line, level ? to.y() : to.x());
+}
+
+void tst_SpectrumPane::keyboardIsShown()
+{
+    Marked pane;
+    pane.clearFocus();
+    QCOMPARE(int(pane.focusPolicy()), int(Qt::StrongFocus));
+    QImage const before = Rendered(pane);
+    pane.activateWindow();
+    pane.setFocus();
+    QTRY_VERIFY(pane.hasFocus());
+    QVERIFY(Rendered(pane) != before);
+    double const value = ValueOf(QStringLiteral("m1"))->GetValue();
+    QTest::keyClick(&pane, Qt::Key_Right);
+    QCOMPARE(pane.ValueToPixel(eMarkerX, ValueOf(QStringLiteral("m1"))->GetValue()),
+             pane.ValueToPixel(eMarkerX, value) + 1);
 }
 
 ORIM_TEST_MAIN(tst_SpectrumPane)

@@ -55,13 +55,14 @@ void tst_TraceRaster::findsTheRowOfALevel_data()
     QTest::addColumn<double>("level");
     QTest::addColumn<int>("row");
     QTest::newRow("top") << 0.0 << 0;
-    QTest::newRow("bottom") << -100.0 << 100;
+    QTest::newRow("bottom") << -100.0 << 99;
     QTest::newRow("middle") << -50.0 << 50;
-    QTest::newRow("rounds to the nearer row") << -50.6 << 51;
+    QTest::newRow("lower edge of a row") << -50.99 << 50;
+    QTest::newRow("above the bottom") << -99.5 << 99;
     QTest::newRow("above the top is held") << 20.0 << 0;
-    QTest::newRow("below the bottom is held") << -500.0 << 100;
+    QTest::newRow("below the bottom is held") << -500.0 << 99;
     QTest::newRow("infinite") << qInf() << 0;
-    QTest::newRow("minus infinite") << -qInf() << 100;
+    QTest::newRow("minus infinite") << -qInf() << 99;
     QTest::newRow("NaN has no row") << qQNaN() << -1;
 }
 
@@ -69,9 +70,9 @@ void tst_TraceRaster::findsTheRowOfALevel()
 {
     QFETCH(double, level);
     QFETCH(int, row);
-    QCOMPARE(TraceRaster::RowOf({ -100.0, 0.0, 101 }, level), row);
+    QCOMPARE(TraceRaster::RowOf({ -100.0, 0.0, 100 }, level), row);
     std::vector<int> rows;
-    TraceRaster::RowsOf({ -100.0, 0.0, 101 }, { level, -1.0 }, rows);
+    TraceRaster::RowsOf({ -100.0, 0.0, 100 }, { level, -1.0 }, rows);
     QCOMPARE(rows, (std::vector<int>{ row, 1 }));
 }
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "framestats.h"
-#include "levelcolors.h"
+#include "levelgradients.h"
+#include "markertools.h"
 #include "panetools.h"
+#include "shadingbar.h"
 #include "testmain.h"
-#include "tree.h"
-#include "valuenumeric.h"
-#include "valueselection.h"
 #include "waterfallpane.h"
 
 #include <QCryptographicHash>
@@ -29,7 +28,8 @@ private Q_SLOTS:
     void levelsTakeTheColoursOfTheGradient();
     void rangeChangeRecolours();
     void gradientChangeRecolours();
-    void gradientFollowsItsValue();
+    void rowsAndBarShowOneSet();
+    void markersCrossTheRows();
     void frequencyChangeMovesTheRows();
     void columnsStandUnderTheirFrequency();
     void resizeKeepsTheRows();
@@ -59,8 +59,8 @@ struct Pane : WaterfallPane
 //! Index of the gradient from black to white.
 int GreyGradient()
 {
-    for (int index = 0; index < LevelColors::GradientCount(); ++index) {
-        if (QLatin1String(LevelColors::GradientAt(index).key) == QLatin1String("grey"))
+    for (int index = 0; index < LevelGradients::Count(); ++index) {
+        if (QLatin1String(LevelGradients::At(index).key) == QLatin1String("grey"))
             return index;
     }
     return -1;
@@ -71,7 +71,7 @@ struct GreyPane : Pane
 {
     GreyPane(int width, int height) : Pane(width, height)
     {
-        SetGradient(GreyGradient());
+        LevelGradients::Choose(GreyGradient());
         SetLevelRange(-100.0, 0.0);
         SetFrequencyRange({ 0.0, 64.0 });
     }
@@ -89,7 +89,11 @@ int Grey(double level) { return static_cast<int>(std::lround(255.0 * (level + 10
 
 } // namespace
 
-void tst_WaterfallPane::cleanup() { Tree::Instance()->Remove(QStringLiteral("/test/gradient")); }
+void tst_WaterfallPane::cleanup()
+{
+    Tree::Instance()->Remove(QStringLiteral("/test/m1"));
+    LevelGradients::Choose(0);
+}
 
 void tst_WaterfallPane::newestLineIsOnTop()
 {
@@ -138,31 +142,58 @@ void tst_WaterfallPane::gradientChangeRecolours()
     GreyPane pane(400, 200);
     pane.AppendLines({ Flat(-30.0) });
     QColor const grey = At(pane, 5, 0);
-    pane.SetGradient(0);
+    LevelGradients::Choose(0);
     QVERIFY(At(pane, 5, 0) != grey);
-    pane.SetGradient(-1);
-    QCOMPARE(pane.GetGradient(), 0);
-    pane.SetGradient(LevelColors::GradientCount());
-    QCOMPARE(pane.GetGradient(), 0);
-    pane.SetGradient(GreyGradient());
+    LevelGradients::Choose(GreyGradient());
     QCOMPARE(At(pane, 5, 0), grey);
 }
 
-void tst_WaterfallPane::gradientFollowsItsValue()
+void tst_WaterfallPane::rowsAndBarShowOneSet()
 {
-    GreyPane pane(400, 200);
-    auto * const selection = new ValueSelection(QStringLiteral("gradient"));
-    for (int index = 0; index < LevelColors::GradientCount(); ++index)
-        selection->AddItem(SelectionItem(QString::number(index), index, index));
-    selection->Select(1L, nullptr);
-    QVERIFY(Tree::Instance()->Insert(QStringLiteral("/test"), selection));
-    QVERIFY(pane.SetGradient_ValuePath(QStringLiteral("/test/gradient")));
-    QCOMPARE(pane.GetGradient(), 1);
-    selection->Select(2L, nullptr);
-    QCOMPARE(pane.GetGradient(), 2);
-    Tree::Instance()->Remove(QStringLiteral("/test/gradient"));
-    QCOMPARE(pane.GetGradient(), 2);
-    QVERIFY(!pane.SetGradient_ValuePath(QStringLiteral("/test/gradient")));
+    GreyPane pane(500, 300);
+    for (int index = 0; index < LevelGradients::Count(); ++index) {
+        LevelGradients::Choose(index);
+        QImage image = Rendered(pane);
+        QRect const picture = pane.GetPictureRect();
+        QRect const bar = pane.GetShadingBar().GetBarRect().translated(pane.GetShadingBar().geometry().topLeft());
+        QCOMPARE(bar.top(), picture.top());
+        QCOMPARE(bar.height(), picture.height());
+        for (int row = 0; row < bar.height(); row += 7) {
+            double const level = -100.0 * row / (bar.height() - 1);
+            pane.Clear();
+            pane.AppendLines({ Flat(level) });
+            QColor const shown = At(pane, 5, 0);
+            QColor const keyed = image.pixelColor(bar.center().x(), bar.top() + row);
+            QVERIFY2(std::abs(shown.red() - keyed.red()) <= 1 && std::abs(shown.green() - keyed.green()) <= 1 &&
+                         std::abs(shown.blue() - keyed.blue()) <= 1,
+                     qPrintable(QStringLiteral("%1 %2").arg(shown.name(), keyed.name())));
+        }
+    }
+    QCOMPARE(pane.GetShadingBar().GetStart(), -100.0);
+    QCOMPARE(pane.GetShadingBar().GetStop(), 0.0);
+}
+
+void tst_WaterfallPane::markersCrossTheRows()
+{
+    GreyPane pane(500, 300);
+    pane.SetFrequencyRange({ 0.0, 400.0 });
+    auto * const value = new ValueNumeric<double>(QStringLiteral("m1"));
+    value->SetValue(100.0, nullptr);
+    Tree::Instance()->Insert(QStringLiteral("/test"), value);
+    QColor const ink =
+        pane.AddMarker(eYellowX, true, IColorBase::eColorResult, true, eSpecialX, QStringLiteral("m1"))->GetQColor();
+    pane.SetMarker_ValuePath(eYellowX, QStringLiteral("/test/m1"));
+    pane.show();
+    QRect const picture = pane.GetPictureRect();
+    int const column = picture.left() + picture.width() / 4;
+    QImage image = Rendered(pane);
+    for (int y = picture.top(); y <= picture.bottom(); ++y)
+        QCOMPARE(image.pixelColor(column, y), ink);
+    QCOMPARE(pane.GetRulers().front().texts, QStringList{ QStringLiteral("m1") });
+    QCOMPARE(pane.ValueToPixel(eMarkerY, -50.0), -1); // levels have no rows here
+    QCOMPARE(pane.PixelToValue(eMarkerY, 5), -1.0);
+    MarkerTools::Drag(pane, { column, 100 }, { column + 60, 120 });
+    QCOMPARE(pane.ValueToPixel(eMarkerX, value->GetValue()), column + 60);
 }
 
 void tst_WaterfallPane::frequencyChangeMovesTheRows()
@@ -270,7 +301,7 @@ void tst_WaterfallPane::timesAreLabelled()
         tics += image.pixelColor(picture.left() - 1, picture.top() + row) == Colors().text ? 1 : 0;
     QVERIFY(tics >= 2);
     QCOMPARE(image.pixelColor(picture.left() - 1, picture.top() + 49), Colors().text);
-    for (int y = 0; y < image.height(); ++y)
+    for (int y = picture.top(); y <= picture.bottom(); ++y)
         QVERIFY(qGray(image.pixel(0, y)) < 100);
 }
 

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_CONSOLEMARKERS_H
+#define ORIM_CONSOLEMARKERS_H
+
+#include "marker.h"
+#include "valuefollower.h"
+
+#include <QObject>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+class MarkerList;
+class SpectrumPane;
+class WaterfallPane;
+
+//! The markers of the console: two of a frequency, which stand in both panes and on their scales, and one of a level.
+//! Each is one value of the tree, and a flag tells whether it is shown. A marker that is shown for the first time, or
+//! that stands out of view, is placed on the highest signal in view.
+class ConsoleMarkers : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr EMarkerID First = eYellowX;
+    static constexpr EMarkerID Second = eWhiteX; // compared with the first
+    static constexpr EMarkerID Level = eYellowY;
+
+    //! \param spectrum, waterfall  borrowed: must outlive this.
+    ConsoleMarkers(SpectrumPane & spectrum, WaterfallPane & waterfall, QObject * parent = nullptr);
+    ~ConsoleMarkers() override;
+
+    //! To be called when the spectrum shows a line: places what was shown before there was a signal.
+    void slotLineShown();
+
+private:
+    static constexpr std::size_t Count = 3;
+
+    void AddTo(MarkerList & list, bool levels);
+    void Show(std::size_t row, bool on);
+    void Place(std::size_t row);
+    bool IsInView(std::size_t row) const;
+    void slotState(MarkerList * sender, QString const & path, EMarkerState state, bool value);
+
+    SpectrumPane & m_spectrum;
+    std::vector<MarkerList *> m_lists; // borrowed
+    std::vector<std::unique_ptr<ValueFollower>> m_shown;
+    std::array<bool, Count> m_placed{};
+};
+
+#endif

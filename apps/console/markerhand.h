@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#ifndef ORIM_MARKERHAND_H
+#define ORIM_MARKERHAND_H
+
+#include <QPoint>
+
+class MarkerList;
+class QKeyEvent;
+class QMouseEvent;
+
+//! The operator's hand on the markers of a pane. The mouse takes a marker by its line or its flag and drags it; arrow
+//! keys step the current one by a pixel, with Shift by ten; M makes the next one current. While a marker is held its
+//! moving value is written; letting go makes that the value, as one step of undo.
+class MarkerHand
+{
+public:
+    static constexpr int Reach = 5; // px, to either side of a line
+
+    //! \param list  borrowed: owns this.
+    explicit MarkerHand(MarkerList & list) : m_list(list) {}
+
+    //! Index of the marker that can be taken at a place: the one whose line is nearest; -1 for none.
+    int Under(QPoint at) const;
+
+    //! Index of the marker that is held, by the mouse or by a key; -1 for none.
+    int Held() const { return m_held; }
+
+    //! Each tells whether the event was for a marker.
+    bool Press(QMouseEvent const * event);
+    bool Move(QMouseEvent const * event); //!< shows by the pointer whether a marker can be dragged
+    bool Release(QMouseEvent const * event);
+    bool KeyPress(QKeyEvent const * event);
+    bool KeyRelease(QKeyEvent const * event);
+    //! Lets go of what is held.
+    void LetGo();
+
+private:
+    bool IsLevel(int index) const;
+    void ShowPointer(QPoint at);
+    void DragTo(QPoint at);
+    void Cancel();
+    void MakeCurrent(int index);
+    void MakeNextCurrent();
+    int ToStep(bool level);
+
+    MarkerList & m_list;
+    int m_held = -1;
+    bool m_byMouse = false;
+    int m_grip = 0;        // px, from the pointer to the line
+    double m_before = 0.0; // value when it was taken
+};
+
+#endif

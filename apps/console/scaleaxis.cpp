@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+#include "scaleaxis.h"
+
+#include "panelayout.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+
+namespace {
+
+constexpr int FixedSide = 36; // px, as all below
+constexpr int TicLength = 5;
+constexpr int MinorTicLength = 3;
+constexpr int LabelDistance = 3;
+constexpr int LabelGap = 10;
+constexpr int LabelGapVertical = 3;
+constexpr int MarkDepth = 7;
+constexpr int MarkHalfWidth = 5;
+
+} // namespace
+
+ScaleAxis::ScaleAxis(QWidget * parent, char const * name, unsigned int type, ScaleStrip::ELineSide side)
+    : AxisBase(parent, name, type, FixedSide, TicLength, -1)
+    , m_side(side)
+    , m_hand(*this)
+{
+    setFocusPolicy(Qt::ClickFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_strip.SetLabelText([this](double value, double) {
+        QString text;
+        BuildFormatString(text, value * m_displayFactor, nullptr);
+        return text.trimmed();
+    });
+    connect(this, &AxisBase::signalRangeChanged, this, qOverload<>(&QWidget::update));
+}
+
+ScaleAxis::~ScaleAxis() = default;
+
+void ScaleAxis::SetPictureSpan(int first, int length)
+{
+    if (first == m_first && length == m_length)
+        return;
+    m_first = first;
+    m_length = length;
+    RepairDrawing();
+}
+
+QRect ScaleAxis::innerRect() const
+{
+    int const length = m_length > 0 ? m_length : 0;
+    return RunsUp() ? QRect(0, m_first, width(), length) : QRect(m_first, 0, length, height());
+}
+
+std::vector<int> ScaleAxis::GetGridPixels()
+{
+    UpdateStrip();
+    return m_length > 0 ? m_strip.GetMajorPixels() : std::vector<int>();
+}
+
+std::vector<QRect> ScaleAxis::GetLabelRects()
+{
+    UpdateStrip();
+    double const ratio = devicePixelRatioF();
+    QRect const scale = ScaleRect();
+    std::vector<QRect> rects = m_strip.GetLabelRects();
+    for (QRect & rect : rects)
+        rect.translate(PaneLayout::ToDevice(scale.left(), ratio), PaneLayout::ToDevice(scale.top(), ratio));
+    if (!UnitRect().isNull())
+        rects.push_back(PaneLayout::ToDevice(UnitRect(), ratio));
+    return rects;
+}
+
+bool ScaleAxis::bMustRebuildPixMap()
+{
+    double const ratio = devicePixelRatioF();
+    return !m_pPixmap || m_drawnStart != m_start || m_drawnStop != m_stop || m_drawnHeight != height() ||
+           m_pPixmap->devicePixelRatio() != ratio || m_pPixmap->size() != size() * ratio;
+}
+
+void ScaleAxis::RepairDrawing()
+{
+    SetMustRecalcRulers(true);
+    m_strip.InvalidateLabels();
+    AxisBase::RepairDrawing();
+}
+
+ScaleStrip::Look ScaleAxis::Look() const
+{
+    ScaleStrip::Look look;
+    look.orientation = RunsUp() ? Qt::Vertical : Qt::Horizontal;
+    look.lineSide = m_side;
+    look.font = font();
+    look.background = m_bgBrush.color();
+    look.line = m_textPen.color();
+    look.text = m_textPen.color();
+    look.ticLength = TicLength;
+    look.minorTicLength = MinorTicLength;
+    look.textDistance = LabelDistance;
+    look.labelGap = RunsUp() ? LabelGapVertical : LabelGap;
+    return look;
+}
+
+ScaleTics ScaleAxis::Tics() const
+{
+    ScaleTics tics;
+    tics.start = m_calcStart;
+    tics.stop = m_calcStop;
+    tics.firstTic = m_firstTic;
+    tics.ticStep = m_ticStep;
+    tics.ticOffset = m_ticOffset;
+    tics.ticCount = m_ticCount;
+    tics.minorTics = m_minorTics;
+    return tics;
+}
+
+void ScaleAxis::UpdateStrip()
+{
+    m_strip.SetLook(Look());
+    m_strip.SetUnit(UnitRect().isNull() ? GetPureUnitText() : QString());
+    m_strip.SetTics(Tics());
+    m_strip.SetOrigin(m_first);
+    m_strip.SetView(ScaleRect(), devicePixelRatioF());
+}
+
+void ScaleAxis::BuildPixMap()
+{
+    double const ratio = devicePixelRatioF();
+    m_pPixmap = std::make_unique<QPixmap>(size() * ratio);
+    m_pPixmap->setDevicePixelRatio(ratio);
+    if (!m_pPixmap->isNull()) {
+        QPainter painter(m_pPixmap.get());
+        drawBackground(painter);
+        if (m_length > 0) {
+            UpdateStrip();
+            m_strip.Paint(painter, ScaleRect());
+            painter.setFont(font());
+            painter.setPen(m_textPen);
+            if (!UnitRect().isNull())
+                painter.drawText(UnitRect(), Qt::AlignCenter | Qt::TextDontClip, GetPureUnitText());
+            PaintBeside(painter);
+        }
+    }
+    m_drawnStart = m_start;
+    m_drawnStop = m_stop;
+    m_drawnHeight = height();
+    SetMustRecalcRulers(true);
+}
+
+void ScaleAxis::PaintBeside(QPainter & painter) { Q_UNUSED(painter) }
+
+void ScaleAxis::paintEvent(QPaintEvent * event)
+{
+    Q_UNUSED(event)
+    if (!m_drawEnabled)
+        return;
+    if (bMustRebuildPixMap())
+        BuildPixMap();
+    if (GetMustRecalcRulers())
+        LayMarks();
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, *m_pPixmap);
+    PaintMarks(painter);
+    painter.end();
+    Q_EMIT AxisRepainted();
+}
+
+//! Each marker learns the line across the axis by which it can be taken.
+void ScaleAxis::LayMarks()
+{
+    QRect const inner = innerRect();
+    for (Marker * const marker : GetShownMarkers()) {
+        int const pixel = ValueToPixel(marker->GetValue());
+        marker->SetPixel(pixel);
+        QRect const line =
+            RunsUp() ? QRect(inner.left(), pixel, inner.width(), 1) : QRect(pixel, inner.top(), 1, inner.height());
+        marker->SetRulerRect(pixel < 0 ? QRect() : line);
+    }
+    SetMustRecalcRulers(false);
+}
+
+//! A triangle that points at the picture.
+QPolygonF ScaleAxis::MarkAt(QRect const & line) const
+{
+    QRectF const scale = ScaleRect();
+    bool const near = m_side == ScaleStrip::eLineAtNearEdge;
+    if (!RunsUp()) {
+        double const x = line.left() + 0.5;
+        double const tip = near ? scale.top() : scale.bottom();
+        double const base = near ? tip + MarkDepth : tip - MarkDepth;
+        return QPolygonF({ { x, tip }, { x - MarkHalfWidth, base }, { x + MarkHalfWidth, base } });
+    }
+    double const y = line.top() + 0.5;
+    double const tip = near ? scale.left() : scale.right();
+    double const base = near ? tip + MarkDepth : tip - MarkDepth;
+    return QPolygonF({ { tip, y }, { base, y - MarkHalfWidth }, { base, y + MarkHalfWidth } });
+}
+
+void ScaleAxis::PaintMarks(QPainter & painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (Marker * const marker : GetShownMarkers()) {
+        if (!marker->GetRulerRect().isValid())
+            continue;
+        painter.setPen(QPen(m_bgBrush.color(), 1.0));
+        painter.setBrush(marker->GetQColor());
+        painter.drawPolygon(MarkAt(marker->GetRulerRect()));
+    }
+}
+
+void ScaleAxis::resizeEvent(QResizeEvent * event)
+{
+    AxisBase::resizeEvent(event);
+    RepairDrawing();
+}
+
+void ScaleAxis::changeEvent(QEvent * event)
+{
+    AxisBase::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        RepairDrawing();
+}
+
+void ScaleAxis::mousePressEvent(QMouseEvent * event)
+{
+    if (!m_hand.Press(event))
+        AxisBase::mousePressEvent(event);
+}
+
+void ScaleAxis::mouseMoveEvent(QMouseEvent * event)
+{
+    if (!m_hand.Move(event))
+        AxisBase::mouseMoveEvent(event);
+}
+
+void ScaleAxis::mouseReleaseEvent(QMouseEvent * event)
+{
+    if (!m_hand.Release(event))
+        AxisBase::mouseReleaseEvent(event);
+}
+
+void ScaleAxis::keyPressEvent(QKeyEvent * event)
+{
+    if (!m_hand.KeyPress(event))
+        AxisBase::keyPressEvent(event);
+}
+
+void ScaleAxis::keyReleaseEvent(QKeyEvent * event)
+{
+    if (!m_hand.KeyRelease(event))
+        AxisBase::keyReleaseEvent(event);
+}
+
+void ScaleAxis::focusOutEvent(QFocusEvent * event)
+{
+    m_hand.LetGo();
+    AxisBase::focusOutEvent(event);
+}
