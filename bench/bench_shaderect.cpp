@@ -20,13 +20,13 @@ namespace {
 
 constexpr int Wide = 40; // px; a pixel more is painted each way
 constexpr int High = 1080;
-constexpr double Start = -120.0;
-constexpr double Stop = -20.0;
+constexpr double Lowest = -120.0;
+constexpr double Highest = -20.0;
 
 class Axis : public AxisBase
 {
 public:
-    Axis() : AxisBase(nullptr, nullptr, AxisVertical | AxisShading) { SetRange(Start, Stop); }
+    Axis() : AxisBase(nullptr, nullptr, AxisVertical | AxisShading) { SetRange(Lowest, Highest); }
 
     using AxisBase::drawShadeRect;
 };
@@ -38,12 +38,12 @@ QImage Ground()
     return image;
 }
 
-double ValueOf(int line) { return Start + (Stop - Start) * (1.0 - static_cast<double>(line) / High); }
+double ValueOf(int line) { return Lowest + (Highest - Lowest) * (1.0 - static_cast<double>(line) / High); }
 
 void PaintByPens(QPainter & painter)
 {
     for (int i = 0; i <= High; ++i) {
-        painter.setPen(GuiCentral::Instance().GetShadingPen(ValueOf(i), 1, Start, Stop, true));
+        painter.setPen(GuiCentral::Instance().GetShadingPen(ValueOf(i), 1, Lowest, Highest, true));
         painter.drawLine(0, i, Wide, i);
     }
 }
@@ -71,7 +71,8 @@ void Limit(benchmark::State & state)
 {
     std::vector<QRgb> colors(High + 1);
     for (int i = 0; i <= High; ++i)
-        colors[static_cast<std::size_t>(i)] = GuiCentral::Instance().GetShadingRGB(ValueOf(i), 1, Start, Stop, true);
+        colors[static_cast<std::size_t>(i)] =
+            GuiCentral::Instance().GetShadingRGB(ValueOf(i), 1, Lowest, Highest, true);
     QImage image = Ground();
     QImage strip = Ground();
     QPainter painter(&image);
@@ -88,7 +89,7 @@ void Colors(benchmark::State & state)
 {
     for (auto _ : state)
         for (int i = 0; i <= High; ++i)
-            benchmark::DoNotOptimize(GuiCentral::Instance().GetShadingRGB(ValueOf(i), 1, Start, Stop, true));
+            benchmark::DoNotOptimize(GuiCentral::Instance().GetShadingRGB(ValueOf(i), 1, Lowest, Highest, true));
 }
 
 void Pens(benchmark::State & state)

@@ -173,8 +173,6 @@ void tst_axisbase_mapping::mapWithFlag()
     QFETCH(double, value);
     QFETCH(bool, invert);
     AxisProbe axis;
-    axis.SetPixOffset(5, 15);
-    axis.SetRange(-25.0 / 4.0 * 1.0 + 6.25, 100.0);
     axis.SetPixOffset(0, 20);
     axis.SetRange(0.0, 80.0);
     bool ok = false;
