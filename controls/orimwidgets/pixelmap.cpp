@@ -21,7 +21,7 @@ constexpr double WidestSpan = 1e290;
 
 #ifdef ORIM_PIXELMAP_WIDE
 
-constexpr int NearUnits = 2;        // of 2^-16 px: the rounding of the fast computation is below that
+constexpr int NearBorder = 2;       // of 2^-16 px: the rounding of the fast computation is below that
 constexpr std::size_t Together = 8; // values a round
 
 bool HasWideRegisters()
@@ -60,8 +60,8 @@ __attribute__((target("avx2"))) inline unsigned int PlaceEight(double const * va
     // the words are unsigned: flipping the sign bit makes signed comparisons do
     __m256i const firstWord = _mm256_set1_epi32(FixedWord(batch.origin + 1));
     __m256i const words = _mm256_xor_si256(_mm256_set1_epi32(FixedWord(batch.length)), signBit);
-    __m256i const nearWords = _mm256_xor_si256(_mm256_set1_epi32(FixedWord(2 * NearUnits + 1)), signBit);
-    __m256i const nearFirst = _mm256_set1_epi32(FixedWord(NearUnits));
+    __m256i const nearWords = _mm256_xor_si256(_mm256_set1_epi32(FixedWord(2 * NearBorder + 1)), signBit);
+    __m256i const nearFirst = _mm256_set1_epi32(FixedWord(NearBorder));
 
     __m256d const a = _mm256_add_pd(_mm256_mul_pd(_mm256_sub_pd(_mm256_loadu_pd(values), low), scale), base);
     __m256d const b = _mm256_add_pd(_mm256_mul_pd(_mm256_sub_pd(_mm256_loadu_pd(values + 4), low), scale), base);
@@ -96,12 +96,6 @@ __attribute__((target("avx2"))) std::size_t PlaceMany(double const * values, int
 
 } // namespace
 
-bool PixelMap::Layout::operator==(Layout const & other) const
-{
-    return start == other.start && stop == other.stop && direction == other.direction && first == other.first &&
-           last == other.last && wrapped == other.wrapped && wrapSpan == other.wrapSpan;
-}
-
 PixelMap::PixelMap(Layout const & layout)
     : m_layout(layout)
     , m_low(std::min(layout.start, layout.stop))
@@ -126,7 +120,7 @@ void PixelMap::MakeBatch()
     m_batchBase = FixedPoint + 1 + m_origin + (m_turned ? m_length : 0);
 }
 
-int PixelMap::ToPixel(double value) const
+int PixelMap::Resolve(double value) const
 {
     if (!m_hasPixels)
         return -1;

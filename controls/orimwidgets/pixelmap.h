@@ -5,6 +5,8 @@
 #include "orimwidgets_export.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 //! How the values of an axis lie on its pixels, both ways. It is made anew when the range or the place changes; asking
 //! is then cheap.
@@ -29,7 +31,12 @@ public:
         bool wrapped = false;   // values outside the range are moved by the wrap span once
         double wrapSpan = -1.0; // in the axis unit
 
-        bool operator==(Layout const & other) const; //!< false with NaN
+        //! False with NaN.
+        bool operator==(Layout const & other) const
+        {
+            return start == other.start && stop == other.stop && direction == other.direction && first == other.first &&
+                   last == other.last && wrapped == other.wrapped && wrapSpan == other.wrapSpan;
+        }
     };
 
     PixelMap() : PixelMap(Layout()) {}
@@ -54,6 +61,11 @@ public:
     double ToValue(int pixel) const;
 
 private:
+    static constexpr std::uint32_t FixedPointHigh = 0x42380000U; // high word of a fast place
+    static constexpr std::uint32_t NearUnits = 2; // of 2^-16 px: the rounding of a fast place is below that
+
+    //! As required, by the quotient.
+    int Resolve(double value) const;
     int PlaceInside(double value) const;
     void MakeBatch();
 
@@ -66,11 +78,25 @@ private:
     int m_origin = 0;
     bool m_hasPixels = false;
 
-    // for many values: value -> pixel + 1 in 16.16 bits, at the low end of the bits of a double
+    // the fast place: pixel + 1 in 16.16 bits, at the low end of the bits of a double; both 0 when there is none
     bool m_batch = false;
     double m_batchScale = 0.0;
     double m_batchBase = 0.0;
 };
+
+//! A multiplication decides, but near the border of two pixels.
+inline int PixelMap::ToPixel(double value) const
+{
+    double const place = (value - m_low) * m_batchScale + m_batchBase;
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &place, sizeof bits);
+    auto const word = static_cast<std::uint32_t>(bits);
+    bool const isNear = ((word + NearUnits) & 0xffffU) <= 2 * NearUnits;
+    if (bits >> 32 != FixedPointHigh || isNear)
+        return Resolve(value);
+    int const pixel = static_cast<int>(word >> 16) - 1;
+    return pixel >= m_origin && pixel < m_origin + m_length ? pixel : -1;
+}
 
 //! The nearest number that an int holds: for sums of pixels that may leave it.
 inline int ClampToInt(long long value)
