@@ -59,6 +59,7 @@ template <class Place>
 std::vector<QRect> LayAll(std::vector<FlagLayout::Flag> const & flags, QRect const & room, int gap, Place place)
 {
     std::vector<QRect> taken;
+    taken.reserve(flags.size());
     for (FlagLayout::Flag const & flag : flags)
         taken.push_back(flag.size.isEmpty() ? QRect() : place(flag, room, taken, gap));
     return taken;

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-LevelColors::LevelColors() : m_pSet(std::make_unique<ShadingColorSet>())
+LevelColors::LevelColors() : m_pSet(std::make_unique<Copy>())
 {
     m_pSet->SetColorNr(0, Qt::white);
     Apply();
@@ -11,7 +11,7 @@ LevelColors::LevelColors() : m_pSet(std::make_unique<ShadingColorSet>())
 
 void LevelColors::SetColors(ShadingColorSet const & set)
 {
-    m_pSet = std::make_unique<ShadingColorSet>(set);
+    m_pSet = std::make_unique<Copy>(set);
     m_ownRange = set.GetFixed();
     Apply();
 }

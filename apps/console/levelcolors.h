@@ -33,12 +33,20 @@ public:
     void Color(double const * levels, QRgb * pixels, std::size_t count, bool mayBeNaN);
 
 private:
+    //! A copy of a set: its destructor is not virtual, so that nothing may derive from what is deleted.
+    struct Copy final : ShadingColorSet
+    {
+        Copy() = default;
+
+        explicit Copy(ShadingColorSet const & set) : ShadingColorSet(set) {}
+    };
+
     void Apply();
 
-    std::unique_ptr<ShadingColorSet> m_pSet; // assigning a set would keep parts of the old one
-    bool m_ownRange = false;                 // the set was fixed when it came
-    double m_min = -120.0;                   // dBFS
-    double m_max = 0.0;                      // dBFS
+    std::unique_ptr<Copy> m_pSet; // made anew: assigning a set would keep parts of the old one
+    bool m_ownRange = false;      // the set was fixed when it came
+    double m_min = -120.0;        // dBFS
+    double m_max = 0.0;           // dBFS
     QRgb m_ground = 0xff000000;
 };
 
