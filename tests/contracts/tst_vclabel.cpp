@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vclabel.h"
 
+#include "boundvalue.h"
 #include "tree.h"
 #include "value.h"
 #include "valuebinding.h"
@@ -230,7 +231,12 @@ void tst_VCLabel::valueGoesAway()
     value->SetValue(5, nullptr);
     VCLabel label;
     label.SetValue_ValuePath(QStringLiteral("/label/value"));
+    Watcher later;
+    bool isHeld = true;
+    later.m_then = [&] { isHeld = value->HasObserver(&label); };
+    value->AddObserver(&later);
     QVERIFY(Tree::Instance()->Remove(QStringLiteral("/label/value")));
+    QVERIFY(!isHeld);                            // let go as soon as it was told
     QCOMPARE(label.text(), QStringLiteral("5")); // the last text stays
     auto * const again = new ValueNumeric<int>(QStringLiteral("value"));
     Tree::Instance()->Insert(QStringLiteral("/label"), again);
