@@ -17,19 +17,19 @@ QRect AxisBase::innerRect() const
 PixelMap const & AxisBase::Map() const
 {
     QRect const inner = innerRect();
-    PixelMap::Layout layout;
-    layout.start = m_start;
-    layout.stop = m_stop;
-    layout.direction = IsHorizontal() ? PixelMap::eHorizontal
-                       : IsVertical() ? PixelMap::eVertical
-                                      : PixelMap::eNoDirection;
-    bool const alongX = layout.direction != PixelMap::eVertical;
-    layout.first = alongX ? inner.left() : inner.top();
-    layout.last = alongX ? inner.right() : inner.bottom();
-    layout.wrapped = (m_axisType & AxisWrapped) != 0;
-    layout.wrapSpan = GetWrapValue();
-    if (!(layout == m_map.GetLayout()))
-        m_map = PixelMap(layout);
+    PixelMap::EDirection const direction = IsHorizontal() ? PixelMap::eHorizontal
+                                           : IsVertical() ? PixelMap::eVertical
+                                                          : PixelMap::eNoDirection;
+    bool const alongX = direction != PixelMap::eVertical;
+    int const first = alongX ? inner.left() : inner.top();
+    int const last = alongX ? inner.right() : inner.bottom();
+    bool const wrapped = (m_axisType & AxisWrapped) != 0;
+    PixelMap::Layout const & known = m_map.GetLayout();
+    bool const isKnown = (known.start == m_start) & (known.stop == m_stop) & (known.first == first) &
+                         (known.last == last) & (known.direction == direction) & (known.wrapped == wrapped) &
+                         (known.wrapSpan == GetWrapValue()); // without a branch for each: this runs for every value
+    if (!isKnown)
+        m_map = PixelMap({ m_start, m_stop, direction, first, last, wrapped, GetWrapValue() });
     return m_map;
 }
 
