@@ -6,13 +6,19 @@
 #include "tree.h"
 #include "valuenumeric.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QStringList>
 #include <QTimerEvent>
 #include <QVariant>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <utility>
 #include <vector>
 
 //! A list of markers over a straight axis of 101 pixels, 0 to 100, that writes down what it is asked for.
@@ -174,5 +180,82 @@ public:
         m_heard << QString::number(static_cast<int>(code));
     }
 };
+
+//! Does something once, when it hears one of the codes or is told to.
+class Meddler : public IObserver
+{
+public:
+    explicit Meddler(std::function<void()> action) : m_action(std::move(action)) {}
+
+    void Update(Observable * /*subject*/, TChangeCode code) override
+    {
+        if (m_code == code || m_code == 0)
+            Act();
+    }
+
+    void Act()
+    {
+        std::function<void()> const action = std::move(m_action);
+        m_action = nullptr;
+        if (action)
+            action();
+    }
+
+    int m_code = 0; // 0: every one
+
+private:
+    std::function<void()> m_action;
+};
+
+//! A list, visible unless told otherwise, with one marker for one value.
+struct MarkerScene
+{
+    explicit MarkerScene(double value = 0.0, bool visible = true) : number("number", value)
+    {
+        if (visible)
+            list.show();
+        marker = list.AddMarker(3);
+    }
+
+    void Bind(double factor = 1.0)
+    {
+        marker->SetFactor(factor);
+        marker->SetMoveable(true);
+        marker->Set_ValuePath(number.Path());
+        Rest();
+    }
+
+    //! As after a while without a change.
+    void Rest()
+    {
+        marker->SetMoving(false, true);
+        marker->StopTimer();
+        marker->SetPixel(5);
+        list.Forget();
+    }
+
+    TreeNumber number;
+    TestMarkerList list;
+    Marker * marker;
+};
+
+//! Interval of a timer that an object runs, ms; -1 for one that does not run.
+inline int IntervalOf(QObject & object, int id)
+{
+    auto const timers = QAbstractEventDispatcher::instance()->registeredTimers(&object);
+    auto const found =
+        std::find_if(timers.begin(), timers.end(), [id](auto const & timer) { return timer.timerId == id; });
+    return found == timers.end() ? -1 : found->interval;
+}
+
+//! Place of a virtual operation in the table of its class, as GNU compilers for 64-bit PCs lay it out.
+template <class Member>
+int PlaceOf(Member member)
+{
+    std::uintptr_t first = 0;
+    static_assert(sizeof(member) >= sizeof(first), "it begins with one word");
+    std::memcpy(&first, &member, sizeof(first));
+    return static_cast<int>((first - 1) / sizeof(void *));
+}
 
 #endif

@@ -8,72 +8,13 @@
 #include <QSignalSpy>
 #include <QUndoStack>
 
-#include <functional>
 #include <limits>
 
 namespace {
 
 QString const Nowhere = QStringLiteral("/nowhere");
 
-//! Does something once, when it hears one of the codes.
-class Meddler : public IObserver
-{
-public:
-    explicit Meddler(std::function<void()> action) : m_action(std::move(action)) {}
-
-    void Update(Observable * /*subject*/, TChangeCode code) override
-    {
-        if (m_code == code || m_code == 0)
-            Act();
-    }
-
-    void Act()
-    {
-        std::function<void()> const action = std::move(m_action);
-        m_action = nullptr;
-        if (action)
-            action();
-    }
-
-    int m_code = 0; // 0: every one
-
-private:
-    std::function<void()> m_action;
-};
-
-//! A visible list with one marker on one value.
-struct Scene
-{
-    explicit Scene(double value = 0.0, bool visible = true) : number("number", value)
-    {
-        if (visible)
-            list.show();
-        marker = list.AddMarker(3);
-    }
-
-    void Bind(double factor = 1.0)
-    {
-        marker->SetFactor(factor);
-        marker->SetMoveable(true);
-        marker->Set_ValuePath(number.Path());
-        Rest();
-    }
-
-    //! As after a while without a change.
-    void Rest()
-    {
-        marker->SetMoving(false, true);
-        marker->StopTimer();
-        marker->SetPixel(5);
-        list.Forget();
-    }
-
-    TreeNumber number;
-    TestMarkerList list;
-    Marker * marker;
-};
-
-int Drawn(Scene const & scene) { return scene.list.Count(QStringLiteral("updateWidget")); }
+int Drawn(MarkerScene const & scene) { return scene.list.Count(QStringLiteral("updateWidget")); }
 
 int UndoSteps() { return GuiBase::Instance().UndoStack()->index(); }
 
@@ -148,7 +89,7 @@ void tst_marker_binding::badPath()
     QFETCH(QString, path);
     auto * const flag = new Value<bool>(QStringLiteral("flag"));
     QVERIFY(Tree::Instance()->Insert(QStringLiteral("/test"), flag));
-    Scene scene(2.0);
+    MarkerScene scene(2.0);
     scene.Bind();
     QVERIFY(!scene.marker->Set_ValuePath(path));
     QVERIFY(!scene.marker->GetConnected());
@@ -174,7 +115,7 @@ void tst_marker_binding::bindsAndReads()
 {
     QFETCH(bool, visible);
     QFETCH(double, value);
-    Scene scene(7.0, visible);
+    MarkerScene scene(7.0, visible);
     scene.number->SetState(eStateDisabled, nullptr);
     scene.marker->SetFactor(2.0);
     QVERIFY(scene.marker->Set_ValuePath(scene.number.Path()));
@@ -189,7 +130,7 @@ void tst_marker_binding::bindsAndReads()
 
 void tst_marker_binding::bindsAnInteger()
 {
-    Scene scene;
+    MarkerScene scene;
     auto * const count = new ValueNumeric<int>(QStringLiteral("count"));
     QVERIFY(Tree::Instance()->Insert(QStringLiteral("/test"), count));
     QVERIFY(scene.marker->Set_ValuePath(QStringLiteral("/test/count")));
@@ -201,7 +142,7 @@ void tst_marker_binding::bindsAnInteger()
 
 void tst_marker_binding::bindsAnewLetsGo()
 {
-    Scene scene;
+    MarkerScene scene;
     TreeNumber other("other", 9.0);
     scene.Bind();
     scene.marker->SetOffset_ValuePath(scene.number.Path());
@@ -224,7 +165,7 @@ void tst_marker_binding::valueGoesAway_data()
 void tst_marker_binding::valueGoesAway()
 {
     QFETCH(bool, visible);
-    Scene scene(6.0, visible);
+    MarkerScene scene(6.0, visible);
     scene.Bind();
     scene.marker->Update();
     scene.Rest();
@@ -245,7 +186,7 @@ void tst_marker_binding::valueGoesAway()
 
 void tst_marker_binding::offsetGoesAway()
 {
-    Scene scene;
+    MarkerScene scene;
     TreeNumber offset("offset", 5.0);
     scene.marker->SetOffset_ValuePath(offset.Path());
     QCOMPARE(scene.marker->GetOffset(), 5.0);
@@ -269,7 +210,7 @@ void tst_marker_binding::stateEnables()
 {
     QFETCH(bool, visible);
     QFETCH(bool, asOffset);
-    Scene scene(1.0, visible);
+    MarkerScene scene(1.0, visible);
     if (asOffset)
         scene.marker->SetOffset_ValuePath(scene.number.Path());
     else
@@ -314,7 +255,7 @@ void tst_marker_binding::strangersForgetThePixel_data()
 void tst_marker_binding::strangersForgetThePixel()
 {
     QFETCH(int, code);
-    Scene scene;
+    MarkerScene scene;
     scene.Bind();
     ValueNumeric<double> stranger;
     stranger.SetValue(8.0, nullptr);
@@ -333,7 +274,7 @@ void tst_marker_binding::strangersForgetThePixel()
 
 void tst_marker_binding::rangeChangeForgetsThePixel()
 {
-    Scene scene;
+    MarkerScene scene;
     scene.Bind();
     scene.number->SetMinMax(-10.0, 10.0, 0.0, nullptr);
     QCOMPARE(scene.marker->GetPixel(), -1);
@@ -355,7 +296,7 @@ void tst_marker_binding::valueChange()
 {
     QFETCH(double, factor);
     QFETCH(double, value);
-    Scene scene;
+    MarkerScene scene;
     scene.Bind(factor);
     QSignalSpy const states(&scene.list, &MarkerList::signalSetState);
     scene.number->SetValue(6.0, nullptr);
@@ -372,7 +313,7 @@ void tst_marker_binding::valueChange()
 
 void tst_marker_binding::valueChangeEndsADrag()
 {
-    Scene scene(6.0);
+    MarkerScene scene(6.0);
     scene.Bind(2.0);
     scene.number->SetInterimValue(8.0, nullptr);
     Listener listener;
@@ -391,11 +332,13 @@ void tst_marker_binding::interimChange()
 {
     QFETCH(double, factor);
     QFETCH(double, value);
-    Scene scene;
+    MarkerScene scene;
     scene.Bind(factor);
     Listener listener;
     scene.number->AddObserver(&listener);
+    QSignalSpy const states(&scene.list, &MarkerList::signalSetState);
     scene.number->SetInterimValue(6.0, nullptr);
+    QCOMPARE(states.count(), 0);
     QCOMPARE(scene.marker->GetValue(), value);
     QCOMPARE(scene.marker->GetDrawValue(), value);
     QCOMPARE(scene.number->GetValue(), 0.0);
@@ -408,13 +351,14 @@ void tst_marker_binding::interimChange()
 
 void tst_marker_binding::offsetChange()
 {
-    Scene scene(4.0);
+    MarkerScene scene(4.0);
     scene.Bind();
     TreeNumber const offset("offset", 5.0);
     scene.marker->SetFactor(2.0); // is not for the offset
     scene.marker->SetOffset_ValuePath(offset.Path());
     QCOMPARE(scene.marker->GetOffset(), 5.0);
     scene.Rest();
+    QSignalSpy const states(&scene.list, &MarkerList::signalSetState);
     offset->SetValue(6.0, nullptr);
     QCOMPARE(scene.marker->GetOffset(), 6.0);
     QVERIFY(scene.marker->IsMoving());
@@ -425,6 +369,7 @@ void tst_marker_binding::offsetChange()
     QVERIFY(scene.marker->IsMoving());
     QCOMPARE(offset->GetValue(), 6.0);
     QCOMPARE(Drawn(scene), 1);
+    QCOMPARE(states.count(), 0);
     QVERIFY(scene.list.m_moved.empty());
     QCOMPARE(scene.marker->GetValue(), 4.0);
     QCOMPARE(scene.marker->GetValuePath(), scene.number.Path());
@@ -432,7 +377,7 @@ void tst_marker_binding::offsetChange()
 
 void tst_marker_binding::hiddenListHearsNoNumbers()
 {
-    Scene scene(1.0, false);
+    MarkerScene scene(1.0, false);
     scene.Bind();
     scene.marker->SetOffset_ValuePath(scene.number.Path());
     scene.Rest();
@@ -450,7 +395,7 @@ void tst_marker_binding::hiddenListHearsNoNumbers()
 
 void tst_marker_binding::changeWraps()
 {
-    Scene scene(90.0);
+    MarkerScene scene(90.0);
     scene.Bind();
     scene.marker->SetWrapAround(360);
     scene.marker->SetWrapIntoRange(0, 360);
@@ -463,7 +408,7 @@ void tst_marker_binding::changeWraps()
 
 void tst_marker_binding::changeRestartsTheTimer()
 {
-    Scene scene;
+    MarkerScene scene;
     scene.marker->SetSpecial(eSpecialShowMoving);
     scene.Bind();
     scene.marker->SetShowMarker(false, true);
@@ -501,7 +446,7 @@ void tst_marker_binding::setValue()
     QFETCH(double, held);
     QFETCH(double, value);
     for (bool const visible : { true, false }) {
-        Scene scene(1.0, visible);
+        MarkerScene scene(1.0, visible);
         scene.Bind(factor);
         QCOMPARE(scene.marker->SetValue(argument), value);
         QCOMPARE(scene.marker->GetValue(), value);
@@ -516,7 +461,7 @@ void tst_marker_binding::setValue()
 
 void tst_marker_binding::setValueWithinLimits()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.number->SetMinMax(0.0, 10.0, 2.0, nullptr);
     scene.Bind();
     QCOMPARE(scene.marker->SetValue(50.0), 10.0);
@@ -526,7 +471,7 @@ void tst_marker_binding::setValueWithinLimits()
 
 void tst_marker_binding::setValueEndsTheInterimValue()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind();
     Meddler meddler([&] { scene.number->SetInterimValue(50.0, nullptr); });
     meddler.m_code = eValueChanged;
@@ -540,7 +485,7 @@ void tst_marker_binding::setValueEndsTheInterimValue()
 
 void tst_marker_binding::setValueHearsItself()
 {
-    Scene scene;
+    MarkerScene scene;
     scene.Bind();
     scene.marker->SetValue(3.0);
     QVERIFY(scene.marker->IsMoving());
@@ -569,7 +514,7 @@ void tst_marker_binding::setValueWithoutList()
 
 void tst_marker_binding::setValueIsOneUndoStep()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind();
     TreeNumber const follower("follower", 1.0);
     Meddler meddler([&] { follower->SetValue(9.0, nullptr); });
@@ -589,10 +534,16 @@ void tst_marker_binding::undoBearsTheTextOfTheList()
     class NamedList : public TestMarkerList
     {
     public:
-        QString GetUndoText() const override { return QStringLiteral("Move a marker"); }
-    } list;
+        explicit NamedList(char const * text) : m_text(QLatin1String(text)) {}
+
+        QString m_text;
+
+        QString GetUndoText() const override { return m_text; }
+    };
 
     TreeNumber const number("number");
+    NamedList list("Move a marker");
+    NamedList other("Move another");
     Marker & marker = *list.AddMarker(3);
     marker.Set_ValuePath(number.Path());
     QUndoStack & stack = *GuiBase::Instance().UndoStack();
@@ -604,6 +555,8 @@ void tst_marker_binding::undoBearsTheTextOfTheList()
     marker.EndMoving();
     QCOMPARE(stack.undoText(), QStringLiteral("Move a marker"));
     stack.clear();
+    // all at once bears the text of the list that is asked, not that of the step inside
+    marker.SetParent(&other);
     marker.SetMovingValue(3.0);
     list.SetMarkerEndMoving(-1);
     QCOMPARE(stack.undoText(), QStringLiteral("Move a marker"));
@@ -611,7 +564,7 @@ void tst_marker_binding::undoBearsTheTextOfTheList()
 
 void tst_marker_binding::setValueOfAValueThatGoes()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind(2.0);
     Meddler meddler([&] { scene.number.Remove(); });
     scene.number->AddObserver(&meddler);
@@ -629,7 +582,7 @@ void tst_marker_binding::movingValue()
     QFETCH(double, held);
     QFETCH(double, value);
     for (bool const visible : { true, false }) {
-        Scene scene(1.0, visible);
+        MarkerScene scene(1.0, visible);
         scene.Bind(factor);
         int const before = UndoSteps();
         QCOMPARE(scene.marker->SetMovingValue(argument), value);
@@ -646,7 +599,7 @@ void tst_marker_binding::movingValue()
 
 void tst_marker_binding::movingValueSwitchedOff()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind(2.0);
     scene.marker->UseMovingValue(false);
     QCOMPARE(scene.marker->SetMovingValue(3.0), 3.0);
@@ -655,7 +608,7 @@ void tst_marker_binding::movingValueSwitchedOff()
 
 void tst_marker_binding::endMoving()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind();
     Listener listener;
     scene.number->AddObserver(&listener);
@@ -684,7 +637,7 @@ void tst_marker_binding::updateReads_data()
 void tst_marker_binding::updateReads()
 {
     QFETCH(bool, visible);
-    Scene scene(6.0, visible);
+    MarkerScene scene(6.0, visible);
     scene.Bind(2.0);
     TreeNumber const offset("offset", 5.0);
     scene.marker->SetOffset_ValuePath(offset.Path());
@@ -708,7 +661,7 @@ void tst_marker_binding::updateReads()
 
 void tst_marker_binding::updateWraps()
 {
-    Scene scene(-10.0);
+    MarkerScene scene(-10.0);
     scene.Bind();
     scene.marker->SetWrapAround(360);
     scene.marker->SetWrapIntoRange(0, 360);
@@ -735,7 +688,7 @@ void tst_marker_binding::updateWithoutList()
 
 void tst_marker_binding::oneValueForBoth()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind();
     scene.marker->SetOffset_ValuePath(scene.number.Path());
     QCOMPARE(scene.number->GetObserverCount(), 1);
@@ -750,7 +703,7 @@ void tst_marker_binding::oneValueForBoth()
 
 void tst_marker_binding::oneValueForBothKeepsTheOther()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     scene.Bind();
     scene.marker->SetOffset_ValuePath(scene.number.Path());
     scene.marker->SetOffset_ValuePath(Nowhere);
@@ -795,7 +748,7 @@ void tst_marker_binding::copyBindsBoth()
 
 void tst_marker_binding::clearInternalsUnbinds()
 {
-    Scene scene(1.0);
+    MarkerScene scene(1.0);
     TreeNumber const offset("offset", 2.0);
     scene.Bind();
     scene.marker->SetOffset_ValuePath(offset.Path());

@@ -10,63 +10,46 @@
 
 namespace {
 
-//! Does something once, when it hears one of the codes.
-class Meddler : public IObserver
+//! What may go on while something is deleted, by the name of its row.
+std::map<QString, std::function<void()>> Operations(TestMarkerList & list, Marker & marker, TreeNumber & number)
 {
-public:
-    explicit Meddler(std::function<void()> action) : m_action(std::move(action)) {}
-
-    void Update(Observable * /*subject*/, TChangeCode code) override
-    {
-        if (m_code == code || m_code == 0)
-            Act();
-    }
-
-    void Act()
-    {
-        std::function<void()> const action = std::move(m_action);
-        m_action = nullptr;
-        if (action)
-            action();
-    }
-
-    int m_code = 0; // 0: every one
-
-private:
-    std::function<void()> m_action;
-};
-
-//! A visible list with one marker on one value.
-struct Scene
-{
-    explicit Scene(double value = 0.0, bool visible = true) : number("number", value)
-    {
-        if (visible)
-            list.show();
-        marker = list.AddMarker(3);
-    }
-
-    void Bind(double factor = 1.0)
-    {
-        marker->SetFactor(factor);
-        marker->SetMoveable(true);
-        marker->Set_ValuePath(number.Path());
-        Rest();
-    }
-
-    //! As after a while without a change.
-    void Rest()
-    {
-        marker->SetMoving(false, true);
-        marker->StopTimer();
-        marker->SetPixel(5);
-        list.Forget();
-    }
-
-    TreeNumber number;
-    TestMarkerList list;
-    Marker * marker;
-};
+    return {
+        { QStringLiteral("SetValue"), [&] { marker.SetValue(7.0); } },
+        { QStringLiteral("SetMovingValue"), [&] { marker.SetMovingValue(7.0); } },
+        { QStringLiteral("EndMoving"), [&] { marker.EndMoving(); } },
+        { QStringLiteral("Update"), [&] { marker.Update(); } },
+        { QStringLiteral("SetShowMarker"), [&] { marker.SetShowMarker(false, false); } },
+        { QStringLiteral("SetMoving"), [&] { marker.SetMoving(true, false); } },
+        { QStringLiteral("SetCurrentMarker"), [&] { marker.SetCurrentMarker(true, false); } },
+        { QStringLiteral("Move2NextPixel"), [&] { marker.Move2NextPixel(true); } },
+        { QStringLiteral("Set_ValuePath"), [&] { marker.Set_ValuePath(number.Path()); } },
+        { QStringLiteral("value"), [&] { number->SetValue(7.0, nullptr); } },
+        { QStringLiteral("interim value"), [&] { number->SetInterimValue(7.0, nullptr); } },
+        { QStringLiteral("state"), [&] { number->SetState(eStateDisabled, nullptr); } },
+        { QStringLiteral("offset"), [&] { marker.SetOffset_ValuePath(number.Path()); } },
+        { QStringLiteral("list SetCurrentMarker"), [&] { list.SetCurrentMarker(3, true); } },
+        { QStringLiteral("list AddMarker"),
+          [&] { list.AddMarker(3, false, IColorBase::eColorMarker, true, 0, QString()); } },
+        { QStringLiteral("list EndMoving"), [&] { list.SetMarkerEndMoving(-1); } },
+        { QStringLiteral("list SetMarkerValue"), [&] { list.SetMarkerValue(3, 7.0); } },
+        { QStringLiteral("timer"),
+          [&] {
+              marker.SetMoving(true, true);
+              list.Fire(marker.GetTimerID());
+          } },
+        { QStringLiteral("wheel"),
+          [&] {
+              marker.SetMoving(true, true);
+              marker.SetCurrentMarker(true, true);
+              list.Wheel(120);
+          } },
+        { QStringLiteral("show"),
+          [&] {
+              QShowEvent event;
+              list.eventFilter(&list, &event);
+          } },
+    };
+}
 
 } // namespace
 
@@ -125,7 +108,7 @@ void tst_marker_steps::steps()
     QFETCH(double, value);
     QFETCH(bool, moved);
     QFETCH(double, expected);
-    Scene scene(value);
+    MarkerScene scene(value);
     scene.list.m_start = start;
     scene.list.m_stop = stop;
     scene.Bind();
@@ -138,7 +121,7 @@ void tst_marker_steps::steps()
 
 void tst_marker_steps::stepIsAnInterimValue()
 {
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.Bind();
     scene.marker->SetSpecial(eSpecialX);
     scene.marker->SetPixel(50);
@@ -168,7 +151,7 @@ void tst_marker_steps::stepAsksInItsDirection()
 {
     QFETCH(unsigned int, special);
     QFETCH(int, direction);
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.Bind();
     scene.marker->SetSpecial(special);
     scene.marker->SetPixel(-1);
@@ -181,7 +164,7 @@ void tst_marker_steps::stepAsksInItsDirection()
 
 void tst_marker_steps::stepOverACoarseGrid()
 {
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.number->SetMinMax(0.0, 100.0, 10.0, nullptr);
     scene.Bind();
     scene.marker->SetSpecial(eSpecialX);
@@ -196,7 +179,7 @@ void tst_marker_steps::stepOverACoarseGrid()
 
 void tst_marker_steps::stepBehindTheLimitEnds()
 {
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.number->SetMinMax(0.0, 50.0, 0.0, nullptr);
     scene.Bind();
     scene.marker->SetSpecial(eSpecialX);
@@ -216,7 +199,7 @@ void tst_marker_steps::stepBehindTheLimitEnds()
 
 void tst_marker_steps::stepFromTheCachedPixel()
 {
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.Bind();
     scene.marker->SetSpecial(eSpecialX);
     scene.marker->SetPixel(20);
@@ -235,7 +218,7 @@ void tst_marker_steps::stepWithoutPlace_data()
 void tst_marker_steps::stepWithoutPlace()
 {
     QFETCH(int, pixel);
-    Scene scene(50.0);
+    MarkerScene scene(50.0);
     scene.Bind();
     scene.marker->SetPixel(pixel);
     QVERIFY(!scene.marker->Move2NextPixel(true));
@@ -308,43 +291,7 @@ void tst_marker_steps::deletedInside()
         number->MakeFirstObserver(&meddler);
     QObject context;
     connect(list, &MarkerList::signalSetState, &context, [&] { meddler.Act(); });
-    std::map<QString, std::function<void()>> const operations{
-        { QStringLiteral("SetValue"), [&] { marker->SetValue(7.0); } },
-        { QStringLiteral("SetMovingValue"), [&] { marker->SetMovingValue(7.0); } },
-        { QStringLiteral("EndMoving"), [&] { marker->EndMoving(); } },
-        { QStringLiteral("Update"), [&] { marker->Update(); } },
-        { QStringLiteral("SetShowMarker"), [&] { marker->SetShowMarker(false, false); } },
-        { QStringLiteral("SetMoving"), [&] { marker->SetMoving(true, false); } },
-        { QStringLiteral("SetCurrentMarker"), [&] { marker->SetCurrentMarker(true, false); } },
-        { QStringLiteral("Move2NextPixel"), [&] { marker->Move2NextPixel(true); } },
-        { QStringLiteral("Set_ValuePath"), [&] { marker->Set_ValuePath(number.Path()); } },
-        { QStringLiteral("value"), [&] { number->SetValue(7.0, nullptr); } },
-        { QStringLiteral("interim value"), [&] { number->SetInterimValue(7.0, nullptr); } },
-        { QStringLiteral("state"), [&] { number->SetState(eStateDisabled, nullptr); } },
-        { QStringLiteral("offset"), [&] { marker->SetOffset_ValuePath(number.Path()); } },
-        { QStringLiteral("list SetCurrentMarker"), [&] { list->SetCurrentMarker(3, true); } },
-        { QStringLiteral("list AddMarker"),
-          [&] { list->AddMarker(3, false, IColorBase::eColorMarker, true, 0, QString()); } },
-        { QStringLiteral("list EndMoving"), [&] { list->SetMarkerEndMoving(-1); } },
-        { QStringLiteral("list SetMarkerValue"), [&] { list->SetMarkerValue(3, 7.0); } },
-        { QStringLiteral("timer"),
-          [&] {
-              marker->SetMoving(true, true);
-              list->Fire(marker->GetTimerID());
-          } },
-        { QStringLiteral("wheel"),
-          [&] {
-              marker->SetMoving(true, true);
-              marker->SetCurrentMarker(true, true);
-              list->Wheel(120);
-          } },
-        { QStringLiteral("show"),
-          [&] {
-              QShowEvent event;
-              list->eventFilter(list, &event);
-          } },
-    };
-    operations.at(operation)();
+    Operations(*list, *marker, number).at(operation)();
     QCOMPARE(guard.isNull(), target == QLatin1String("list"));
     if (guard && target == QLatin1String("marker"))
         QVERIFY(!list->GetMarker(3));

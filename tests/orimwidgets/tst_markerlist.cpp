@@ -4,26 +4,15 @@
 #include "testmain.h"
 #include "testmarkerlist.h"
 
+#include <QBrush>
 #include <QMetaMethod>
 #include <QSignalSpy>
 
-#include <cstdint>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <type_traits>
 
 namespace {
-
-//! Place of a virtual operation in the table of its class, as GNU compilers for 64-bit PCs lay it out.
-template <class Member>
-int PlaceOf(Member member)
-{
-    std::uintptr_t first = 0;
-    static_assert(sizeof(member) >= sizeof(first), "it begins with one word");
-    std::memcpy(&first, &member, sizeof(first));
-    return static_cast<int>((first - 1) / sizeof(void *));
-}
 
 //! Shows what panes keep.
 class OpenList : public TestMarkerList
