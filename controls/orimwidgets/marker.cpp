@@ -212,7 +212,7 @@ void Marker::TakeNumber(Observable const * subject, bool interim)
         m_value = (interim ? value->GetInterimValue() : value->GetNumericValue()) * m_factor;
         SetMoving(true, true);
         if (!interim)
-            value->SetInterimValue(m_value / m_factor, this);
+            value->SetInterimValue(value->GetNumericValue(), this); // dividing would miss it by a rounding
         if (!life.IsOver())
             TellLastMovingIndex();
     }
@@ -277,7 +277,7 @@ void Marker::Update()
     if (IValueNumeric * const value = m_boundValue.Get()) {
         m_value = value->GetNumericValue() * m_factor;
         SetMoving(true, true);
-        value->SetInterimValue(m_value / m_factor, this);
+        value->SetInterimValue(value->GetNumericValue(), this);
         if (!life.IsOver())
             TellLastMovingIndex();
     }

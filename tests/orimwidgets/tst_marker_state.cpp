@@ -25,7 +25,10 @@ private Q_SLOTS:
     void movingTellsTheOthers_data();
     void movingTellsTheOthers();
     void movingRebuildsTheShownLists();
+    void movingTellsBeforeItRebuilds();
     void movingRestartsTheTimer();
+    void restsWithAnyFactor_data();
+    void restsWithAnyFactor();
     void timerEndsWithTheMarker();
     void timerEndsInTheListThatRunsIt();
     void stopTimer();
@@ -198,6 +201,20 @@ void tst_marker_state::movingRebuildsTheShownLists()
     QVERIFY(list.GetShownMarkers().empty());
 }
 
+void tst_marker_state::movingTellsBeforeItRebuilds()
+{
+    TestMarkerList list;
+    Marker & marker = *list.AddMarker(0);
+    marker.SetSpecial(eSpecialShowMoving);
+    marker.SetShowMarker(false, true);
+    QStringList inside;
+    connect(&list, &MarkerList::signalSetState, this,
+            [&] { inside << QStringLiteral("%1 %2").arg(marker.IsMoving()).arg(list.GetShownMarkers().size()); });
+    marker.SetMoving(true, false);
+    marker.SetMoving(false, false);
+    QCOMPARE(inside, (QStringList{ QStringLiteral("1 0"), QStringLiteral("0 1") }));
+}
+
 void tst_marker_state::movingRestartsTheTimer()
 {
     TestMarkerList list;
@@ -215,6 +232,34 @@ void tst_marker_state::movingRestartsTheTimer()
     QVERIFY(time.elapsed() >= 900);
     QCOMPARE(counter.m_timers, 1); // the first timer was killed
     QCOMPARE(marker.GetTimerID(), -1);
+}
+
+void tst_marker_state::restsWithAnyFactor_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<double>("value");
+    QTest::newRow("0.1") << 0.1 << 3.0;
+    QTest::newRow("Hz to MHz") << 1e-6 << 31.0;
+    QTest::newRow("0.7") << 0.7 << 3.0;
+    QTest::newRow("0") << 0.0 << 3.0;
+    QTest::newRow("too far for doubles") << 1e300 << 1e300;
+}
+
+void tst_marker_state::restsWithAnyFactor()
+{
+    QFETCH(double, factor);
+    QFETCH(double, value);
+    MarkerScene scene;
+    scene.Bind(factor);
+    scene.number->SetValue(value, nullptr);
+    QCOMPARE(scene.marker->GetValue(), value * factor);
+    QVERIFY(!scene.marker->Changing());
+    scene.list.Fire(scene.marker->GetTimerID());
+    QVERIFY(!scene.marker->IsMoving());
+    scene.marker->Update();
+    QVERIFY(!scene.marker->Changing());
+    scene.marker->EndMoving();
+    QVERIFY(scene.number->GetValue() == value); // to the last bit
 }
 
 void tst_marker_state::timerEndsWithTheMarker()
