@@ -131,8 +131,8 @@ Marker::~Marker()
 {
     StopTimer();
     ClearInternals();
-    if (MarkerList * const parent = GetParent())
-        parent->Forget(this);
+    if (m_pOwner)
+        m_pOwner->Forget(this);
 }
 
 void Marker::CopyState(Marker const & other)

@@ -397,7 +397,8 @@ private:
     QString m_markerName;
     Bond m_boundValue;
     Bond m_boundOffset;
-    QPointer<MarkerList> m_pParent; // borrowed
+    QPointer<MarkerList> m_pParent;  // borrowed
+    MarkerList * m_pOwner = nullptr; // the list that holds this, whatever the parent is; ends later
     int m_pixel = -1;
     int m_resultPixel = -1;
     double m_offset = 0.0;

@@ -152,6 +152,7 @@ Marker * MarkerList::AddMarker(int id)
         marker->ClearInternals();
     else
         marker = std::make_unique<Marker>();
+    marker->m_pOwner = this;
     marker->SetParent(this);
     SetMustRecalcRulers(true);
     RebuildMarkerList();
@@ -186,12 +187,15 @@ void MarkerList::DeleteMarker(int id)
 
 void MarkerList::RemoveResultMarker(int id) { DeleteMarker(id); }
 
-//! A marker that others delete leaves its entry.
+//! A marker that others delete leaves its entry and the lists of shown markers.
 void MarkerList::Forget(Marker const * marker)
 {
-    for (auto & entry : m_markers)
-        if (entry.get() == marker)
-            static_cast<void>(entry.release());
+    for (auto & entry : m_markers) {
+        if (entry.get() != marker)
+            continue;
+        static_cast<void>(entry.release());
+        RebuildMarkerList();
+    }
 }
 
 void MarkerList::RebuildMarkerList()
@@ -561,8 +565,8 @@ bool MarkerList::eventFilter(QObject * watched, QEvent * event)
 
 void MarkerList::afterShow()
 {
-    slotClearColors();
     QPointer<MarkerList> const self(this);
+    slotClearColors(); // may end this
     for (int i = 0; self && i < MarkerCount; ++i)
         if (isIndexValid(i))
             GetMarker(i)->Update();

@@ -42,7 +42,8 @@ struct ORIMWIDGETS_EXPORT MoveRange
 //! An index is an EMarkerID. An operation that is given a bad one, or one without a marker, changes nothing and returns
 //! false, 0, -1 or an empty text, as told there.
 //!
-//! Markers and the list itself may be deleted by whoever hears of what they do. For the GUI thread.
+//! Markers and the list itself may be deleted by whoever hears of what they do; a marker that is deleted without
+//! DeleteMarker() leaves all lists at once. For the GUI thread.
 class ORIMWIDGETS_EXPORT MarkerList : public QWidget,
                                       public Control,
                                       public IObserver,

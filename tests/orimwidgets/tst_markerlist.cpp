@@ -22,6 +22,16 @@ public:
     using TestMarkerList::TestMarkerList;
 };
 
+//! Counts how often it is painted.
+class PaintedList : public TestMarkerList
+{
+public:
+    int m_paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override { ++m_paints; }
+};
+
 static_assert(std::is_base_of<QWidget, MarkerList>::value && std::is_base_of<Control, MarkerList>::value &&
                   std::is_base_of<IObserver, MarkerList>::value && std::is_base_of<VC, MarkerList>::value,
               "a list is all of these");
@@ -68,8 +78,12 @@ private Q_SLOTS:
     void deleteBadIndex_data();
     void deleteBadIndex();
     void markerDeletedByOthers();
+    void strayMarkerDeletedByOthers_data();
+    void strayMarkerDeletedByOthers();
     void endDeletesTheMarkers();
     void shownListsRise();
+    void repaints_data();
+    void repaints();
 };
 
 void tst_markerlist::startsWith()
@@ -238,7 +252,14 @@ void tst_markerlist::addOccupiedKeepsTheMarker()
     marker->SetShowMarker(false, true);
     marker->SetParent(nullptr);
     list.SetMustRecalcRulers(false);
+    QColor & entry = ColorSet::Instance()[Color(90)];
+    QColor const before = entry;
+    marker->GetBrush();
+    entry = QColor(4, 5, 6);
     QCOMPARE(list.AddMarker(5), marker);
+    QColor const made = marker->GetBrush()->color();
+    entry = before;
+    QCOMPARE(made, QColor(4, 5, 6));
     QCOMPARE(marker->GetValue(), 4.0);
     QVERIFY(!marker->GetShowMarkerFlag());
     QCOMPARE(marker->GetValuePath(), number.Path());
@@ -362,12 +383,40 @@ void tst_markerlist::markerDeletedByOthers()
 {
     TestMarkerList list;
     Marker * const marker = list.AddMarker(3);
+    list.AddMarker(4);
     marker->SetMoving(true, true);
     delete marker;
     QVERIFY(!list.GetMarker(3));
-    list.RebuildMarkerList();
-    QVERIFY(list.GetShownMarkers().empty());
+    // the lists of shown markers name it no more
+    QCOMPARE(list.GetShownIndices(), Indices{ 4 });
+    QCOMPARE(list.GetShownMarkers(), std::vector<Marker *>{ list.GetMarker(4) });
     QVERIFY(list.AddMarker(3));
+}
+
+void tst_markerlist::strayMarkerDeletedByOthers_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::newRow("assigned to") << QStringLiteral("assigned to");
+    QTest::newRow("without a parent") << QStringLiteral("without a parent");
+    QTest::newRow("with another parent") << QStringLiteral("with another parent");
+}
+
+void tst_markerlist::strayMarkerDeletedByOthers()
+{
+    QFETCH(QString, how);
+    TestMarkerList list;
+    TestMarkerList other;
+    other.AddMarker(3);
+    Marker * const marker = list.AddMarker(3);
+    Marker const source;
+    if (how == QLatin1String("assigned to"))
+        *marker = source;
+    else
+        marker->SetParent(how == QLatin1String("without a parent") ? nullptr : &other);
+    delete marker;
+    QVERIFY(!list.GetMarker(3));
+    QVERIFY(list.GetShownMarkers().empty());
+    QVERIFY(other.GetMarker(3));
 }
 
 void tst_markerlist::endDeletesTheMarkers()
@@ -394,6 +443,37 @@ void tst_markerlist::shownListsRise()
     list.GetMarker(3)->SetSpecial(eSpecialShowMoving);
     list.RebuildMarkerList();
     QCOMPARE(list.GetShownMarkers().size(), std::size_t(4));
+}
+
+void tst_markerlist::repaints_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::newRow("updateWidget") << QStringLiteral("updateWidget");
+    QTest::newRow("resize timer") << QStringLiteral("resize timer");
+    QTest::newRow("current marker") << QStringLiteral("current marker");
+}
+
+void tst_markerlist::repaints()
+{
+    QFETCH(QString, how);
+    PaintedList list;
+    Marker & marker = *list.AddMarker(2);
+    marker.SetSpecial(eSpecialShowMoving);
+    list.resize(60, 20);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QTRY_VERIFY(list.m_paints > 0);
+    QCoreApplication::processEvents();
+    list.m_paints = 0;
+    if (how == QLatin1String("updateWidget"))
+        list.MarkerList::updateWidget();
+    else if (how == QLatin1String("current marker"))
+        marker.SetCurrentMarker(true, true);
+    else {
+        list.StartResizeTimer();
+        list.Fire(list.GetResizeTimerID());
+    }
+    QTRY_VERIFY(list.m_paints > 0);
 }
 
 ORIM_TEST_MAIN(tst_markerlist)

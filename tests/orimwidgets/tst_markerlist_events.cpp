@@ -63,6 +63,13 @@ private:
     TimerCounter m_counter;
 };
 
+//! Ends when its colours are to be cleared.
+class EndingList : public TestMarkerList
+{
+public:
+    void slotClearColors() override { delete this; }
+};
+
 QStringList Once(char const * call) { return { QString::fromLatin1(call) }; }
 
 } // namespace
@@ -89,6 +96,7 @@ private Q_SLOTS:
     void timerOfNobody_data();
     void timerOfNobody();
     void movingEndsByItself();
+    void timersTakeTheirTime();
 
     void wheelWithoutCurrentMarker();
     void wheelGoesToTheParent();
@@ -115,6 +123,7 @@ private Q_SLOTS:
     void strangerChangesState();
     void showOfTheTopWindow();
     void showOfTheListItself();
+    void showEndsTheList();
     void otherEventsGoToTheControl();
     void topWindowEndsFirst();
     void withoutWatchedObject();
@@ -174,6 +183,11 @@ void tst_markerlist_events::negativeDelaysAreNone()
 void tst_markerlist_events::resizeIsHeldBack()
 {
     TestMarkerList list;
+    list.show();
+    list.resize(80, 40);
+    QCoreApplication::processEvents();
+    QCOMPARE(list.GetResizeTimerID(), 0); // panes ask for it
+    list.Forget();
     list.SetResizeDelay(20);
     QCOMPARE(list.GetResizeDelay(), 20);
     list.StartResizeTimer();
@@ -257,6 +271,32 @@ void tst_markerlist_events::movingEndsByItself()
     QVERIFY(scene.At(2).GetShowMarker());
     QTRY_VERIFY_WITH_TIMEOUT(!scene.At(2).GetShowMarker(), 5000);
     QVERIFY(time.elapsed() >= 900);
+}
+
+void tst_markerlist_events::timersTakeTheirTime()
+{
+    Scene scene;
+    TestMarkerList & list = scene.list;
+    list.MarkerList::Repair();
+    list.StartResizeTimer();
+    QCOMPARE(IntervalOf(list, list.GetRepairTimerID()), 100);
+    QCOMPARE(IntervalOf(list, list.GetResizeTimerID()), 250);
+    list.SetRepairDelay(70);
+    list.SetResizeDelay(80);
+    list.MarkerList::Repair();
+    list.StartResizeTimer();
+    QCOMPARE(IntervalOf(list, list.GetRepairTimerID()), 70);
+    QCOMPARE(IntervalOf(list, list.GetResizeTimerID()), 80);
+    // those before were killed
+    QCOMPARE(static_cast<int>(QAbstractEventDispatcher::instance()->registeredTimers(&list).size()), 2);
+    scene.At(2).SetMoving(true, true);
+    QCOMPARE(IntervalOf(list, scene.At(2).GetTimerID()), 1000);
+    scene.Rest(2);
+    scene.At(2).SetSpecial(eSpecialShowMoving);
+    scene.At(2).SetCurrentMarker(true, true); // starts it too
+    QCOMPARE(IntervalOf(list, scene.At(2).GetTimerID()), 1000);
+    list.Wheel(120);
+    QCOMPARE(IntervalOf(list, list.GetWheelTimerID()), 100);
 }
 
 void tst_markerlist_events::wheelWithoutCurrentMarker()
@@ -600,6 +640,15 @@ void tst_markerlist_events::showOfTheListItself()
     QCOMPARE(list.m_calls, (QStringList{ QStringLiteral("slotClearColors"), QStringLiteral("updateWidget"),
                                          QStringLiteral("updateWidget") }));
     QCOMPARE(list.GetMarkerValue(3), 4.0);
+}
+
+void tst_markerlist_events::showEndsTheList()
+{
+    QPointer<MarkerList> const list(new EndingList);
+    list->AddMarker(3);
+    QShowEvent event;
+    QVERIFY(list->eventFilter(list, &event)); // nobody is left to take the event
+    QVERIFY(!list);
 }
 
 void tst_markerlist_events::otherEventsGoToTheControl()
