@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <limits>
 
 namespace {
@@ -413,6 +414,12 @@ void Marker::SetWrapIntoRange(int start, int stop)
     m_wrapStart = start;
     m_wrapStop = stop;
     MoveIntoRangeAndDraw(true);
+}
+
+void Marker::GetWrapIntoRange(int & start, int & stop) const
+{
+    start = m_wrapStart;
+    stop = m_wrapStop;
 }
 
 void Marker::MoveIntoRangeAndDraw(bool draw)

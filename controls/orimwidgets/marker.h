@@ -204,6 +204,7 @@ public:
 
     //! The range that values are wrapped into; start not below stop means no wrapping.
     void SetWrapIntoRange(int start, int stop);
+    void GetWrapIntoRange(int & start, int & stop) const;
 
     // Visibility and state
 
@@ -217,6 +218,8 @@ public:
 
     //! Hides the marker whatever the show flag says; only eSpecialAlwaysShow is stronger.
     void SetNeverShowMarker(bool never) { m_neverShow = never; }
+
+    bool GetNeverShowMarker() const { return m_neverShow; }
 
     //! Whether the result panel is drawn now.
     bool GetShowResult() const;

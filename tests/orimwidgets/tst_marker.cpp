@@ -70,6 +70,7 @@ void tst_marker::startsWith()
     QVERIFY(!marker.IsMoving());
     QCOMPARE(marker.GetWrapAround(), -1);
     QVERIFY(marker.GetValuePath().isEmpty());
+    QVERIFY(!marker.GetValuePath().isNull());
     QVERIFY(marker.GetMarkerName().isNull());
     QVERIFY(!marker.GetIValueNumeric());
     QVERIFY(!marker.GetConnected());
@@ -83,6 +84,12 @@ void tst_marker::startsWith()
     QVERIFY(!marker.GetCurrentMarker());
     QVERIFY(!marker.GetShowResultFlag());
     QVERIFY(!marker.GetFillBelow());
+    QVERIFY(!marker.GetNeverShowMarker());
+    int start = 0;
+    int stop = 0;
+    marker.GetWrapIntoRange(start, stop);
+    QCOMPARE(start, -1);
+    QCOMPARE(stop, -1);
 }
 
 void tst_marker::startsDrawnWithoutRectangle()
@@ -93,6 +100,7 @@ void tst_marker::startsDrawnWithoutRectangle()
     QVERIFY(!marker.GetRect().isValid());
     QVERIFY(marker.GetShowMarker());
     QVERIFY(!marker.GetShowResult());
+    QVERIFY(!marker.GetMoveable());
     marker.SetMoveable(true);
     QVERIFY(marker.GetMoveable());
     int pixels = 5;
@@ -219,6 +227,14 @@ void tst_marker::storesWhatIsSet()
     QVERIFY(marker.GetShowResultFlag());
     marker.SetFillBelow(true);
     QVERIFY(marker.GetFillBelow());
+    marker.SetNeverShowMarker(true);
+    QVERIFY(marker.GetNeverShowMarker());
+    int start = 0;
+    int stop = 0;
+    marker.SetWrapIntoRange(-5, 355);
+    marker.GetWrapIntoRange(start, stop);
+    QCOMPARE(start, -5);
+    QCOMPARE(stop, 355);
 }
 
 void tst_marker::disabled()
