@@ -481,6 +481,7 @@ void tst_marker_looks::copyLeavesOut()
     target.SetColor(Color(91));
     target.SetPixel(8);
     target.SetResultPixel(9);
+    target.SetWrapIntoRange(0, 100);
     target.SetMoving(true, true);
     int const timer = target.GetTimerID();
     source.SetMoving(false, true);
@@ -496,9 +497,13 @@ void tst_marker_looks::copyLeavesOut()
     QCOMPARE(target.GetPixel(), -1);
     QCOMPARE(target.GetResultPixel(), -1);
     QVERIFY(!target.GetParent());
+    target.SetOffset(0.0);
     target.SetValue(-20.0);
-    target.SetWrapAround(360); // without a wrap range
-    QCOMPARE(target.GetValue(), -20.0);
+    target.SetWrapAround(50); // into its own range
+    QCOMPARE(target.GetValue(), 30.0);
+    target.SetValue(120.0);
+    target.SetWrapAround(50);
+    QCOMPARE(target.GetValue(), 70.0);
 
     Marker copy(source);
     QCOMPARE(copy.GetSpecial(), 0U);
@@ -507,6 +512,9 @@ void tst_marker_looks::copyLeavesOut()
     QCOMPARE(copy.GetTimerID(), -1);
     QCOMPARE(static_cast<int>(copy.GetColor()), 150);
     QVERIFY(!copy.GetParent());
+    copy.SetValue(-20.0);
+    copy.SetWrapAround(360); // without a wrap range
+    QCOMPARE(copy.GetValue(), -20.0);
 }
 
 void tst_marker_looks::assignmentLeavesPensBehind()

@@ -337,7 +337,10 @@ void tst_markerlist_markers::currentClearsTheOthers()
     list.GetMarker(9)->SetCurrentMarker(true, true);
     list.GetMarker(9)->SetParent(nullptr);
     QSignalSpy states(&list, &MarkerList::signalSetState);
+    QList<bool> flagInside;
+    connect(&list, &MarkerList::signalSetState, this, [&] { flagInside << list.GetMarker(2)->GetCurrentMarker(); });
     QVERIFY(list.SetCurrentMarker(4, true));
+    QCOMPARE(flagInside, (QList<bool>{ true, false, false })); // cleared after the others heard of it
     QVERIFY(!list.GetMarker(2)->GetCurrentMarker());
     QVERIFY(list.GetMarker(4)->GetCurrentMarker());
     QVERIFY(list.GetMarker(9)->GetCurrentMarker()); // it has no list to tell
