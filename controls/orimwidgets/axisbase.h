@@ -112,7 +112,9 @@ public:
 
     // Value to pixel
 
-    //! Value that a pixel shows; not clamped. With an inner rectangle one pixel long it is infinite or NaN.
+    //! Value that a pixel shows; not clamped. With an inner rectangle one pixel long it is infinite or NaN. An axis of
+    //! both directions takes the pixel as one of a vertical axis, though its values have the pixels of a horizontal
+    //! one.
     virtual double PixelToValue(int pixel) const;
     //! Pixel that shows a value, truncated towards zero. The length and the place of the inner rectangle count as
     //! 16-bit numbers. \return -1 for NaN, outside the range, for an empty range, and for an axis without a direction.
@@ -148,10 +150,6 @@ public:
     IHMap * HMap() override;
     InRange CheckInRange(double value) const;
 
-    //! Has the picture repaired.
-    virtual void RebuildSections();
-    //! Pixels that a distance on the axis takes, rounded up; the lowest int when no int holds them.
-    virtual int DistanceToPixel(double distance);
     //! Vertical scroll position of the picture, px; 0 here.
     virtual int ScrollYPixelOffset() const;
     //! For derived panes that keep a border above; false here.
@@ -266,7 +264,8 @@ public:
     QString GetUnitText() override;
     QString GetPropertyPageUnitText() override;
     QString GetPureUnitText() override;
-    //! \return 0 for a text that is no number.
+    //! \return 0 for a text that is no number. "inf", "nan", and a number that no double holds are none; only a
+    //!         converter may read them otherwise.
     double String2double(QString text) override;
     QString double2String(double value, char const * format) override;
 
@@ -320,6 +319,14 @@ protected:
     //! Paints frame and ground, and the strip of bearing bands when the display asks for it. Does nothing without a
     //! picture.
     virtual void drawBackground(QPainter & painter);
+
+public:
+    //! Has the picture repaired.
+    virtual void RebuildSections();
+    //! Pixels that a distance on the axis takes, rounded up; the lowest int when no int holds them.
+    virtual int DistanceToPixel(double distance);
+
+protected:
     //! Paints the shading colours of the range, one line a pixel from \a x, \a y on, both ends included: the high end
     //! at the top, or at the right. \param w, h    px; nothing below 2, nor without a shading colour. \param invert  on
     //! a vertical axis: the high end at the bottom, and the colours not turned round.
@@ -429,6 +436,8 @@ private:
     double TimeSpanEnd() const;
     void MoveScrolledRange();
 
+    template <class T>
+    bool Attach(T *& field, QString const & path);
     template <class T>
     bool Bind(T *& field, QString const & path);
     template <class T>

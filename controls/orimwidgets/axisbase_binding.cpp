@@ -53,8 +53,8 @@ constexpr auto AxisBase::BoundField::Table()
         Of<&AxisBase::m_pOffset2>([](AxisBase & axis) { axis.SetOffset(axis.m_pOffset2->GetValue()); }),
         Of<&AxisBase::m_pShadingColor>(
             [](AxisBase & axis) { axis.StoreShadingColor(static_cast<int>(axis.m_pShadingColor->GetCurrentKey())); }),
-        Of<&AxisBase::m_pDisplayAzimuth>([](AxisBase & axis) { axis.Repair(); }),
         Of<&AxisBase::m_pTimeZone>([](AxisBase & axis) { axis.TimeZoneChanged(); }),
+        Of<&AxisBase::m_pDisplayAzimuth>([](AxisBase & axis) { axis.Repair(); }),
         OfForceRebuild<0>(),
         OfForceRebuild<1>(),
         OfForceRebuild<2>(),
@@ -88,8 +88,9 @@ void AxisBase::LetGo(T *& field)
         value->DeleteObserver(this);
 }
 
+//! Lets go of the value before and observes the one at the path. The field stays null when there is none.
 template <class T>
-bool AxisBase::Bind(T *& field, QString const & path)
+bool AxisBase::Attach(T *& field, QString const & path)
 {
     LetGo(field);
     Tree const * const tree = Tree::Instance();
@@ -97,8 +98,16 @@ bool AxisBase::Bind(T *& field, QString const & path)
     if (!value || !(value->AddObserver(this) || value->HasObserver(this)))
         return false;
     field = value;
+    return true;
+}
+
+template <class T>
+bool AxisBase::Bind(T *& field, QString const & path)
+{
+    if (!Attach(field, path))
+        return false;
     LifeWatch const life(GetObserverLifetime());
-    ReplayOnBinding(value, this);
+    ReplayOnBinding(field, this);
     return !life.IsOver() && field;
 }
 
@@ -227,12 +236,16 @@ bool AxisBase::SetForceRebuild_ValuePath(QString const & path, unsigned int inde
         return false;
     if (m_observedLife.IsOver())
         m_pObserved = nullptr;
+    if (!Attach(m_pObserved, path))
+        return false;
+    m_observedLife = LifeWatch(m_pObserved->GetLifetime()); // no field of the table forgets it
     LifeWatch const life(GetObserverLifetime());
-    bool const bound = Bind(m_pObserved, path);
+    ReplayOnBinding(m_pObserved, this);
     if (life.IsOver())
         return false;
-    m_observedLife = bound ? LifeWatch(m_pObserved->GetLifetime()) : LifeWatch();
-    return bound;
+    if (m_observedLife.IsOver())
+        m_pObserved = nullptr;
+    return m_pObserved;
 }
 
 void AxisBase::DisableUnitSelection() { LetGo(m_pUnitSelection); }

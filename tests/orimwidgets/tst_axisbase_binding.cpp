@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "axisprobe.h"
 
+#include "guibase.h"
 #include "marker.h"
 #include "testmain.h"
 #include "valueselection.h"
@@ -91,7 +92,10 @@ private Q_SLOTS:
     void badPathLeavesTheDefault();
     void offsetOfAnyNumber();
     void forceRebuildIndices();
+    void valueEndsWhileTheSpareSlotIsBound();
     void twoFieldsOfOneValue();
+    void zoneComesBeforeTheAzimuth();
+    void departureOfSelections();
     void newStart();
     void newStop();
     void newSpeedAndOffset_data();
@@ -235,6 +239,48 @@ void tst_axisbase_binding::forceRebuildIndices()
     QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
 }
 
+void tst_axisbase_binding::valueEndsWhileTheSpareSlotIsBound()
+{
+    Planted<Number> number("number");
+    QString const path = number.Path();
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(path));
+    connect(&axis, &AxisBase::signalRangeChanged, &axis, [&] { Tree::Instance()->Remove(path); });
+    QVERIFY(!axis.SetForceRebuild_ValuePath(path, 3));
+    QVERIFY(!axis.m_pStart);
+    QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
+}
+
+//! A selection may be both: the first field that holds it decides.
+void tst_axisbase_binding::zoneComesBeforeTheAzimuth()
+{
+    Planted<ValueSelection> both("both");
+    both->AddItems({ { QStringLiteral("a"), 0.0, 0 }, { QStringLiteral("b"), 7200.0, 1 } });
+    AxisProbe time(AxisBase::AxisHorizontal | AxisBase::AxisTimeStamps);
+    ValueSelection * const zone = time.m_pTimeZone;
+    QVERIFY(time.SetDisplayAzimuth_ValuePath(both.Path()));
+    time.m_pTimeZone = both.Get();
+    both->Select(1L, nullptr);
+    QCOMPARE(time.m_pDateTime->toString(QStringLiteral("hh")), QStringLiteral("02"));
+    time.m_pTimeZone = zone;
+}
+
+void tst_axisbase_binding::departureOfSelections()
+{
+    Planted<ValueSelection> choice("choice");
+    choice->AddItem({ QStringLiteral("a"), 0.0, 1 });
+    AxisProbe axis;
+    QVERIFY(axis.SetDisplayAzimuth_ValuePath(choice.Path()));
+    axis.m_repairs = 0;
+    choice->Select(1L, nullptr);
+    QCOMPARE(axis.m_repairs, 1);
+    AxisProbe other;
+    other.m_pUnitSelection = other.m_pTimeZone = choice.Get();
+    choice->AddObserver(&other);
+    Tree::Instance()->Remove(choice.Path());
+    QVERIFY(!other.m_pUnitSelection && !other.m_pTimeZone && !axis.m_pDisplayAzimuth);
+}
+
 void tst_axisbase_binding::twoFieldsOfOneValue()
 {
     Planted<Number> number("number");
@@ -297,8 +343,13 @@ void tst_axisbase_binding::newStop()
     QCOMPARE(marker->GetValue(), 365.0); // there is no bound start
     QVERIFY(axis.SetStart_ValuePath(start.Path()));
     pane.m_heard.clear();
+    double stopWhenForwarded = -1.0;
+    pane.m_then = [&] { stopWhenForwarded = axis.m_stop; };
     stop->SetValue(360.9, nullptr);
     QCOMPARE(pane.m_heard.size(), std::size_t(1));
+    QVERIFY(pane.m_heard[0].first == static_cast<Observable *>(stop.Get()));
+    QCOMPARE(pane.m_heard[0].second, 3);
+    QCOMPARE(stopWhenForwarded, 359.0); // the pane is told first
     QCOMPARE(axis.m_stop, 360.9);
     QCOMPARE(marker->GetValue(), 5.0);
 }
@@ -336,6 +387,9 @@ void tst_axisbase_binding::newSpeedAndOffset()
     axis.SetOffset(60.0);
     QCOMPARE(offset->GetValue(), 60.0);
     QCOMPARE(axis.m_start, horizontal ? 60.0 : 0.0);
+    axis.m_calculations = 0;
+    axis.SetOffset(61.0);
+    QCOMPARE(axis.m_calculations, horizontal ? 2 : 1); // it does not hear of its own write
 }
 
 void tst_axisbase_binding::speedAlone()
@@ -375,6 +429,13 @@ void tst_axisbase_binding::limitsOfTheSpeed()
     axis.SetPixPerSecond(50.0);
     QCOMPARE(speed->GetValue(), 30.0);
     QCOMPARE(axis.GetPixPerSecond(), 30.0);
+    QCOMPARE(axis.m_start, 0.0); // without a bound offset the range stays
+    QCOMPARE(axis.m_stop, 0.0);
+    Planted<Number> offset("offset");
+    AxisProbe alone;
+    QVERIFY(alone.SetOffset_ValuePath(offset.Path()));
+    alone.SetOffset(7.0);
+    QCOMPARE(alone.m_start, 0.0); // and without a bound speed
 }
 
 void tst_axisbase_binding::newShadingColor()
@@ -546,10 +607,25 @@ void tst_axisbase_binding::deletedWhileTold()
 void tst_axisbase_binding::endsQuietly()
 {
     Planted<Number> number("number");
+    Planted<Number> stop("stop");
+    Planted<Number> speed("speed");
+    Planted<Number> offset("offset");
+    Planted<Integer> whole("whole");
     Planted<ValueSelection> choice("choice");
+    Planted<ValueSelection> shading("shading");
+    Planted<ValueSelection> unit("unit");
+    ValueSelection const * const zone = GuiBase::Instance().GetTimeZone();
+    int const zoneObservers = zone->GetObserverCount();
     {
-        AxisProbe axis;
+        AxisProbe axis(AxisBase::AxisHorizontal | AxisBase::AxisTimeStamps);
+        QCOMPARE(zone->GetObserverCount(), zoneObservers + 1);
         QVERIFY(axis.SetStart_ValuePath(number.Path()) && axis.SetDisplayAzimuth_ValuePath(choice.Path()));
+        QVERIFY(axis.SetStop_ValuePath(stop.Path()) && axis.SetPixPerSecond_ValuePath(speed.Path()));
+        QVERIFY(axis.SetOffset_ValuePath(offset.Path()) && axis.SetShadingColor_ValuePath(shading.Path()));
+        axis.m_pOffset2 = whole.Get();
+        whole->AddObserver(&axis);
+        axis.m_pUnitSelection = unit.Get();
+        unit->AddObserver(&axis);
         for (unsigned int const index : { 0U, 1U, 2U, 3U })
             QVERIFY(axis.SetForceRebuild_ValuePath(number.Path(), index));
         axis.m_pScrollButtons = std::make_unique<VCScrollButtons>();
@@ -557,6 +633,13 @@ void tst_axisbase_binding::endsQuietly()
     }
     QCOMPARE(number->GetObserverCount(), 0);
     QCOMPARE(choice->GetObserverCount(), 0);
+    QCOMPARE(stop->GetObserverCount(), 0);
+    QCOMPARE(speed->GetObserverCount(), 0);
+    QCOMPARE(offset->GetObserverCount(), 0);
+    QCOMPARE(whole->GetObserverCount(), 0);
+    QCOMPARE(shading->GetObserverCount(), 0);
+    QCOMPARE(unit->GetObserverCount(), 0);
+    QCOMPARE(zone->GetObserverCount(), zoneObservers);
     number->SetValue(5.0, nullptr);
 }
 
