@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
 #include "ihmap.h"
 
-IHMap::~IHMap() = default;
-
 IHasHMap::~IHasHMap() = default;

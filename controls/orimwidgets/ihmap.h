@@ -8,8 +8,6 @@
 class ORIMWIDGETS_EXPORT IHMap
 {
 public:
-    virtual ~IHMap();
-
     //! Width of the axis, px.
     virtual int GetPixelCnt() const = 0;
     //! Pixel that shows a value.
@@ -28,6 +26,9 @@ public:
     virtual double GetXUnitsForPixel(int section) const = 0;
     //! Number of sections that the axis is cut into.
     virtual int GetSectionCnt() const = 0;
+
+protected:
+    ~IHMap() = default; // nobody owns an axis by its mapping
 };
 
 //! Access to the mapping of an axis.

@@ -6,6 +6,7 @@
 #include "guibase.h"
 #include "handlerbase.h"
 #include "marker.h"
+#include "placeof.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valueselection.h"
@@ -13,6 +14,7 @@
 #include <QResizeEvent>
 #include <QSignalSpy>
 
+#include <algorithm>
 #include <cfloat>
 #include <climits>
 #include <cmath>
@@ -23,6 +25,13 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double Nothing = std::numeric_limits<double>::quiet_NaN();
+
+//! Shows the place of what is protected.
+class Places : public AxisBase
+{
+public:
+    static int OfBackground() { return PlaceOf(&Places::drawBackground); }
+};
 
 } // namespace
 
@@ -42,8 +51,11 @@ private Q_SLOTS:
     void frequencyAxis();
     void timeAxis();
     void metaObject();
+    void virtualOperationsKeepTheirOrder();
+    void interfacesKeepTheirOrder();
     void ranges();
     void colorsAreTakenAnew();
+    void paintsNothingItself();
     void constantAnswers();
 
     // range
@@ -58,6 +70,8 @@ private Q_SLOTS:
     void relative();
     void pixelOffsets();
     void plainSetters();
+    void asksForAPaint_data();
+    void asksForAPaint();
     void resized();
 
     // texts
@@ -109,8 +123,9 @@ void tst_axisbase::fieldsAtTheStart()
     QCOMPARE(axis.m_maxPixBetweenTics, -1);
     for (double const unset : { axis.m_defaultStart, axis.m_defaultStop, axis.m_deviceStart, axis.m_deviceStop })
         QCOMPARE(unset, -1.0);
-    for (double const zero : { axis.m_start, axis.m_stop, axis.m_calcStart, axis.m_calcStop, axis.m_drawnStart,
-                               axis.m_drawnStop, axis.m_pixPerSecond, axis.m_offset })
+    for (double const zero :
+         { axis.m_start, axis.m_stop, axis.m_calcStart, axis.m_calcStop, axis.m_drawnStart, axis.m_drawnStop,
+           axis.m_pixPerSecond, axis.m_offset, axis.m_ticStep, axis.m_firstTic, axis.m_ticOffset })
         QCOMPARE(zero, 0.0);
     QCOMPARE(axis.m_drawnHeight, 0);
     QVERIFY(!axis.m_fixedRange && axis.m_drawEnabled && axis.m_relative && !axis.m_hideUnit && axis.m_showUnit);
@@ -123,6 +138,7 @@ void tst_axisbase::fieldsAtTheStart()
     QCOMPARE(axis.m_forceRebuild, std::vector<ValueBase *>(3));
     QCOMPARE(axis.m_timeFormatString, QStringLiteral("mm"));
     QCOMPARE(axis.m_ticCount, 0);
+    QCOMPARE(axis.m_minorTics, 0);
 }
 
 void tst_axisbase::shadingColorFollowsTheType_data()
@@ -223,6 +239,49 @@ void tst_axisbase::metaObject()
     QVERIFY((std::is_base_of<UndoRecordingControlBase, AxisBase>::value && !std::is_abstract<AxisBase>::value));
 }
 
+void tst_axisbase::virtualOperationsKeepTheirOrder()
+{
+#if defined(__GNUC__) && defined(__x86_64__)
+    QVector<int> const places{ PlaceOf(&AxisBase::bMustRebuildPixMap),
+                               PlaceOf(static_cast<double (AxisBase::*)(int) const>(&AxisBase::PixelToValue)),
+                               PlaceOf(static_cast<int (AxisBase::*)(double) const>(&AxisBase::ValueToPixel)),
+                               PlaceOf(&AxisBase::ScrollYPixelOffset),
+                               PlaceOf(&AxisBase::UpperBorder),
+                               PlaceOf(&AxisBase::BuildFormatString),
+                               PlaceOf(&AxisBase::CalcValues),
+                               PlaceOf(&AxisBase::SetStartValue),
+                               PlaceOf(&AxisBase::GetStart),
+                               PlaceOf(&AxisBase::SetStopValue),
+                               PlaceOf(&AxisBase::GetStop),
+                               PlaceOf(&AxisBase::innerRect),
+                               Places::OfBackground(),
+                               PlaceOf(&AxisBase::RebuildSections),
+                               PlaceOf(&AxisBase::DistanceToPixel) };
+    QVERIFY(std::is_sorted(places.begin(), places.end()));
+    QVERIFY(std::adjacent_find(places.begin(), places.end()) == places.end());
+#endif
+}
+
+void tst_axisbase::interfacesKeepTheirOrder()
+{
+#if defined(__GNUC__) && defined(__x86_64__)
+    QCOMPARE(PlaceOf(&IHMap::GetPixelCnt), 0);
+    QCOMPARE(PlaceOf(&IHMap::ValueToPixel), 1);
+    QCOMPARE(PlaceOf(&IHMap::RangeToPixel), 2);
+    QCOMPARE(PlaceOf(&IHMap::PixelToValue), 3);
+    QCOMPARE(PlaceOf(&IHMap::GetPixelsForXUnit), 4);
+    QCOMPARE(PlaceOf(&IHMap::GetXUnitsForPixel), 5);
+    QCOMPARE(PlaceOf(&IHMap::GetSectionCnt), 6);
+    QCOMPARE(PlaceOf(&IHasHMap::HMap), 2); // 0 and 1 are the destructor's
+    QCOMPARE(PlaceOf(&IUnitTextProvider::SetUnitText), 0);
+    QCOMPARE(PlaceOf(&IUnitTextProvider::GetUnitText), 1);
+    QCOMPARE(PlaceOf(&IUnitTextProvider::GetPropertyPageUnitText), 2);
+    QCOMPARE(PlaceOf(&IUnitTextProvider::GetPureUnitText), 3);
+    QCOMPARE(PlaceOf(&IUnitTextProvider::String2double), 4);
+    QCOMPARE(PlaceOf(&IUnitTextProvider::double2String), 5);
+#endif
+}
+
 void tst_axisbase::ranges()
 {
     using Step = AxisBase::StartStopBandwidth;
@@ -252,7 +311,11 @@ void tst_axisbase::colorsAreTakenAnew()
     axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
     colors[static_cast<IColorBase::ECOLOR>(66)] = Qt::magenta;
     colors[static_cast<IColorBase::ECOLOR>(1)] = Qt::yellow;
+    QPalette odd;
+    odd.setColor(QPalette::Text, Qt::red);
+    axis.setPalette(odd);
     GuiBase::Instance().emit_signalColorsChanged();
+    QCOMPARE(axis.palette().color(QPalette::Text), QWidget().palette().color(QPalette::Text)); // a fresh palette
     QCOMPARE(axis.m_bgBrush, QBrush(Qt::magenta));
     QCOMPARE(axis.m_bgBrush.style(), Qt::SolidPattern);
     QCOMPARE(axis.m_bgPen, QPen(Qt::magenta));
@@ -272,6 +335,17 @@ void tst_axisbase::colorsAreTakenAnew()
     QCOMPARE(axis.m_repairDrawings, 1);
     QCOMPARE(axis.m_repairs, 0);
     colors.slotRestoreFactoryColors();
+}
+
+void tst_axisbase::paintsNothingItself()
+{
+    AxisBase axis;
+    axis.resize(40, 20);
+    axis.SetRange(0.0, 100.0);
+    QImage const image = axis.grab().toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            QCOMPARE(image.pixelColor(x, y), ColorSet::Instance()[IColorBase::eColorAxisScale]);
 }
 
 void tst_axisbase::constantAnswers()
@@ -301,7 +375,10 @@ void tst_axisbase::settingAnEnd()
     QFETCH(bool, isStart);
     AxisProbe axis;
     QStringList told;
-    connect(&axis, &AxisBase::redrawBars, this, [&] { told << QStringLiteral("bars"); });
+    auto const redrawn = connect(&axis, &AxisBase::redrawBars, this, [&] {
+        bool const isReady = axis.m_calculations == 1 && axis.m_repairs == 1;
+        told << (isReady ? QStringLiteral("bars") : QStringLiteral("too early"));
+    });
     connect(&axis, &AxisBase::signalRangeChanged, this, [&] { told << QStringLiteral("range"); });
     auto const set = [&](double value) { isStart ? axis.SetStartValue(value) : axis.SetStopValue(value); };
     set(17.5);
@@ -311,6 +388,7 @@ void tst_axisbase::settingAnEnd()
     QCOMPARE(axis.m_repairs, 1);
     QCOMPARE(told, QStringList({ QStringLiteral("bars"), QStringLiteral("range") }));
     QVERIFY(axis.m_ticCount > 0);
+    disconnect(redrawn);
 
     Planted<ValueNumeric<double>> value("end");
     value->SetMinMax(-10.0, 10.0, 0.0, nullptr);
@@ -318,8 +396,9 @@ void tst_axisbase::settingAnEnd()
     axis.m_calculations = 0;
     set(25.0);
     QCOMPARE(value->GetValue(), 10.0);
-    QCOMPARE(isStart ? axis.m_start : axis.m_stop, 10.0); // the limit wins
-    QCOMPARE(axis.m_calculations, 1);                     // and the axis did not hear of its own write
+    QCOMPARE(isStart ? axis.m_start : axis.m_stop, 10.0);         // the limit wins
+    QCOMPARE(isStart ? axis.m_calcStart : axis.m_calcStop, 10.0); // before the tics are found
+    QCOMPARE(axis.m_calculations, 1);                             // and the axis did not hear of its own write
     set(Nothing);
     QCOMPARE(isStart ? axis.m_start : axis.m_stop, 10.0);
 }
@@ -484,6 +563,43 @@ void tst_axisbase::plainSetters()
     QCOMPARE(axis.m_repairs, 0);
 }
 
+void tst_axisbase::asksForAPaint_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::newRow("RepairDrawing") << 0;
+    QTest::newRow("SetFixedRange") << 1;
+    QTest::newRow("SetRange") << 2;
+    QTest::newRow("colours do not") << 3;
+}
+
+//! At once, not with the next repair.
+void tst_axisbase::asksForAPaint()
+{
+    QFETCH(int, what);
+    AxisProbe axis;
+    axis.SetRepairDelay(1000000);
+    axis.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&axis));
+    QTRY_VERIFY(axis.m_paints > 0);
+    QCoreApplication::processEvents();
+    axis.m_paints = 0;
+    QColor red(Qt::red);
+    if (what == 0) {
+        axis.RepairDrawing();
+    } else if (what == 1) {
+        axis.SetFixedRange(0.0, 9.0, 2, 1, 1, 0.0, 9.0);
+    } else if (what == 2) {
+        axis.SetRange(0.0, 9.0);
+    } else {
+        axis.SetBgColor(red);
+        axis.SetTextColor(red);
+        QCoreApplication::processEvents();
+        QCOMPARE(axis.m_paints, 0);
+        return;
+    }
+    QTRY_VERIFY(axis.m_paints > 0);
+}
+
 void tst_axisbase::resized()
 {
     AxisProbe axis;
@@ -506,6 +622,12 @@ void tst_axisbase::resized()
     QVERIFY(vertical.SetPixPerSecond_ValuePath(speed.Path()));
     QCoreApplication::sendEvent(&vertical, &event); // nor does the direction count
     QCOMPARE(vertical.m_stop, 60.0 / 50.0);
+    QWidget window;
+    AxisProbe inside(&window, nullptr, 0x10U);
+    inside.setGeometry(37, 5, 100, 20);
+    QVERIFY(inside.SetPixPerSecond_ValuePath(speed.Path()));
+    QCoreApplication::sendEvent(&inside, &event);
+    QCOMPARE(inside.m_stop, 100.0 / 50.0); // its own width, wherever it lies, and not that of the event
 }
 
 // Texts
@@ -562,6 +684,9 @@ void tst_axisbase::labelByConverterTimeOrMarker()
     plain.BuildFormatString(text, 270.0, nullptr);
     QCOMPARE(text.trimmed(), plain.m_rightDigits == 0 ? QStringLiteral("-90")
                                                       : QStringLiteral("-90.000").left(4 + plain.m_rightDigits));
+    plain.SetConverter(new SuffixedDouble(SuffixedDouble::eSuffixKilo));
+    plain.BuildFormatString(text, 270.0, nullptr);
+    QCOMPARE(text, QStringLiteral("-0.09")); // wrapped before the converter writes it
 }
 
 void tst_axisbase::numbers_data()
@@ -641,6 +766,7 @@ void tst_axisbase::reading()
     QCOMPARE(axis.String2double(QStringLiteral("none")), 0.0);
     QCOMPARE(axis.String2double(QStringLiteral("nan")), 0.0);
     QCOMPARE(axis.String2double(QStringLiteral("inf")), 0.0);
+    QCOMPARE(axis.String2double(QStringLiteral("1e999")), 0.0);
     axis.SetConverter(new SuffixedDouble(SuffixedDouble::eSuffixMega));
     QCOMPARE(axis.String2double(QStringLiteral("12.5 MHz")), 12.5e6);
     AxisProbe time(AxisBase::AxisHorizontal | AxisBase::AxisTimeStamps);

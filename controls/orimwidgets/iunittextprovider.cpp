@@ -1,4 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "iunittextprovider.h"
-
-IUnitTextProvider::~IUnitTextProvider() = default;
