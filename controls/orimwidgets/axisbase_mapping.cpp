@@ -35,7 +35,13 @@ PixelMap const & AxisBase::Map() const
 
 int AxisBase::ValueToPixel(double value) const { return Map().ToPixel(value); }
 
-double AxisBase::PixelToValue(int pixel) const { return Map().ToValue(pixel); }
+double AxisBase::PixelToValue(int pixel) const
+{
+    if (!IsHorizontal() || !IsVertical())
+        return Map().ToValue(pixel);
+    QRect const inner = innerRect(); // vertical this way, horizontal the other
+    return PixelMap({ m_start, m_stop, PixelMap::eVertical, inner.top(), inner.bottom(), false, 0.0 }).ToValue(pixel);
+}
 
 void AxisBase::ValuesToPixels(double const * values, int * pixels, std::size_t count) const
 {

@@ -26,10 +26,13 @@ private Q_SLOTS:
     void valueToPixel_data();
     void valueToPixel();
     void mapFollowsWhatItIsMadeOf();
+    void bothDirections();
+    void innerRectangleOfADerivedClass();
     void onePixelWide();
     void sectionIsIgnored();
     void mapWithFlag_data();
     void mapWithFlag();
+    void otherFormsAskTheVirtualOnes();
     void invertedInvalidPixelStaysInRange();
     void rangeToPixel();
     void pixelToValueWithFlag();
@@ -133,6 +136,42 @@ void tst_axisbase_mapping::mapFollowsWhatItIsMadeOf()
     QCOMPARE(axis.ValueToPixel(300.0), 70);
 }
 
+//! Values go to pixels across, and pixels back to values upward.
+void tst_axisbase_mapping::bothDirections()
+{
+    AxisProbe axis(AxisBase::AxisHorizontal | AxisBase::AxisVertical, 100, 51);
+    axis.SetPixOffset(10, 20);
+    axis.SetRange(0.0, 100.0);
+    QCOMPARE(axis.ValueToPixel(100.0), 79);
+    QCOMPARE(axis.PixelToValue(0), 100.0);
+    QCOMPARE(axis.PixelToValue(25), 50.0);
+    QCOMPARE(axis.PixelToValue(50), 0.0);
+    QCOMPARE(axis.PixelToValue(0, 25), 50.0);
+}
+
+namespace {
+
+class ShiftedAxis : public AxisBase
+{
+public:
+    using AxisBase::PixelToValue;
+    using AxisBase::ValueToPixel;
+
+    QRect innerRect() const override { return { 40, 0, 11, 20 }; }
+};
+
+} // namespace
+
+void tst_axisbase_mapping::innerRectangleOfADerivedClass()
+{
+    ShiftedAxis axis;
+    axis.resize(100, 20);
+    axis.SetRange(0.0, 100.0);
+    QCOMPARE(axis.ValueToPixel(0.0), 40);
+    QCOMPARE(axis.ValueToPixel(100.0), 50);
+    QCOMPARE(axis.PixelToValue(45), 50.0);
+}
+
 void tst_axisbase_mapping::onePixelWide()
 {
     AxisProbe axis(AxisBase::AxisHorizontal, 1, 20);
@@ -162,8 +201,8 @@ void tst_axisbase_mapping::mapWithFlag_data()
     QTest::addColumn<bool>("invert");
     QTest::addColumn<int>("pixel");
     QTest::addColumn<bool>("valid");
-    QTest::newRow("inside") << 30.0 << false << 30 << true;
-    QTest::newRow("inside, inverted") << 30.0 << true << 49 << true; // 80 - 1 - 30
+    QTest::newRow("inside") << 30.0 << false << 35 << true;
+    QTest::newRow("inside, inverted") << 30.0 << true << 44 << true; // 80 - 1 - 35
     QTest::newRow("outside") << 300.0 << false << -1 << false;
     QTest::newRow("outside, inverted") << 300.0 << true << 80 << false;
 }
@@ -173,7 +212,7 @@ void tst_axisbase_mapping::mapWithFlag()
     QFETCH(double, value);
     QFETCH(bool, invert);
     AxisProbe axis;
-    axis.SetPixOffset(0, 20);
+    axis.SetPixOffset(5, 15);
     axis.SetRange(0.0, 80.0);
     bool ok = false;
     QTEST(axis.ValueToPixel(value, &ok, invert), "pixel");
@@ -186,13 +225,26 @@ namespace {
 class LowestPixelAxis : public AxisBase
 {
 public:
+    using AxisBase::PixelToValue;
     using AxisBase::ValueToPixel;
     int m_pixel = INT_MIN;
 
     int ValueToPixel(double /*value*/) const override { return m_pixel; }
+
+    double PixelToValue(int /*pixel*/) const override { return 3.0; }
 };
 
 } // namespace
+
+void tst_axisbase_mapping::otherFormsAskTheVirtualOnes()
+{
+    LowestPixelAxis axis;
+    axis.m_pixel = 7;
+    QCOMPARE(axis.ValueToPixel(0, 5.0), 7);
+    QCOMPARE(axis.ValueToPixel(5.0, nullptr, false), 7);
+    QCOMPARE(axis.PixelToValue(0, 1), 3.0);
+    QCOMPARE(axis.PixelToValue(1, nullptr, false), 3.0);
+}
 
 void tst_axisbase_mapping::invertedInvalidPixelStaysInRange()
 {
@@ -245,10 +297,15 @@ void tst_axisbase_mapping::pixelToValueWithFlag()
     axis.SetPixOffset(0, 9);
     axis.SetRange(0.0, 90.0);
     QCOMPARE(axis.PixelToValue(0, nullptr, true), 90.0); // 99 - 9 - 0
+    axis.SetPixOffset(4, 5);
+    QCOMPARE(axis.PixelToValue(86, nullptr, true), 0.0); // 99 - 4 - 5 - 86, the first pixel
     AxisProbe vertical(AxisBase::AxisVertical, 20, 100);
     vertical.SetRange(0.0, 99.0);
     QCOMPARE(vertical.PixelToValue(0, nullptr, true), 0.0);
     QCOMPARE(vertical.PixelToValue(0, nullptr, false), 99.0);
+    AxisProbe none(0U, 21, 101);
+    none.SetRange(0.0, 20.0);
+    QCOMPARE(none.PixelToValue(90, nullptr, true), 10.0); // 100 - 90, by the height; mapped across
     axis.SetPixOffset(INT_MIN, INT_MIN);
     axis.PixelToValue(INT_MIN, &ok, true); // defined, whatever it is
 }
@@ -306,11 +363,16 @@ void tst_axisbase_mapping::pixelsForAUnit()
 
     class Doubled : public AxisBase
     {
-        double GetPixelsForXUnit(int section) const override { return section; }
+        double GetPixelsForXUnit(int section) const override { return section + 2.0; }
     };
 
-    Doubled const doubled;
-    QCOMPARE(doubled.GetXUnitsForPixel(4), 0.25); // by the virtual operation
+    Doubled doubled;
+    QCOMPARE(doubled.GetXUnitsForPixel(2), 0.25); // by the virtual operation
+    QCOMPARE(doubled.DistanceToPixel(1.5), 3);    // of section 0
+    AxisProbe one(AxisBase::AxisHorizontal, 1, 20);
+    one.SetRange(0.0, 40.0);
+    QCOMPARE(one.GetPixelsForXUnit(0), 0.0);
+    QCOMPARE(one.GetXUnitsForPixel(0), Infinity);
 }
 
 void tst_axisbase_mapping::checkInRange_data()
