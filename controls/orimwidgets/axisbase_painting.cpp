@@ -98,8 +98,9 @@ void AxisBase::drawAgeingScale(QPainter & painter, int x, int y, int w, int h, i
     QRectF const shown = ShadingStrip::ShownArea(painter);
     // steps that share a row of pixels have no height: one of them does
     long long const stride = std::max(all / h, 1LL);
-    long long const first = std::clamp(toInt<long long>((shown.top() - y - height) / h * steps) - 1, 0LL, all);
-    long long const last = std::clamp(toInt<long long>((shown.bottom() - y) / h * steps) + 1, -1LL, all - 1);
+    // cut before one is added: no long long may hold the place
+    long long const first = std::clamp(toInt<long long>((shown.top() - y - height) / h * steps), 1LL, all + 1) - 1;
+    long long const last = std::clamp(toInt<long long>((shown.bottom() - y) / h * steps), -2LL, all - 2) + 1;
     GuiCentral & central = GuiCentral::Instance();
     for (long long i = first; i <= last; i += stride) {
         painter.setBrush(QColor(
