@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "coloryrulerleft.h"
 
+#include "toint.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -9,15 +11,14 @@
 namespace {
 
 constexpr int TopMargin = 10;  // px
-constexpr int MostTics = 1000; // a range that was given more tics than that shows the first ones
+constexpr int MostTics = 1000; // of a ruler lower than that many px: a range may be given any number
 constexpr double ValueOfIndex = 2.2250738585072014e-308;
 constexpr double LargestPicture = 64e6; // px
 
 //! \return null for a picture without an area, and for one that is too large.
 std::unique_ptr<QPixmap> MakePicture(QSize const & size, double ratio)
 {
-    QSize const pixels(static_cast<int>(std::ceil(size.width() * ratio)),
-                       static_cast<int>(std::ceil(size.height() * ratio)));
+    QSize const pixels(toInt(std::ceil(size.width() * ratio)), toInt(std::ceil(size.height() * ratio)));
     if (pixels.isEmpty() || static_cast<double>(pixels.width()) * pixels.height() > LargestPicture)
         return nullptr;
     auto picture = std::make_unique<QPixmap>(pixels);
@@ -62,7 +63,8 @@ void ColorYRulerLeft::BuildPixMap()
             painter.setPen(m_textPen);
             Check4Tics();
             m_labelReserve = 0;
-            for (int i = 0; i < std::min(m_ticCount, MostTics); ++i)
+            int const count = std::min(m_ticCount, std::max(MostTics, height()));
+            for (int i = 0; i < count; ++i)
                 DrawTic(painter, i);
         }
     }

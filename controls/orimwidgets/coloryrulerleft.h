@@ -15,7 +15,8 @@ public:
     explicit ColorYRulerLeft(QWidget * parent = nullptr, char const * name = nullptr);
     ~ColorYRulerLeft() override;
 
-    //! Makes the picture: ground and tics. A widget without an area, or with one beyond 64 million pixels, has none.
+    //! Makes the picture: ground and tics, the first max(1000, height in px) of a range that was given more. A widget
+    //! without an area, or with one beyond 64 million pixels, has none.
     void BuildPixMap() override;
 
 protected:

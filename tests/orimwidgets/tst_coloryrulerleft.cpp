@@ -94,6 +94,7 @@ private Q_SLOTS:
     void ownValueOfATic();
     void labelTakesTheDisplayFactor();
     void labelStandsLeftOfItsTic();
+    void labelIsInTheFontOfTheAxis();
     void labelThatDoesNotFit();
     void labelReserve();
     void noTics_data();
@@ -225,6 +226,17 @@ void tst_coloryrulerleft::labelStandsLeftOfItsTic()
     QVERIFY(!HasInk(image, QRect(0, y + 1, 120, 20)));
 }
 
+void tst_coloryrulerleft::labelIsInTheFontOfTheAxis()
+{
+    Ruler ruler;
+    ruler.resize(120, 201);
+    ruler.SetFixedRange(0.0, 100.0, 1, 1, 0, 50.0, 10.0);
+    ruler.m_label = QStringLiteral("HH");
+    ruler.m_font.setPixelSize(40);
+    int const y = ruler.ValueToPixel(50.0);
+    QVERIFY(HasInk(ruler.Picture(), QRect(0, y - 25, 113, 10), Ground));
+}
+
 void tst_coloryrulerleft::labelThatDoesNotFit()
 {
     Ruler ruler;
@@ -291,6 +303,8 @@ void tst_coloryrulerleft::pictureIsKeptAndTold()
     ruler.m_pPixmap2 = std::make_unique<QPixmap>(1, 1);
     ruler.SetMustRecalcRulers(false);
     QSignalSpy const painted(&ruler, &AxisBase::AxisRepainted);
+    connect(&ruler, &AxisBase::AxisRepainted, &ruler,
+            [&] { QVERIFY(ruler.m_pPixmap && ruler.m_drawnHeight == 201); }); // it comes last
     ruler.Picture();
     QCOMPARE(painted.count(), 1);
     QVERIFY(ruler.m_pPixmap && !ruler.m_pPixmap2);
@@ -362,6 +376,16 @@ void tst_coloryrulerleft::manyTicsAreBounded()
     ruler.SetFixedRange(0.0, 100.0, INT_MAX, INT_MAX, INT_MAX, 0.0, 1e-7);
     ruler.BuildPixMap();
     QCOMPARE(ruler.m_labelled.size(), std::size_t(1000));
+
+    Ruler high;
+    high.resize(60, 4000);
+    high.SetFixedRange(0.0, 2000.0, 2001, 4, 0, 0.0, 1.0);
+    high.BuildPixMap();
+    QVERIFY(high.m_labelled.back() > 1990.0); // all that have pixels
+    high.m_labelled.clear();
+    high.SetFixedRange(0.0, 100.0, INT_MAX, INT_MAX, INT_MAX, 0.0, 1e-7);
+    high.BuildPixMap();
+    QCOMPARE(high.m_labelled.size(), std::size_t(4000));
 }
 
 ORIM_TEST_MAIN(tst_coloryrulerleft)
