@@ -25,6 +25,15 @@ void RestoreColors()
         restorer->slotRestoreFactoryColors();
 }
 
+//! A menu or a modal dialog: whoever has it on the screen can do nothing else before it closes.
+bool HoldsTheScreen(QObject const * object)
+{
+    if (auto const * const widget = qobject_cast<QWidget const *>(object))
+        return widget->isWindow() && (widget->windowType() == Qt::Popup || widget->isModal());
+    auto const * const window = qobject_cast<QWindow const *>(object);
+    return window && (window->type() == Qt::Popup || window->isModal());
+}
+
 } // namespace
 
 GuiCentral & GuiCentral::Instance()
@@ -83,6 +92,8 @@ bool GuiCentral::eventFilter(QObject * object, QEvent * event)
         return false;
     if (object == only->windowHandle()) // on its way to the widget
         return false;
+    if (HoldsTheScreen(object)) // stays accepted: Qt hides the widget, and a window hands the close on to its widget
+        return object->isWidgetType();
     event->ignore(); // an accepted close would hide the widget although nobody heard of it
     return true;
 }

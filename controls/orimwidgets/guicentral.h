@@ -88,8 +88,11 @@ public:
 
     // State of the application
 
-    //! From now on only this widget can be closed; all others stay open. Null ends that, and so does the end of the
-    //! widget. Works once SetApplication() was called.
+    //! From now on only this widget can be closed; all others stay open, but for menus and other popups, and modal
+    //! dialogs: these go, though their closeEvent() is not called. Null ends that, and so does the end of the widget.
+    //! Works once SetApplication() was called. With Qt 6 a dialog that is not modal can be neither accepted nor
+    //! rejected meanwhile: Qt closes it for that. Nor does QCoreApplication::quit() of Qt 6 end an application then: it
+    //! closes all windows first, and gives up when one stays open.
     void BlockCloseApplication(QWidget * widget) { m_blockCloseWidget = widget; }
 
     void SetGuiName(QString const & name) { m_guiName = name; }
@@ -152,8 +155,9 @@ public:
 
     // Told by others
 
-    //! Swallows the close of every object but the widget of BlockCloseApplication(), and refuses it, so that the
-    //! object stays open. All other events pass.
+    //! Swallows the close of every object but the widget of BlockCloseApplication(). It refuses the close, so that the
+    //! object stays open, unless that is a popup or a modal window. All other events pass, and so does the close of a
+    //! QWindow whose widget closes: the widget is asked next.
     bool eventFilter(QObject * object, QEvent * event) override;
     //! Deletes the operation whose result is a value that goes away.
     void Update(Observable * subject, TChangeCode code) override;

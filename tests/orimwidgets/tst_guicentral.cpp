@@ -11,10 +11,10 @@
 
 #include <QMetaMethod>
 #include <QSignalSpy>
-#include <QWindow>
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -27,7 +27,18 @@ static_assert(std::is_same_v<decltype(&Central::Instance), Central & (*)()>);
 static_assert(std::is_same_v<decltype(&Central::GetGuiName), QString (Central::*)()>);
 static_assert(std::is_same_v<decltype(&Central::GetDrawHiddenPanes), bool (Central::*)() const>);
 static_assert(std::is_same_v<decltype(&Central::GetValuePath4ID), ValueBase * (Central::*)(VC::ID)>);
-static_assert(QEvent::Close == 19);
+static_assert(std::is_same_v<decltype(&Central::ShowHotKeyFrom), void (Central::*)(QAction *, QString)>);
+static_assert(std::is_same_v<decltype(&Central::SetApplication), void (Central::*)(QApplication *)>);
+static_assert(std::is_same_v<decltype(&Central::SetMainWidget), void (Central::*)(QWidget *)>);
+static_assert(std::is_same_v<decltype(&Central::StoreWidgetSize), void (Central::*)()>);
+static_assert(std::is_same_v<decltype(&Central::SetShowFrequencyInHz), void (Central::*)(bool)>);
+static_assert(std::is_same_v<decltype(&Central::SetFrequencyUnit), void (Central::*)(SuffixedDouble::ESuffix)>);
+static_assert(std::is_same_v<decltype(&Central::SetFrequencyResolution), void (Central::*)(SuffixedDouble::ESuffix)>);
+static_assert(std::is_same_v<decltype(&Central::SetDisplayMode), void (Central::*)(int)>);
+static_assert(std::is_same_v<decltype(&Central::EnableHotKey), void (Central::*)(int, bool)>);
+static_assert(std::is_same_v<decltype(&Central::RemoveHotKeyReceiver), void (Central::*)(QObject *)>);
+static_assert(std::is_same_v<decltype(&Central::ExecHotKeysDialog), void (Central::*)(QWidget *)>);
+static_assert(std::is_same_v<decltype(&Central::SetValuePath4ID), void (Central::*)(VC::ID, QString const &)>);
 
 GuiBase & Gui() { return GuiBase::Instance(); }
 
@@ -82,6 +93,23 @@ T * Insert(char const * name)
     return value;
 }
 
+//! An operation that tells of its end.
+class Ending : public OperationBase
+{
+public:
+    explicit Ending(std::function<void()> end) : OperationBase(QString(), QString()), m_end(std::move(end)) {}
+
+    Ending(Ending const &) = delete;
+    Ending & operator=(Ending const &) = delete;
+
+    ~Ending() override { m_end(); }
+
+private:
+    void Compute(Role /*changed*/) override {}
+
+    std::function<void()> m_end;
+};
+
 QString Path(char const * name) { return QStringLiteral("/central/") + QLatin1String(name); }
 
 } // namespace
@@ -106,6 +134,7 @@ private Q_SLOTS:
     void methods();
     void applicationRaisesSignals_data();
     void applicationRaisesSignals();
+    void signalsOfTheApplicationAreLeftToIt();
     void frequencyToJob_data();
     void frequencyToJob();
 
@@ -114,6 +143,7 @@ private Q_SLOTS:
     void constructorReadsInOrder();
     void constructorRaisesOnceBeforeAndOnceAfterReading();
     void listenerOfTheConstructorGetsWhatIsBuilt();
+    void rolesAreAppliedAgainBeforeReading();
     void commonColorsSurviveTheStart();
 
     void beforeWriteDoesNothing();
@@ -127,18 +157,8 @@ private Q_SLOTS:
     void unsetValuePathLeavesAnEntry();
     void valuePathOfARemovedValue();
 
-    void eventFilterAnswers_data();
-    void eventFilterAnswers();
-    void blockedWidgetStaysOpen();
-    void storedWidgetCloses();
-    void storedWidgetNeverShown();
-    void childOfAWindow();
-    void blockedWindowHandle();
-    void blockingEnds_data();
-    void blockingEnds();
-    void blocksOnlyItsApplication();
-
     void resultGoesAway();
+    void resultIsLetGo();
     void updateIgnores_data();
     void updateIgnores();
     void updateWithoutOperation();
@@ -150,6 +170,7 @@ private Q_SLOTS:
     void terminationInsideItsOwnWrite();
     void terminationOfAFailingStore();
     void terminationEndsOperations();
+    void terminationEndsInOrder();
     void terminationByTheApplication();
     void colorsAfterTermination();
     void destructorTerminates();
@@ -280,6 +301,29 @@ void tst_GuiCentral::applicationRaisesSignals()
     QCOMPARE(spy.count(), 1);
 }
 
+void tst_GuiCentral::signalsOfTheApplicationAreLeftToIt()
+{
+    GuiCentralAccess central;
+    QSignalSpy const lost(&central, &GuiCentral::focusLost);
+    QSignalSpy const gained(&central, &GuiCentral::hasFocus);
+    QSignalSpy const known(&central, &GuiCentral::signalKnownFrequencyListChanged);
+    QWidget widget;
+    widget.show();
+    widget.activateWindow();
+    widget.setFocus();
+    Gui().hotkey_ESC_pressed();
+    Gui().signalHotKey(1);
+    central.emit_toJob(1.0);
+    central.slotRestoreFactoryColors();
+    central.slotRestoreDefaultPersistant();
+    widget.clearFocus();
+    widget.hide();
+    central.aboutToTerminate();
+    QCOMPARE(lost.count(), 0);
+    QCOMPARE(gained.count(), 0);
+    QCOMPARE(known.count(), 0);
+}
+
 void tst_GuiCentral::frequencyToJob_data()
 {
     QTest::addColumn<double>("frequency");
@@ -367,6 +411,21 @@ void tst_GuiCentral::listenerOfTheConstructorGetsWhatIsBuilt()
     QCOMPARE(seen, QList<GuiCentral *>({ &central, &central }));
     QCOMPARE(sets, std::size_t(20));
     QVERIFY(&GuiCentral::Instance() != &central);
+}
+
+void tst_GuiCentral::rolesAreAppliedAgainBeforeReading()
+{
+    bool first = true;
+    QObject context;
+    connect(&Gui(), &GuiBase::signalColorsChanged, &context, [&] {
+        if (std::exchange(first, false))
+            GuiCentralAccess::Roles(GuiCentral::Instance())[1] = 4;
+    });
+    GuiCentralAccess central;
+    QVERIFY(!first);
+    QCOMPARE(central.GetColorSetIdForRoleId(1), 9);
+    central.slotRestoreDefaultPersistant();
+    QCOMPARE(central.GetColorSetIdForRoleId(1), 9);
 }
 
 void tst_GuiCentral::commonColorsSurviveTheStart()
@@ -488,175 +547,6 @@ void tst_GuiCentral::valuePathOfARemovedValue()
     QCOMPARE(GuiCentralAccess::ValuePaths(central).at(id), Path("level"));
 }
 
-void tst_GuiCentral::eventFilterAnswers_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("object");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("isSwallowed");
-    QTest::newRow("close of another") << "first"
-                                      << "second" << int(QEvent::Close) << true;
-    QTest::newRow("close of the stored one") << "first"
-                                             << "first" << int(QEvent::Close) << false;
-    QTest::newRow("close of another's window") << "first"
-                                               << "second window" << int(QEvent::Close) << true;
-    QTest::newRow("close of the stored one's window") << "first"
-                                                      << "first window" << int(QEvent::Close) << false;
-    QTest::newRow("close of what is no widget") << "first"
-                                                << "object" << int(QEvent::Close) << true;
-    QTest::newRow("close without blocking") << ""
-                                            << "second" << int(QEvent::Close) << false;
-    QTest::newRow("paint of another") << "first"
-                                      << "second" << int(QEvent::Paint) << false;
-    QTest::newRow("paint of the stored one") << "first"
-                                             << "first" << int(QEvent::Paint) << false;
-    QTest::newRow("hide of another") << "first"
-                                     << "second" << int(QEvent::Hide) << false;
-    QTest::newRow("type before") << "first"
-                                 << "second" << 18 << false;
-    QTest::newRow("type behind") << "first"
-                                 << "second" << 20 << false;
-    QTest::newRow("quit") << "first"
-                          << "object" << int(QEvent::Quit) << false;
-}
-
-void tst_GuiCentral::eventFilterAnswers()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, object);
-    QFETCH(int, type);
-    QFETCH(bool, isSwallowed);
-    GuiCentralAccess central;
-    QWidget first;
-    QWidget second;
-    first.winId();
-    second.winId();
-    QMap<QString, QObject *> const objects{ { QStringLiteral("first"), &first },
-                                            { QStringLiteral("second"), &second },
-                                            { QStringLiteral("first window"), first.windowHandle() },
-                                            { QStringLiteral("second window"), second.windowHandle() },
-                                            { QStringLiteral("object"), this } };
-    QVERIFY(!objects.values().contains(nullptr));
-    central.BlockCloseApplication(stored.isEmpty() ? nullptr : &first);
-    QEvent event(static_cast<QEvent::Type>(type));
-    event.accept();
-    QCOMPARE(central.eventFilter(objects.value(object), &event), isSwallowed);
-    QCOMPARE(event.isAccepted(), !isSwallowed);
-}
-
-void tst_GuiCentral::blockedWidgetStaysOpen()
-{
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    QWidget first;
-    QWidget second;
-    first.show();
-    second.show();
-    central.BlockCloseApplication(&first);
-    QVERIFY(!second.close());
-    QVERIFY(second.isVisible());
-    QVERIFY(second.windowHandle()->isVisible());
-    QVERIFY(first.isVisible());
-}
-
-void tst_GuiCentral::storedWidgetCloses()
-{
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    QWidget first;
-    QWidget second;
-    first.show();
-    second.show();
-    central.BlockCloseApplication(&first);
-    QVERIFY(first.close());
-    QVERIFY(!first.isVisible());
-    QVERIFY(!second.close()); // goes on blocking
-    QVERIFY(second.isVisible());
-}
-
-void tst_GuiCentral::storedWidgetNeverShown()
-{
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    QWidget first;
-    QWidget second;
-    second.show();
-    central.BlockCloseApplication(&first);
-    QVERIFY(!second.close());
-    QVERIFY(second.isVisible());
-    QVERIFY(first.close());
-}
-
-void tst_GuiCentral::childOfAWindow()
-{
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    QWidget window;
-    auto * const child = new QWidget(&window);
-    window.show();
-    central.BlockCloseApplication(child);
-    QVERIFY(!window.close());
-    QVERIFY(window.isVisible());
-    QVERIFY(child->close());
-    QVERIFY(!child->isVisible());
-}
-
-void tst_GuiCentral::blockedWindowHandle()
-{
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    QWidget first;
-    QWidget second;
-    first.show();
-    second.show();
-    central.BlockCloseApplication(&first);
-    second.windowHandle()->close();
-    QVERIFY(second.isVisible());
-    first.windowHandle()->close();
-    QVERIFY(!first.isVisible());
-}
-
-void tst_GuiCentral::blockingEnds_data()
-{
-    QTest::addColumn<bool>("byNull");
-    QTest::newRow("null") << true;
-    QTest::newRow("the widget has gone") << false;
-}
-
-void tst_GuiCentral::blockingEnds()
-{
-    QFETCH(bool, byNull);
-    GuiCentralAccess central;
-    central.SetApplication(qApp);
-    auto first = std::make_unique<QWidget>();
-    QWidget second;
-    second.show();
-    central.BlockCloseApplication(first.get());
-    QVERIFY(!second.close());
-    if (byNull)
-        central.BlockCloseApplication(nullptr);
-    else
-        first.reset();
-    QVERIFY(second.close());
-    QVERIFY(!second.isVisible());
-}
-
-void tst_GuiCentral::blocksOnlyItsApplication()
-{
-    QWidget first;
-    QWidget second;
-    second.show();
-    {
-        GuiCentralAccess central;
-        central.BlockCloseApplication(&first);
-        QVERIFY(second.close()); // nobody told it of an application
-        second.show();
-        central.SetApplication(qApp);
-        QVERIFY(!second.close());
-    }
-    QVERIFY(second.close()); // the filter went with it
-}
-
 void tst_GuiCentral::resultGoesAway()
 {
     GuiCentralAccess central;
@@ -672,6 +562,20 @@ void tst_GuiCentral::resultGoesAway()
     Tree::Instance()->Remove(Path("result"));
     QVERIFY(operations.empty());
     QCOMPARE(source->GetObserverCount(), 0); // the operation has gone
+}
+
+void tst_GuiCentral::resultIsLetGo()
+{
+    GuiCentralAccess central;
+    Insert<ValueNumeric<int>>("source");
+    auto * const result = Insert<Value<bool>>("result");
+    auto & operations = GuiCentralAccess::BoolOperations(central);
+    operations[Path("result")] =
+        std::make_unique<BoolOperation>(Path("result"), Path("source"), 1, BoolOperation::eEqual);
+    result->AddObserver(&central);
+    result->SetState(eStateGoingAway, nullptr); // and stays in the tree
+    QVERIFY(!result->HasObserver(&central));
+    QVERIFY(operations.empty());
 }
 
 void tst_GuiCentral::updateIgnores_data()
@@ -805,6 +709,20 @@ void tst_GuiCentral::terminationEndsOperations()
     QVERIFY(couplers.empty());
     QCOMPARE(source->GetObserverCount(), 0);
     QCOMPARE(flag->GetObserverCount(), 0);
+}
+
+void tst_GuiCentral::terminationEndsInOrder()
+{
+    GuiCentralAccess central;
+    auto & bools = GuiCentralAccess::BoolOperations(central);
+    bools[Path("b")] = std::make_unique<BoolOperation>(Path("b"), Path("s"), 1, BoolOperation::eEqual);
+    auto & couplers = GuiCentralAccess::SelectionCouplers(central);
+    couplers.push_back(std::make_unique<BoolSelectionCoupler>(Path("f"), Path("c"), false));
+    QList<int> left;
+    GuiCentralAccess::NumericOperations(central).push_back(
+        std::make_unique<Ending>([&] { left << static_cast<int>(bools.size()) << static_cast<int>(couplers.size()); }));
+    central.aboutToTerminate();
+    QCOMPARE(left, QList<int>({ 0, 1 }));
 }
 
 void tst_GuiCentral::terminationByTheApplication()
