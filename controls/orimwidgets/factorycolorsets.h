@@ -24,7 +24,8 @@ enum Flag : unsigned int
     eFixed = 0x04,
     eWrap = 0x08,
     ePureIndex = 0x10,
-    eLastIsBackground = 0x20
+    eLastIsBackground = 0x20,
+    eTextAlone = 0x40 // what the line of text lacks stays as it is
 };
 
 //! The first colours of a set, 0xrrggbb; the last of them goes on to the end of the set.
@@ -49,7 +50,7 @@ struct Row
     ColorList colors;
     double start; // of the own range, in the unit of the values
     double stop;
-    char const * line; // when there is one, it has the colours and all but the name
+    char const * line; // null, or has the colours and the range in place of the row
 };
 
 constexpr char const * AzimuthLine =
@@ -76,7 +77,7 @@ constexpr std::array<Row, Count> Rows{ {
     { QT_TRANSLATE_NOOP("GuiCentral", "Red shade"), eSmooth, 3, List(0xffff00, 0xff0000, 0x000000), 0, 100, nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "Blue shade"), eSmooth, 3, Blues, 0, 100, nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "Cyan only"), eSmooth, 1, List(0x00ffff), 0, 100, nullptr },
-    { QT_TRANSLATE_NOOP("GuiCentral", "Azimuth Rainbow"), eFixed | eWrap, 20, Black, 0, 360, AzimuthLine },
+    { QT_TRANSLATE_NOOP("GuiCentral", "Azimuth Rainbow"), eTextAlone, 20, Black, 0, 100, AzimuthLine },
     { QT_TRANSLATE_NOOP("GuiCentral", "White to Dark Gray"), eSmooth, 3, List(0xffffff, 0xb0b0b0, 0x606060), 0, 100,
       nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "Black to Gray"), eSmooth | eLastIsBackground, 3,
@@ -85,7 +86,7 @@ constexpr std::array<Row, Count> Rows{ {
       0, 100, nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "White only"), eSmooth, 2, List(0xffffff), 0, 100, nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "Black only"), eSmooth, 2, Black, 0, 100, nullptr },
-    { QT_TRANSLATE_NOOP("GuiCentral", "Fine Rainbow"), eFixed | eWrap, 20, Black, 0, 100, FineLine },
+    { QT_TRANSLATE_NOOP("GuiCentral", "Fine Rainbow"), eBands, 20, Black, 0, 100, FineLine },
     { QT_TRANSLATE_NOOP("GuiCentral", "Differential Mode Simple"), eSmooth | eFixed, 3,
       List(0x00ffff, 0x000000, 0xff00ff), -30, 30, nullptr },
     { QT_TRANSLATE_NOOP("GuiCentral", "Differential Mode"), eSmooth | eFixed, 5,

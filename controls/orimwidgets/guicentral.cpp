@@ -16,14 +16,25 @@ namespace {
 // The object whose constructor runs: who hears of the colours it raises may ask for it.
 thread_local GuiCentral * building = nullptr;
 
-// The object that a colour set without colours asks for the factory colours.
+// The object that a colour set without colours asks for the factory colours; null: the one of Instance().
 GuiCentral * restorer = nullptr;
+
+bool isOver = false; // the one of Instance() has gone
 
 void RestoreColors()
 {
-    if (restorer)
-        restorer->slotRestoreFactoryColors();
+    if (restorer || !isOver)
+        (restorer ? *restorer : GuiCentral::Instance()).slotRestoreFactoryColors();
 }
+
+//! Colour sets may ask before there is a central object.
+class EmptyListHook
+{
+public:
+    EmptyListHook() { ShadingColorSet::SetEmptyListHook(RestoreColors); }
+};
+
+EmptyListHook const emptyListHook;
 
 //! A menu or a modal dialog: whoever has it on the screen can do nothing else before it closes.
 bool HoldsTheScreen(QObject const * object)
@@ -40,15 +51,22 @@ GuiCentral & GuiCentral::Instance()
 {
     if (building)
         return *building;
-    static GuiCentral central;
-    return central;
+
+    struct Sole
+    {
+        GuiCentral central;
+
+        ~Sole() { isOver = true; }
+    };
+
+    static Sole sole;
+    return sole.central;
 }
 
 GuiCentral::GuiCentral()
 {
     QScopedValueRollback<GuiCentral *> const scope(building, this);
     restorer = this;
-    ShadingColorSet::SetEmptyListHook(RestoreColors);
 
     ApplyFactoryColorSetIdForRoleId();
     BuildFactoryColorSets(); // not the common colours: their own store keeps what the operator edited
@@ -68,10 +86,8 @@ GuiCentral::GuiCentral()
 GuiCentral::~GuiCentral()
 {
     GuiCentral::aboutToTerminate();
-    if (restorer == this) {
+    if (restorer == this)
         restorer = nullptr;
-        ShadingColorSet::SetEmptyListHook(nullptr);
-    }
 }
 
 ValueBase * GuiCentral::GetValuePath4ID(VC::ID id)

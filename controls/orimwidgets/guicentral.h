@@ -46,14 +46,18 @@ class ORIMWIDGETS_EXPORT GuiCentral : public QObject,
 public:
     ORIM_TR_UTF8
 
-    //! While it is built, those who hear of it get the object that is being built; its colours answer already.
+    //! While it is built, those who hear of it get the object that is being built; its colours answer already. Its
+    //! colours then are the factory's with the stored ones over them. The common colours stay as ColorSet has them:
+    //! they have a store of their own, and what the operator edited there outlives every start.
     static GuiCentral & Instance();
     ~GuiCentral() override;
 
     // Colours. A role counts from 0. An id is a VC::EShadingColor: it counts from 1, and 0 means none. So does any
     // other id without a role.
 
-    //! The 20 colour sets. Their number must stay. Whoever changes one raises GuiBase::signalColorsChanged().
+    //! The 20 colour sets; a caller that makes them more or fewer has them so until slotRestoreFactoryColors(), and
+    //! those of the operator that are missing are not written. Whoever changes one raises
+    //! GuiBase::signalColorsChanged().
     std::vector<ShadingColorSet> & GetWaterfallColorSets() { return m_waterfallColorSets; }
 
     //! Index of the set that serves a role, as it was stored: any int. 0 for a role of 10 or more.
@@ -173,7 +177,7 @@ public Q_SLOTS:
     //! raises GuiBase::signalColorsChanged() in any case.
     virtual void slotRestoreDefaultPersistant();
     //! Builds roles and colour sets as they left the factory, drops the edits of the common colours, and raises
-    //! GuiBase::signalColorsChanged().
+    //! GuiBase::signalColorsChanged(). Offset and background of "Azimuth Rainbow" stay: its line of text lacks them.
     virtual void slotRestoreFactoryColors();
 
 Q_SIGNALS:
@@ -201,7 +205,7 @@ private:
     //! The set that serves an id; null without a role.
     ShadingColorSet * SetOfId(int id);
 
-    std::vector<ShadingColorSet> m_waterfallColorSets; // 20; persisted items point into it
+    std::vector<ShadingColorSet> m_waterfallColorSets; // 20 unless a caller resizes it
     std::vector<int> m_colorSetIdForRoleId;            // 10; persisted items point into it
     QString m_guiName;
     std::list<std::unique_ptr<OperationBase>> m_numericOperations;

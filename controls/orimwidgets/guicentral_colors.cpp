@@ -18,22 +18,50 @@ using namespace FactoryColorSets;
 //! Gives a set everything of its row but the name.
 void Build(ShadingColorSet & set, Row const & row)
 {
-    bool const isSmooth = (row.flags & eSmooth) != 0;
-    set = ShadingColorSet(row.length, isSmooth); // the line of text resets all that is not set below
-    set.SetFixed((row.flags & eFixed) != 0);
-    set.SetStart(row.start);
-    set.SetStop(row.stop);
-    set.SetWrap((row.flags & eWrap) != 0);
     set.SetWriteable((row.flags & eWriteable) != 0);
     set.SetPureIndexUse((row.flags & ePureIndex) != 0);
+    if (!(row.flags & eTextAlone))
+        set = ShadingColorSet(row.length, (row.flags & eSmooth) != 0); // resets all that is not set here
     if (row.line) {
         set.SetString(QString::fromLatin1(row.line));
         return;
     }
+    set.SetFixed((row.flags & eFixed) != 0);
+    set.SetStart(row.start);
+    set.SetStop(row.stop);
+    set.SetWrap((row.flags & eWrap) != 0);
     for (std::size_t i = 0; i < row.length; ++i)
         set.SetColorNr(static_cast<int>(i), QColor::fromRgb(row.colors.rgb[std::min(i, row.colors.count - 1)]));
     set.SetUseMinIndexBackground((row.flags & eLastIsBackground) != 0); // copies the last colour
 }
+
+//! One of the operator's sets, wherever the list has it at the time; none when the list became too short.
+class PersistantListEntry : public PersistantObject
+{
+public:
+    PersistantListEntry(std::vector<ShadingColorSet> & sets, std::size_t index)
+        : m_sets(sets)
+        , m_index(index)
+        , m_defaultText(sets[index].GetString())
+    {}
+
+    void Read(ICfg * store) override { Item().Read(store); }
+
+    void Write(ICfg * store) override { Item().Write(store); }
+
+    void RestoreDefault() override { Item().RestoreDefault(); }
+
+private:
+    PersistantShadingColorSet Item()
+    {
+        ShadingColorSet * const set = m_index < m_sets.size() ? &m_sets[m_index] : nullptr;
+        return { set, QString::fromLatin1(UserKeys[m_index]), m_defaultText };
+    }
+
+    std::vector<ShadingColorSet> & m_sets;
+    std::size_t m_index;
+    QString m_defaultText;
+};
 
 void Paint(ShadingColorSet & set, PaletteRun const & run)
 {
@@ -62,10 +90,8 @@ void GuiCentral::AddPersistedColors()
 {
     for (std::size_t i = 0; i < PersistedRoleCount; ++i)
         m_persistant->Add(&m_colorSetIdForRoleId[i], QString::fromLatin1(RoleKeys[i]), m_colorSetIdForRoleId[i]);
-    for (std::size_t i = 0; i < UserCount; ++i) {
-        ShadingColorSet & set = m_waterfallColorSets[i];
-        m_persistant->Add(new PersistantShadingColorSet(&set, QString::fromLatin1(UserKeys[i]), set.GetString()));
-    }
+    for (std::size_t i = 0; i < UserCount; ++i)
+        m_persistant->Add(new PersistantListEntry(m_waterfallColorSets, i));
 }
 
 void GuiCentral::slotRestoreFactoryColors()

@@ -125,7 +125,7 @@ public:
 
     //! What to call when a colour is asked of an empty list, a fault of the colour configuration: it may restore the
     //! factory colours, and so refill the set that is asked, but must not delete it: the set goes on after the hook.
-    //! Not called from within itself. Null, as at the start: nothing but black.
+    //! Not called from within itself. Null: nothing but black. At the start the central object restores them.
     static void SetEmptyListHook(void (*hook)());
 
 private:

@@ -324,6 +324,20 @@ int EmptySetAtTheEnd()
     return 0;
 }
 
+int EmptySetFirst()
+{
+    int heard = 0;
+    QObject context;
+    QObject::connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, &context, [&heard] { ++heard; });
+    ShadingColorSet set;
+    set.Resize(0);
+    Expect(set.GetColor(0.0, 0.0, 1.0, false) == QColor(Qt::black), "black without colours");
+    Expect(heard > 2, "a central object is made, and restores the colours");
+    Use();
+    Mark(1);
+    return 0;
+}
+
 int UsedBeforeMain()
 {
     Program program;
@@ -355,6 +369,7 @@ constexpr Life Lives[] = {
     { "store dies first", StoreDiesFirst },
     { "menu open", MenuOpen },
     { "empty set at the end", EmptySetAtTheEnd },
+    { "empty set first", EmptySetFirst },
 };
 
 } // namespace

@@ -1,89 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "guicentral.h"
 
-#include "colors.h"
 #include "colorset.h"
 #include "guibase.h"
 #include "guicentralaccess.h"
 #include "memorycfg.h"
 #include "testmain.h"
+#include "toldcolorsets.h"
 
-#include <QPen>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTranslator>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
 static_assert(
     std::is_same_v<decltype(&GuiCentral::GetWaterfallColorSets), std::vector<ShadingColorSet> & (GuiCentral::*)()>);
 static_assert(std::is_same_v<decltype(&GuiCentral::GetColorSetIdForRoleId), int (GuiCentral::*)(unsigned int) const>);
-static_assert(
-    std::is_same_v<decltype(&GuiCentral::GetShadingRGB), QRgb (GuiCentral::*)(double, int, double, double, bool)>);
-static_assert(
-    std::is_same_v<decltype(&GuiCentral::GetShadingPen), QPen (GuiCentral::*)(double, int, double, double, bool)>);
-static_assert(std::is_same_v<decltype(&GuiCentral::GetBackgroundRGB), QRgb (GuiCentral::*)(int)>);
-static_assert(std::is_same_v<decltype(&GuiCentral::GetBackgroundPen), QPen (GuiCentral::*)(int)>);
-static_assert(std::is_same_v<decltype(&GuiCentral::isColorSetFixed), bool (GuiCentral::*)(int)>);
-
-constexpr int Sets = 20;
-
-//! A factory set as it is told: the first colours in words, the rest is tested apart.
-struct Told
-{
-    char const * name;
-    char const * colors;
-    char const * line; // the text without its colours
-    bool writeable;
-};
-
-constexpr char const * Rainbow = "#ff0000;#ff8000;#ffff00;#00ff00;#00ffff;#0000ff;#000080;#800080;";
-constexpr char const * Fine = "#fe0000;#fe0077;#ff0091;#ff00d5;#d400fe;#9500ff;#5900ff;#0004ff;#0051ff;#00bbff;"
-                              "#00fff7;#00ffa2;#84fe01;#b2fe00;#edfe00;#feb200;#fe9d00;#fe6e00;#ff4901;#ff0901;";
-
-Told const ToldSets[Sets] = {
-    { "User defined (eUser0Set)", "#ff0000;#00ff00;#0000ff;", "V02;3;1;0;0;100;0;0;0;#000000;", true },
-    { "User defined (eUser1Set)", "#ffffff;#c0c0c0;#808080;", "V02;3;1;0;0;100;0;0;0;#000000;", true },
-    { "User defined (eUser2Set)", "#00ffff;#0000ff;#000000;", "V02;3;1;0;0;100;0;0;0;#000000;", true },
-    { "Rainbow", Rainbow, "V02;8;0;0;0;100;0;0;0;#000000;", false },
-    { "Smooth Rainbow", Rainbow, "V02;8;1;0;0;100;0;0;0;#000000;", false },
-    { "Black and White", "#ffffff;#c0c0c0;#808080;", "V02;3;0;0;0;100;0;0;0;#000000;", false },
-    { "Red shade", "#ffff00;#ff0000;#000000;", "V02;3;1;0;0;100;0;0;0;#000000;", false },
-    { "Blue shade", "#00ffff;#0000ff;#000000;", "V02;3;1;0;0;100;0;0;0;#000000;", false },
-    { "Cyan only", "#00ffff;", "V02;1;1;0;0;100;0;0;0;#000000;", false },
-    { "Azimuth Rainbow", Fine, "V02;20;0;1;0;360;0;1;0;#000000;", false },
-    { "White to Dark Gray", "#ffffff;#b0b0b0;#606060;", "V02;3;1;0;0;100;0;0;0;#000000;", false },
-    { "Black to Gray", "#000000;#707070;#c0c0c0;", "V02;3;1;0;0;100;0;0;1;#c0c0c0;", false },
-    { "Yellow to Dark Gray", "#ffff20;#f0f0f0;#b0b0b0;#606060;", "V02;4;1;0;0;100;0;0;0;#000000;", false },
-    { "White only", "#ffffff;#ffffff;", "V02;2;1;0;0;100;0;0;0;#000000;", false },
-    { "Black only", "#000000;#000000;", "V02;2;1;0;0;100;0;0;0;#000000;", false },
-    { "Fine Rainbow", Fine, "V02;20;0;1;0;100;0;1;0;#000000;", false },
-    { "Differential Mode Simple", "#00ffff;#000000;#ff00ff;", "V02;3;1;1;-30;30;0;0;0;#000000;", false },
-    { "Differential Mode", "#ffff00;#ff0000;#000000;#0000ff;#00ffff;", "V02;5;1;1;-30;30;0;0;0;#000000;", false },
-    { "PDWs", nullptr, "V02;255;0;1;0;255;0;0;0;#000000;", false },
-    { "Vehicle Axis", nullptr, "V02;180;0;1;0;360;0;1;0;#000000;", false },
-};
-
-struct Role
-{
-    int role;
-    int set;
-    char const * key; // null: not persisted
-};
-
-constexpr Role ToldRoles[] = {
-    { 0, 0, "ColorSet" },        { 1, 9, "ColorSetA" },
-    { 2, 5, "ColorSetE" },       { 3, 4, "ColorSetBitStream" },
-    { 4, 10, "ColorSetAgeing" }, { 5, 0, "ColorSetQuality" },
-    { 6, 4, "ColorSetPifpan" },  { 7, 17, "ColorSetDifferenceMode" },
-    { 8, 18, nullptr },          { 9, 19, nullptr },
-};
-
-QString Line(Told const & set) { return QLatin1String(set.line) + QLatin1String(set.colors); }
-
-QColor Definition(int id) { return Colors::Instance().GetColorDefinition(id)->GetColor(); }
-
-QRgb Common() { return ColorSet::Instance()[IColorBase::eColorShadingBackground].rgb(); }
 
 //! Translates one text of the library.
 class Translator : public QTranslator
@@ -111,9 +47,12 @@ private Q_SLOTS:
     void factorySets();
     void pulseSet_data();
     void pulseSet();
+    void pulseSetIsYellowBehind();
     void pulseSetTakesIndices();
     void vehicleSet_data();
     void vehicleSet();
+    void vehicleSetInFull();
+    void setsFollowTheSchemeOfTheRestore_data();
     void setsFollowTheSchemeOfTheRestore();
     void firstUserSetHasTheCommonBackground();
     void namesAreTranslated();
@@ -137,40 +76,27 @@ private Q_SLOTS:
     void writtenUserSet_data();
     void writtenUserSet();
     void comesBack();
-    void defaultsAreTheFactorys();
+    void defaultOfEachRole_data();
+    void defaultOfEachRole();
+    void defaultOfEachUserSet_data();
+    void defaultOfEachUserSet();
 
     void restoreUndoesEdits_data();
     void restoreUndoesEdits();
     void restoreResizes_data();
     void restoreResizes();
+    void restoreLeavesWhatTheAzimuthTextLacks();
+    void defaultsInAListOfAnotherLength_data();
+    void defaultsInAListOfAnotherLength();
+    void writesAListOfAnotherLength_data();
+    void writesAListOfAnotherLength();
     void restoreKeepsThePlaceOfSets();
     void restoreOrder();
     void restoreRestoresCommonColors();
     void restoreWritesNoColorsOfItsOwn();
     void restoreByAnEmptySet();
     void restoreByAnEmptySetIsVirtual();
-
-    void shading_data();
-    void shading();
-    void shadingOfAll();
-    void shadingWithoutRole_data();
-    void shadingWithoutRole();
-    void shadingIsGetColor();
-    void shadingOfOddNumbers_data();
-    void shadingOfOddNumbers();
-    void shadingPen();
-    void changedSetIsSeen();
-
-    void background_data();
-    void background();
-    void backgroundIsWritten();
-    void backgroundPen();
-    void backgroundOfAClearedSet();
-
-    void fixed_data();
-    void fixed();
-
-    void mask();
+    void restoreByAnEmptySetOfNoOneElse();
 
 private:
     MemoryCfg m_store;
@@ -237,6 +163,15 @@ void tst_GuiCentralColors::pulseSet()
     QVERIFY(ok);
 }
 
+void tst_GuiCentralColors::pulseSetIsYellowBehind()
+{
+    GuiCentralAccess central;
+    ShadingColorSet const & set = central.GetWaterfallColorSets()[18];
+    bool ok = false;
+    for (int i = 4; i < 255; ++i)
+        QCOMPARE(set.GetColorNr(i, ok).rgb(), qRgb(255, 255, 0));
+}
+
 void tst_GuiCentralColors::pulseSetTakesIndices()
 {
     GuiCentralAccess central;
@@ -269,14 +204,35 @@ void tst_GuiCentralColors::vehicleSet()
     QVERIFY(ok);
 }
 
-void tst_GuiCentralColors::setsFollowTheSchemeOfTheRestore()
+void tst_GuiCentralColors::vehicleSetInFull()
 {
     GuiCentralAccess central;
+    ShadingColorSet const & set = central.GetWaterfallColorSets()[19];
     bool ok = false;
-    ShadingColorSet const & set = central.GetWaterfallColorSets()[18];
+    for (int i = 0; i < 180; ++i) {
+        int const side = i < 90 ? 1004 : 1002;
+        QCOMPARE(set.GetColorNr(i, ok).rgb(), Definition(i == 0 || i == 179 ? 1000 : side).rgb());
+    }
+}
+
+void tst_GuiCentralColors::setsFollowTheSchemeOfTheRestore_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("definition");
+    QTest::newRow("pulses") << 18 << 1014;
+    QTest::newRow("vehicle") << 19 << 1004;
+}
+
+void tst_GuiCentralColors::setsFollowTheSchemeOfTheRestore()
+{
+    QFETCH(int, index);
+    QFETCH(int, definition);
+    GuiCentralAccess central;
+    bool ok = false;
+    ShadingColorSet const & set = central.GetWaterfallColorSets()[static_cast<std::size_t>(index)];
     QRgb const day = set.GetColorNr(1, ok).rgb();
     QVERIFY(ColorSet::Instance().Load(1));
-    QRgb const night = Definition(1014).rgb();
+    QRgb const night = Definition(definition).rgb();
     QVERIFY(night != day);
     QCOMPARE(set.GetColorNr(1, ok).rgb(), day); // not before the restore
     central.slotRestoreFactoryColors();
@@ -472,16 +428,35 @@ void tst_GuiCentralColors::comesBack()
     QCOMPARE(central.GetWaterfallColorSets()[1].GetColorNr(0, ok), QColor(1, 2, 3));
 }
 
-void tst_GuiCentralColors::defaultsAreTheFactorys()
+void tst_GuiCentralColors::defaultOfEachRole_data() { factoryRoles_data(); }
+
+void tst_GuiCentralColors::defaultOfEachRole()
 {
-    m_store.WriteString(QStringLiteral("GuiCentral/ColorSetPifpan"), QStringLiteral("2"));
-    m_store.WriteString(QStringLiteral("GuiCentral/UserColor1"),
+    QFETCH(int, role);
+    QFETCH(int, set);
+    for (Role const & told : ToldRoles)
+        if (told.key)
+            m_store.WriteString(QStringLiteral("GuiCentral/") + QLatin1String(told.key), QStringLiteral("2"));
+    GuiCentralAccess central;
+    auto const place = static_cast<unsigned int>(role);
+    QCOMPARE(central.GetColorSetIdForRoleId(place), role < 8 ? 2 : set);
+    GuiCentralAccess::Roles(central)[place] = 13;
+    central.slotRestoreDefaultPersistant();
+    QCOMPARE(central.GetColorSetIdForRoleId(place), role < 8 ? set : 13); // the last two have none
+}
+
+void tst_GuiCentralColors::defaultOfEachUserSet_data() { storedUserSet_data(); }
+
+void tst_GuiCentralColors::defaultOfEachUserSet()
+{
+    QFETCH(int, index);
+    m_store.WriteString(QStringLiteral("GuiCentral/UserColor%1").arg(index),
                         QStringLiteral("V02;1;0;0;0;1;0;0;0;#000000;#010203;"));
     GuiCentralAccess central;
-    QCOMPARE(central.GetColorSetIdForRoleId(6), 2);
+    ShadingColorSet const & set = central.GetWaterfallColorSets()[static_cast<std::size_t>(index)];
+    QVERIFY(set.GetString() != Line(ToldSets[index]));
     central.slotRestoreDefaultPersistant();
-    QCOMPARE(central.GetColorSetIdForRoleId(6), 4);
-    QCOMPARE(central.GetWaterfallColorSets()[1].GetString(), Line(ToldSets[1]));
+    QCOMPARE(set.GetString(), Line(ToldSets[index]));
 }
 
 void tst_GuiCentralColors::restoreUndoesEdits_data() { factorySets_data(); }
@@ -494,6 +469,10 @@ void tst_GuiCentralColors::restoreUndoesEdits()
     ShadingColorSet before = set;
     set.SetString(QStringLiteral("V02;2;1;1;7;8;9;0;1;#111111;#222222;#333333;"));
     set.SetSmooth(!before.GetSmooth());
+    if (index == 9) { // its text lacks them
+        set.SetOffset(0.0);
+        set.SetBackgroundColor(Qt::black, false);
+    }
     set.SetName(QStringLiteral("other"));
     set.SetWriteable(!before.GetWriteable());
     set.SetPureIndexUse(index != 18);
@@ -511,6 +490,7 @@ void tst_GuiCentralColors::restoreResizes_data()
     QTest::addColumn<int>("size");
     QTest::newRow("none") << 0;
     QTest::newRow("fewer") << 5;
+    QTest::newRow("more") << 25;
 }
 
 void tst_GuiCentralColors::restoreResizes()
@@ -520,10 +500,64 @@ void tst_GuiCentralColors::restoreResizes()
     central.GetWaterfallColorSets().resize(static_cast<std::size_t>(size));
     central.GetShadingRGB(0.0, VC::eShadingAzimuth, 0.0, 1.0, false); // stays defined
     central.GetBackgroundRGB(VC::eShadingAzimuth);
-    QCOMPARE(central.isColorSetFixed(VC::eShadingAzimuth), false);
+    QCOMPARE(central.isColorSetFixed(VC::eShadingAzimuth), size > 9);
     central.slotRestoreFactoryColors();
     QCOMPARE(central.GetWaterfallColorSets().size(), std::size_t(Sets));
     QCOMPARE(central.GetWaterfallColorSets()[9].GetString(), Line(ToldSets[9]));
+}
+
+void tst_GuiCentralColors::restoreLeavesWhatTheAzimuthTextLacks()
+{
+    GuiCentralAccess central;
+    for (std::size_t const i : { 9u, 15u }) {
+        central.GetWaterfallColorSets()[i].SetOffset(4.5);
+        central.GetWaterfallColorSets()[i].SetBackgroundColor(QColor(1, 2, 3), true);
+    }
+    central.slotRestoreFactoryColors();
+    ShadingColorSet const & azimuth = central.GetWaterfallColorSets()[9];
+    QCOMPARE(azimuth.GetOffset(), 4.5);
+    QVERIFY(azimuth.GetUseMinIndexBackground());
+    QVERIFY(azimuth.GetString().contains(QLatin1String(";1;#010203;")));
+    ShadingColorSet const & fine = central.GetWaterfallColorSets()[15];
+    QCOMPARE(fine.GetOffset(), 0.0);
+    QCOMPARE(fine.GetString(), Line(ToldSets[15]));
+}
+
+void tst_GuiCentralColors::defaultsInAListOfAnotherLength_data() { restoreResizes_data(); }
+
+void tst_GuiCentralColors::defaultsInAListOfAnotherLength()
+{
+    QFETCH(int, size);
+    GuiCentralAccess central;
+    std::vector<ShadingColorSet> & sets = central.GetWaterfallColorSets();
+    sets.resize(static_cast<std::size_t>(size));
+    for (ShadingColorSet & set : sets)
+        set.SetColorNr(0, QColor(1, 2, 3));
+    central.slotRestoreDefaultPersistant();
+    QCOMPARE(sets.size(), static_cast<std::size_t>(size));
+    for (int i = 0; i < std::min(size, 3); ++i)
+        QCOMPARE(sets[static_cast<std::size_t>(i)].GetString(), Line(ToldSets[i]));
+}
+
+void tst_GuiCentralColors::writesAListOfAnotherLength_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<bool>("isWritten");
+    QTest::newRow("without the last of the operator") << 2 << false;
+    QTest::newRow("more") << 25 << true;
+}
+
+void tst_GuiCentralColors::writesAListOfAnotherLength()
+{
+    QFETCH(int, size);
+    QFETCH(bool, isWritten);
+    GuiCentralAccess central;
+    std::vector<ShadingColorSet> & sets = central.GetWaterfallColorSets();
+    sets.resize(static_cast<std::size_t>(size));
+    sets[1].SetColorNr(0, QColor(1, 2, 3));
+    central.aboutToTerminate();
+    QCOMPARE(m_store.ReadString(QStringLiteral("GuiCentral/UserColor1"), QString()), sets[1].GetString());
+    QCOMPARE(m_store.GetKeys().contains(QStringLiteral("GuiCentral/UserColor2")), isWritten);
 }
 
 void tst_GuiCentralColors::restoreKeepsThePlaceOfSets()
@@ -594,216 +628,22 @@ void tst_GuiCentralColors::restoreByAnEmptySetIsVirtual()
         own.GetColor(0.0, 0.0, 1.0, false);
         QCOMPARE(central.m_restoredFactory, 1);
     }
-    QCOMPARE(own.GetColor(0.0, 0.0, 1.0, false), QColor(Qt::black)); // nobody left to ask
+    QSignalSpy const changed(&GuiBase::Instance(), &GuiBase::signalColorsChanged);
+    QCOMPARE(own.GetColor(0.0, 0.0, 1.0, false), QColor(Qt::black));
+    QVERIFY(changed.count() > 0); // the one of Instance() is asked again
 }
 
-void tst_GuiCentralColors::shading_data()
+void tst_GuiCentralColors::restoreByAnEmptySetOfNoOneElse()
 {
-    QTest::addColumn<int>("id");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<bool>("inverse");
-    QTest::addColumn<QRgb>("color");
-    QTest::newRow("level, low end") << int(VC::eShadingLevel) << -100.0 << false << qRgb(255, 0, 0);
-    QTest::newRow("level, middle") << int(VC::eShadingLevel) << -50.0 << false << qRgb(0, 255, 0);
-    QTest::newRow("level, high end") << int(VC::eShadingLevel) << 0.0 << false << qRgb(0, 0, 255);
-    QTest::newRow("level, low end turned round") << int(VC::eShadingLevel) << -100.0 << true << qRgb(0, 0, 255);
-    QTest::newRow("level, below the range") << int(VC::eShadingLevel) << -101.0 << false << qRgb(192, 192, 192);
-    QTest::newRow("azimuth, own range") << int(VC::eShadingAzimuth) << 0.0 << false << qRgb(0xfe, 0, 0);
-    QTest::newRow("azimuth, wrapped") << int(VC::eShadingAzimuth) << 720.0 << false << qRgb(0xfe, 0, 0);
-    QTest::newRow("elevation, high end") << int(VC::eShadingElevation) << 0.0 << false << qRgb(128, 128, 128);
-    QTest::newRow("bit stream, high end") << int(VC::eShadingBitStream) << 0.0 << false << qRgb(128, 0, 128);
-    QTest::newRow("ageing, high end") << int(VC::eShadingAgeing) << 0.0 << false << qRgb(0x60, 0x60, 0x60);
-    QTest::newRow("quality, low end") << int(VC::eShadingQuality) << -100.0 << false << qRgb(255, 0, 0);
-    QTest::newRow("polychrome, low end") << int(VC::eShadingPolychrome) << -100.0 << false << qRgb(255, 0, 0);
-    QTest::newRow("difference, below its own range")
-        << int(VC::eShadingDifference) << -100.0 << false << qRgb(255, 255, 0);
-    QTest::newRow("difference, middle of its own range")
-        << int(VC::eShadingDifference) << 0.0 << false << qRgb(0, 0, 0);
-    QTest::newRow("pulses, an entry") << 9 << 7.0 << false << qRgb(255, 255, 0);
-    QTest::newRow("vehicle, to starboard") << 10 << 90.0 << false << Definition(1004).rgb();
-    QTest::newRow("vehicle, to port") << 10 << 270.0 << false << Definition(1002).rgb();
-    QTest::newRow("vehicle, ahead") << 10 << 0.0 << false << Definition(1000).rgb();
-    QTest::newRow("none") << 0 << -50.0 << false << QRgb(0);
-}
-
-void tst_GuiCentralColors::shading()
-{
-    QFETCH(int, id);
-    QFETCH(double, value);
-    QFETCH(bool, inverse);
-    QFETCH(QRgb, color);
-    GuiCentralAccess central;
-    QCOMPARE(central.GetShadingRGB(value, id, -100.0, 0.0, inverse), color);
-}
-
-void tst_GuiCentralColors::shadingOfAll()
-{
-    GuiCentralAccess central;
-    for (int id = 1; id <= 10; ++id) // an id is a role counted from 1
-        QCOMPARE(central.isColorSetFixed(id),
-                 central.GetWaterfallColorSets()[static_cast<std::size_t>(ToldRoles[id - 1].set)].GetFixed());
-}
-
-void tst_GuiCentralColors::shadingWithoutRole_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::newRow("none") << 0;
-    QTest::newRow("negative") << -1;
-    QTest::newRow("one behind") << 11;
-    QTest::newRow("lowest") << std::numeric_limits<int>::lowest();
-    QTest::newRow("highest") << std::numeric_limits<int>::max();
-}
-
-void tst_GuiCentralColors::shadingWithoutRole()
-{
-    QFETCH(int, id);
-    GuiCentralAccess central;
-    for (ShadingColorSet & set : central.GetWaterfallColorSets())
-        set.SetFixed(true);
-    QCOMPARE(central.GetShadingRGB(50.0, id, 0.0, 100.0, false), QRgb(0));
-    QCOMPARE(central.GetShadingPen(50.0, id, 0.0, 100.0, false), QPen(QColor(0, 0, 0)));
-    QCOMPARE(central.GetBackgroundRGB(id), Common());
-    QVERIFY(!central.isColorSetFixed(id));
-}
-
-void tst_GuiCentralColors::shadingIsGetColor()
-{
-    GuiCentralAccess central;
-    ShadingColorSet & set = central.GetWaterfallColorSets()[0];
-    for (int i = 0; i <= 10; ++i) {
-        double const value = 3.0 + i * 0.7;
-        QCOMPARE(central.GetShadingRGB(value, VC::eShadingLevel, 3.0, 10.0, false),
-                 set.GetColor(value, 3.0, 10.0, false).rgb());
-        QCOMPARE(central.GetShadingRGB(value, VC::eShadingLevel, 3.0, 10.0, true),
-                 set.GetColor(value, 3.0, 10.0, true).rgb());
+    {
+        GuiCentralAccess const gone;
     }
-}
-
-void tst_GuiCentralColors::shadingOfOddNumbers_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::newRow("NaN") << qQNaN();
-    QTest::newRow("infinite") << qInf();
-    QTest::newRow("minus infinite") << -qInf();
-    QTest::newRow("huge") << 1e308;
-    QTest::newRow("negative and huge") << -1e308;
-}
-
-void tst_GuiCentralColors::shadingOfOddNumbers()
-{
-    QFETCH(double, value);
-    GuiCentralAccess central;
-    for (int id = 1; id <= 10; ++id) {
-        ShadingColorSet & set = central.GetWaterfallColorSets()[static_cast<std::size_t>(ToldRoles[id - 1].set)];
-        QCOMPARE(central.GetShadingRGB(value, id, 0.0, 1.0, false), set.GetColor(value, 0.0, 1.0, false).rgb());
-        QCOMPARE(central.GetShadingRGB(0.5, id, value, -value, true), set.GetColor(0.5, value, -value, true).rgb());
-    }
-}
-
-void tst_GuiCentralColors::shadingPen()
-{
-    GuiCentralAccess central;
-    QPen const pen = central.GetShadingPen(-50.0, VC::eShadingLevel, -100.0, 0.0, false);
-    QCOMPARE(pen, QPen(QColor(0, 255, 0)));
-    QCOMPARE(central.GetShadingPen(-100.0, VC::eShadingLevel, -100.0, 0.0, true).color(), QColor(0, 0, 255));
-}
-
-void tst_GuiCentralColors::changedSetIsSeen()
-{
-    GuiCentralAccess central;
-    central.GetWaterfallColorSets()[0].SetColorNr(0, QColor(1, 2, 3));
-    QCOMPARE(central.GetShadingRGB(0.0, VC::eShadingLevel, 0.0, 1.0, false), qRgb(1, 2, 3));
-}
-
-void tst_GuiCentralColors::background_data()
-{
-    QTest::addColumn<int>("set");
-    QTest::addColumn<bool>("isOwn");
-    for (int i = 0; i < Sets; ++i)
-        QTest::newRow(ToldSets[i].name) << i << (i == 11);
-}
-
-void tst_GuiCentralColors::background()
-{
-    QFETCH(int, set);
-    QFETCH(bool, isOwn);
-    GuiCentralAccess central;
-    GuiCentralAccess::Roles(central)[4] = set;
-    QCOMPARE(central.GetBackgroundRGB(0), Common());
-    QCOMPARE(central.GetBackgroundRGB(VC::eShadingAgeing), isOwn ? qRgb(0xc0, 0xc0, 0xc0) : Common());
-}
-
-void tst_GuiCentralColors::backgroundIsWritten()
-{
-    GuiCentralAccess central;
-    GuiCentralAccess::Roles(central)[4] = 11;
-    ShadingColorSet & set = central.GetWaterfallColorSets()[11];
-    set.SetBackgroundColor(QColor(1, 2, 3), true);
-    set.SetColorNr(2, QColor(4, 5, 6));
-    QVERIFY(set.GetString().contains(QLatin1String(";1;#010203;")));
-    for (int i = 0; i < 2; ++i) {
-        QCOMPARE(central.GetBackgroundRGB(VC::eShadingAgeing), qRgb(4, 5, 6));
-        QVERIFY(set.GetString().contains(QLatin1String(";1;#040506;")));
-        set.SetBackgroundColor(QColor(1, 2, 3), true); // every call writes
-    }
-}
-
-void tst_GuiCentralColors::backgroundPen()
-{
-    GuiCentralAccess central;
-    GuiCentralAccess::Roles(central)[4] = 11;
-    QCOMPARE(central.GetBackgroundPen(VC::eShadingAgeing), QPen(QColor(0xc0, 0xc0, 0xc0)));
-    QCOMPARE(central.GetBackgroundPen(0), QPen(QColor(Common())));
-}
-
-void tst_GuiCentralColors::backgroundOfAClearedSet()
-{
-    GuiCentralAccess central;
-    GuiCentralAccess::Roles(central)[4] = 11;
-    ShadingColorSet & set = central.GetWaterfallColorSets()[11];
-    set.SetUseMinIndexBackground(false);
-    set.SetBackgroundColor(QColor(1, 2, 3), false);
-    QCOMPARE(central.GetBackgroundRGB(VC::eShadingAgeing), Common()); // not its own
-    QVERIFY(set.GetString().contains(QLatin1String(";0;#010203;")));
-}
-
-void tst_GuiCentralColors::fixed_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<bool>("isFixed");
-    QTest::newRow("none") << 0 << false;
-    QTest::newRow("level") << int(VC::eShadingLevel) << false;
-    QTest::newRow("azimuth") << int(VC::eShadingAzimuth) << true;
-    QTest::newRow("elevation") << int(VC::eShadingElevation) << false;
-    QTest::newRow("bit stream") << int(VC::eShadingBitStream) << false;
-    QTest::newRow("ageing") << int(VC::eShadingAgeing) << false;
-    QTest::newRow("quality") << int(VC::eShadingQuality) << false;
-    QTest::newRow("polychrome") << int(VC::eShadingPolychrome) << false;
-    QTest::newRow("difference") << int(VC::eShadingDifference) << true;
-    QTest::newRow("pulses") << 9 << true;
-    QTest::newRow("vehicle") << 10 << true;
-}
-
-void tst_GuiCentralColors::fixed()
-{
-    QFETCH(int, id);
-    QFETCH(bool, isFixed);
-    GuiCentralAccess central;
-    QCOMPARE(central.isColorSetFixed(id), isFixed);
-}
-
-void tst_GuiCentralColors::mask()
-{
-    GuiCentralAccess central;
-    QCOMPARE(central.GetChangeableWaterfallColorSets(), 0xFFFFu);
-    central.SetChangeableWaterfallColorSets(0x05);
-    QCOMPARE(central.GetChangeableWaterfallColorSets(), 0x05u);
-    central.AddChangeableWaterfallColorSet(0x84);
-    QCOMPARE(central.GetChangeableWaterfallColorSets(), 0x85u);
-    central.SetChangeableWaterfallColorSets(0);
-    QCOMPARE(central.GetChangeableWaterfallColorSets(), 0u);
-    central.AddChangeableWaterfallColorSet(0);
-    QCOMPARE(central.GetChangeableWaterfallColorSets(), 0u);
+    ShadingColorSet & azimuth = GuiCentral::Instance().GetWaterfallColorSets()[9];
+    azimuth.SetColorNr(0, QColor(1, 2, 3));
+    ShadingColorSet own;
+    own.Resize(0);
+    own.GetColor(0.0, 0.0, 1.0, false);
+    QCOMPARE(azimuth.GetString(), Line(ToldSets[9]));
 }
 
 ORIM_TEST_MAIN(tst_GuiCentralColors)

@@ -83,6 +83,7 @@ void tst_ProcessLife::uses_data()
     QTest::newRow("store dies first") << 0;
     QTest::newRow("menu open") << 0;
     QTest::newRow("empty set at the end") << 0;
+    QTest::newRow("empty set first") << 0;
 }
 
 void tst_ProcessLife::uses()

@@ -69,7 +69,7 @@ class tst_shadingcolorset : public QObject
 
 private Q_SLOTS:
 
-    void cleanup() { ShadingColorSet::SetEmptyListHook(nullptr); }
+    void init() { ShadingColorSet::SetEmptyListHook(nullptr); }
 
     void aDefaultSet();
     void aSetOfGivenLength();
