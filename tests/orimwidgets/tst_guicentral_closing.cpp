@@ -387,7 +387,7 @@ void tst_GuiCentralClosing::modalDialogIsAnswered()
     AskedDialog dialog;
     bool wasLocked = false;
     QTimer::singleShot(0, &dialog, [&] { Give(dialog, static_cast<Answer>(answer)); });
-    QTimer::singleShot(5000, &dialog, [&] {
+    QTimer::singleShot(3000, &dialog, [&] {
         wasLocked = true;
         central.BlockCloseApplication(nullptr);
         dialog.done(7);
