@@ -85,7 +85,8 @@ void ConsoleMarkers::Show(std::size_t row, bool on)
         Marker * const current = list->GetMarker(list->GetCurrentMarker());
         if (list->isIndexValid(marker.id)) {
             list->SetShowMarker(marker.id, on);
-            list->SetCurrentMarker(marker.id, on);
+            if (on || list->GetCurrentMarker() == marker.id) // hiding one leaves another current
+                list->SetCurrentMarker(marker.id, on);
         } else if (on && current) {
             current->SetCurrentMarker(false, true); // a hidden list does not hear of it
         }

@@ -22,7 +22,23 @@ int Distance(QRect const & rect, QPoint at, bool level)
 
 } // namespace
 
+int MarkerHand::s_held = 0;
+
+MarkerHand::~MarkerHand() { Hold(-1); }
+
 bool MarkerHand::IsLevel(int index) const { return (m_list.GetMarkerSpecial(index) & eSpecialY) != 0; }
+
+bool MarkerHand::CanBeTaken(int index) const
+{
+    Marker const * const marker = m_list.GetMarker(index);
+    return marker && marker->GetShowMarker() && marker->GetMoveable();
+}
+
+void MarkerHand::Hold(int index)
+{
+    s_held += (index >= 0 ? 1 : 0) - (m_held >= 0 ? 1 : 0);
+    m_held = index;
+}
 
 int MarkerHand::Under(QPoint at) const
 {
@@ -53,7 +69,7 @@ bool MarkerHand::Press(QMouseEvent const * event)
     LetGo();
     bool const level = IsLevel(index);
     int const pixel = m_list.ValueToPixel(level ? eMarkerY : eMarkerX, m_list.GetMarkerValue(index));
-    m_held = index;
+    Hold(index);
     m_byMouse = true;
     m_grip = pixel < 0 ? 0 : pixel - (level ? at.y() : at.x());
     m_before = m_list.GetMarkerValue(index);
@@ -64,7 +80,10 @@ bool MarkerHand::Press(QMouseEvent const * event)
 bool MarkerHand::Move(QMouseEvent const * event)
 {
     QPoint const at = Position(event).toPoint();
-    bool const drags = m_held >= 0 && m_byMouse;
+    bool const isHeld = m_held >= 0 && m_byMouse;
+    bool const drags = isHeld && CanBeTaken(m_held);
+    if (isHeld && !drags)
+        LetGo(); // hidden or fixed meanwhile
     if (drags)
         DragTo(at);
     else
@@ -103,7 +122,7 @@ void MarkerHand::DragTo(QPoint at)
 void MarkerHand::LetGo()
 {
     int const index = m_held;
-    m_held = -1;
+    Hold(-1);
     if (index >= 0)
         m_list.SetMarkerEndMoving(index);
 }
@@ -117,10 +136,7 @@ void MarkerHand::Cancel()
 //! The marker that a key steps: the current one, else the first that lies so.
 int MarkerHand::ToStep(bool level)
 {
-    auto const fits = [this, level](int index) {
-        Marker const * const marker = m_list.GetMarker(index);
-        return marker && marker->GetShowMarker() && marker->GetMoveable() && IsLevel(index) == level;
-    };
+    auto const fits = [this, level](int index) { return CanBeTaken(index) && IsLevel(index) == level; };
     int const current = m_list.GetCurrentMarker();
     if (fits(current))
         return current;
@@ -164,11 +180,12 @@ bool MarkerHand::KeyPress(QKeyEvent const * event)
         return false;
     if (m_held != index) {
         LetGo();
-        m_held = index;
+        Hold(index);
         m_byMouse = false;
         m_before = m_list.GetMarkerValue(index);
         MakeCurrent(index);
     }
+    m_key = key;
     int const steps = (event->modifiers() & Qt::ShiftModifier) ? FastSteps : 1;
     for (int step = 0; step < steps; ++step)
         m_list.MoveMarker2NextPixel(index, key == Qt::Key_Up || key == Qt::Key_Right);
@@ -177,7 +194,7 @@ bool MarkerHand::KeyPress(QKeyEvent const * event)
 
 bool MarkerHand::KeyRelease(QKeyEvent const * event)
 {
-    if (event->isAutoRepeat() || m_held < 0 || m_byMouse)
+    if (event->isAutoRepeat() || m_held < 0 || m_byMouse || event->key() != m_key)
         return false;
     LetGo();
     return true;

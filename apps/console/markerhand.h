@@ -19,6 +19,13 @@ public:
     //! \param list  borrowed: owns this.
     explicit MarkerHand(MarkerList & list) : m_list(list) {}
 
+    ~MarkerHand();
+    MarkerHand(MarkerHand const &) = delete;
+    MarkerHand & operator=(MarkerHand const &) = delete;
+
+    //! Whether a marker of any list is held: what is moved then becomes the value by letting go alone.
+    static bool IsAnyHeld() { return s_held > 0; }
+
     //! Index of the marker that can be taken at a place: the one whose line is nearest; -1 for none.
     int Under(QPoint at) const;
 
@@ -30,12 +37,14 @@ public:
     bool Move(QMouseEvent const * event); //!< shows by the pointer whether a marker can be dragged
     bool Release(QMouseEvent const * event);
     bool KeyPress(QKeyEvent const * event);
-    bool KeyRelease(QKeyEvent const * event);
+    bool KeyRelease(QKeyEvent const * event); //!< the key that was pressed last lets go, no other
     //! Lets go of what is held.
     void LetGo();
 
 private:
     bool IsLevel(int index) const;
+    bool CanBeTaken(int index) const;
+    void Hold(int index);
     void ShowPointer(QPoint at);
     void DragTo(QPoint at);
     void Cancel();
@@ -43,9 +52,12 @@ private:
     void MakeNextCurrent();
     int ToStep(bool level);
 
+    static int s_held; // markers, in all lists
+
     MarkerList & m_list;
     int m_held = -1;
     bool m_byMouse = false;
+    int m_key = 0;         // the one that holds, unless the mouse does
     int m_grip = 0;        // px, from the pointer to the line
     double m_before = 0.0; // value when it was taken
 };

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimerEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -270,6 +271,14 @@ void RangePane::changeEvent(QEvent * event)
     }
 }
 
+//! The wheel makes its steps the value when it rests; while a marker is held that is left to the hand.
+void RangePane::timerEvent(QTimerEvent * event)
+{
+    bool const wheelRests = event->timerId() == GetWheelTimerID();
+    if (!wheelRests || !MarkerHand::IsAnyHeld())
+        MarkerList::timerEvent(event);
+}
+
 void RangePane::mousePressEvent(QMouseEvent * event)
 {
     if (!m_hand.Press(event))
@@ -286,6 +295,13 @@ void RangePane::mouseReleaseEvent(QMouseEvent * event)
 {
     if (!m_hand.Release(event))
         MarkerList::mouseReleaseEvent(event);
+}
+
+//! The second press of a double click takes a marker as the first does.
+void RangePane::mouseDoubleClickEvent(QMouseEvent * event)
+{
+    if (!m_hand.Press(event))
+        MarkerList::mouseDoubleClickEvent(event);
 }
 
 void RangePane::keyPressEvent(QKeyEvent * event)

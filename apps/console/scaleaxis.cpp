@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QTimerEvent>
 
 namespace {
 
@@ -223,6 +224,14 @@ void ScaleAxis::changeEvent(QEvent * event)
         RepairDrawing();
 }
 
+//! The wheel makes its steps the value when it rests; while a marker is held that is left to the hand.
+void ScaleAxis::timerEvent(QTimerEvent * event)
+{
+    bool const wheelRests = event->timerId() == GetWheelTimerID();
+    if (!wheelRests || !MarkerHand::IsAnyHeld())
+        AxisBase::timerEvent(event);
+}
+
 void ScaleAxis::mousePressEvent(QMouseEvent * event)
 {
     if (!m_hand.Press(event))
@@ -239,6 +248,13 @@ void ScaleAxis::mouseReleaseEvent(QMouseEvent * event)
 {
     if (!m_hand.Release(event))
         AxisBase::mouseReleaseEvent(event);
+}
+
+//! The second press of a double click takes a marker as the first does.
+void ScaleAxis::mouseDoubleClickEvent(QMouseEvent * event)
+{
+    if (!m_hand.Press(event))
+        AxisBase::mouseDoubleClickEvent(event);
 }
 
 void ScaleAxis::keyPressEvent(QKeyEvent * event)

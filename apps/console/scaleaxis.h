@@ -55,14 +55,14 @@ protected:
 
     bool RunsUp() const { return (GetAxisType() & AxisVertical) != 0; }
 
-    ScaleStrip::ELineSide Side() const { return m_side; }
-
     void paintEvent(QPaintEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
     void changeEvent(QEvent * event) override;
+    void timerEvent(QTimerEvent * event) override;
     void mousePressEvent(QMouseEvent * event) override;
     void mouseMoveEvent(QMouseEvent * event) override;
     void mouseReleaseEvent(QMouseEvent * event) override;
+    void mouseDoubleClickEvent(QMouseEvent * event) override;
     void keyPressEvent(QKeyEvent * event) override;
     void keyReleaseEvent(QKeyEvent * event) override;
     void focusOutEvent(QFocusEvent * event) override;

@@ -125,6 +125,8 @@ void SpectrumPane::PaintGrid()
 void SpectrumPane::FillBelowTrace()
 {
     QRect const picture = GetPictureRect();
+    if (m_filled.isNull() || picture.isEmpty())
+        return;
     for (int y = picture.top(); y < picture.top() + picture.height(); ++y) {
         QRgb * const line = reinterpret_cast<QRgb *>(m_filled.scanLine(y)) + picture.left();
         std::transform(line, line + picture.width(), line, [this](QRgb pixel) {
@@ -137,8 +139,12 @@ void SpectrumPane::PaintPicture()
 {
     QRect const picture = LogicalPicture();
     update(picture.left(), 0, width() - picture.left(), picture.bottom() + 1);
-    if (m_picture.isNull() || GetPictureRect().isEmpty() || !m_line)
+    if (m_picture.isNull() || GetPictureRect().isEmpty() || !m_line) {
+        m_levels.clear(); // they belong to an older line
+        m_readLevels.clear();
+        m_peakColumn = -1;
         return;
+    }
     m_map.Lay({ m_line->centre - m_line->span / 2.0, m_line->span }, m_line->levels.size(), GetFrequencyRange(),
               GetPictureRect().width());
     m_levels.resize(static_cast<std::size_t>(m_map.Columns()));
@@ -185,6 +191,9 @@ void SpectrumPane::FindPeak()
     if (bin < 0) {
         m_peakColumn = -1;
         m_peak = NoPeak();
+        if (!m_readLevels.empty())
+            SetMustRecalcRulers(true);
+        m_readLevels.clear();
     } else if (m_peakDue) {
         m_peak = PeakAt(bin);
         m_peakDue = false;

@@ -12,6 +12,7 @@
 #include "waterfallpane.h"
 
 #include <QCheckBox>
+#include <QTimerEvent>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -43,7 +44,12 @@ private Q_SLOTS:
     void currentMarkerIsOne();
     void wheelStepsTheCurrentMarker_data();
     void wheelStepsTheCurrentMarker();
+    void wheelStepsTheLevelMarker();
+    void dragAfterTheWheelIsOneStep();
+    void doubleClickTakesAMarker_data();
+    void doubleClickTakesAMarker();
     void hidingInOneListHidesAll();
+    void hidingAnotherKeepsTheCurrentOne();
     void hiddenMarkerIsNotStepped();
     void undoTakesOneDragBack();
     void secondIsComparedWithTheFirst();
@@ -346,6 +352,73 @@ void tst_ConsoleMarkers::wheelStepsTheCurrentMarker()
     QCOMPARE(UndoCount(), 1);
 }
 
+void tst_ConsoleMarkers::wheelStepsTheLevelMarker()
+{
+    ConsoleValues::SetFlag(ConsolePaths::LevelMarkerShown, true);
+    ConsoleValues::Set(ConsolePaths::LevelMarker, -40.0);
+    for (MarkerList * const list : Lists(true)) {
+        int const row = PlaceOf(*list, ConsoleMarkers::Level).y();
+        Turn(*list, { 20, 60 }, 120);
+        QCOMPARE(PlaceOf(*list, ConsoleMarkers::Level).y(), row - 1); // up is a higher level
+        Turn(*list, { 20, 60 }, -120);
+        QCOMPARE(PlaceOf(*list, ConsoleMarkers::Level).y(), row);
+    }
+}
+
+void tst_ConsoleMarkers::dragAfterTheWheelIsOneStep()
+{
+    ConsoleValues::SetFlag(ConsolePaths::Marker1Shown, true);
+    Turn(m_window->Waterfall(), { 200, 15 }, 120);
+    QTRY_VERIFY(ConsoleValues::Get(ConsolePaths::Marker1) != Tone);
+    double const before = ConsoleValues::Get(ConsolePaths::Marker1);
+    int const steps = UndoCount();
+    MarkerList & pane = m_window->Spectrum();
+    QPoint const from = PlaceOf(pane, ConsoleMarkers::First);
+    Press(pane, from);
+    Move(pane, from - QPoint(80, 0));
+    // the timer of the wheel goes on meanwhile
+    QTimerEvent rests(m_window->Waterfall().GetWheelTimerID());
+    QCoreApplication::sendEvent(&m_window->Waterfall(), &rests);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker1), before);
+    Release(pane, from - QPoint(80, 0));
+    QVERIFY(ConsoleValues::Get(ConsolePaths::Marker1) < before);
+    QCOMPARE(UndoCount(), steps + 1);
+    // the scales have the same timer
+    MarkerList & scale = m_window->Spectrum().GetFrequencyAxis();
+    Turn(scale, { 200, 5 }, 120);
+    double const moved = ConsoleValues::Get(ConsolePaths::Marker1);
+    QTRY_VERIFY(ConsoleValues::Get(ConsolePaths::Marker1) != moved);
+    double const stepped = ConsoleValues::Get(ConsolePaths::Marker1);
+    QTest::keyPress(&pane, Qt::Key_Left);
+    QTimerEvent scaleRests(scale.GetWheelTimerID());
+    QCoreApplication::sendEvent(&scale, &scaleRests);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Marker1), stepped);
+    QTest::keyRelease(&pane, Qt::Key_Left);
+    QVERIFY(ConsoleValues::Get(ConsolePaths::Marker1) < stepped);
+}
+
+void tst_ConsoleMarkers::doubleClickTakesAMarker_data()
+{
+    QTest::addColumn<int>("list");
+    QTest::newRow("in the spectrum") << 0;
+    QTest::newRow("on its scale") << 2;
+}
+
+void tst_ConsoleMarkers::doubleClickTakesAMarker()
+{
+    QFETCH(int, list);
+    ConsoleValues::SetFlag(ConsolePaths::Marker1Shown, true);
+    MarkerList & pane = *Lists(false)[static_cast<std::size_t>(list)];
+    QPoint const from = PlaceOf(pane, ConsoleMarkers::First);
+    Press(pane, from);
+    Release(pane, from);
+    Button(pane, QEvent::MouseButtonDblClick, from);
+    Move(pane, from - QPoint(80, 0));
+    Release(pane, from - QPoint(80, 0));
+    QVERIFY(ConsoleValues::Get(ConsolePaths::Marker1) < Tone);
+    QCOMPARE(UndoCount(), 1);
+}
+
 void tst_ConsoleMarkers::hidingInOneListHidesAll()
 {
     ShowAll();
@@ -358,6 +431,16 @@ void tst_ConsoleMarkers::hidingInOneListHidesAll()
     QVERIFY(ConsoleValues::GetFlag(ConsolePaths::Marker1Shown));
     for (MarkerList const * const list : Lists(false))
         QVERIFY(list->GetShowMarker(ConsoleMarkers::First));
+}
+
+void tst_ConsoleMarkers::hidingAnotherKeepsTheCurrentOne()
+{
+    ShowAll();
+    m_window->Spectrum().SetCurrentMarker(ConsoleMarkers::First, true);
+    ConsoleValues::SetFlag(ConsolePaths::Marker2Shown, false);
+    ConsoleValues::SetFlag(ConsolePaths::LevelMarkerShown, false);
+    for (MarkerList const * const list : Lists(false))
+        QCOMPARE(list->GetCurrentMarker(), int(ConsoleMarkers::First));
 }
 
 void tst_ConsoleMarkers::hiddenMarkerIsNotStepped()

@@ -31,10 +31,14 @@ private Q_SLOTS:
     void keysStep();
     void heldKeyIsOneStepOfUndo();
     void keyReleaseOfARepetitionHoldsOn();
+    void keyReleaseOfAnotherKeyHoldsOn();
     void keysTakeTheFirstThatLiesSo();
     void mGoesRound();
     void focusLostLetsGo();
     void markerThatDiesInTheHand();
+    void markerThatGoesIsLetGo_data();
+    void markerThatGoesIsLetGo();
+    void anyListKnowsThatOneIsHeld();
 };
 
 namespace {
@@ -311,6 +315,20 @@ void tst_MarkerHand::keyReleaseOfARepetitionHoldsOn()
     QCOMPARE(ValueOf(QStringLiteral("a"))->GetValue(), 50.0);
 }
 
+void tst_MarkerHand::keyReleaseOfAnotherKeyHoldsOn()
+{
+    SendKey(QEvent::KeyPress, Qt::Key_Right, Qt::ShiftModifier);
+    SendKey(QEvent::KeyRelease, Qt::Key_Shift);
+    QVERIFY(!g_pane->taken);
+    QCOMPARE(g_pane->hand.Held(), int(A));
+    SendKey(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, true);
+    QCOMPARE(UndoCount(), 0);
+    SendKey(QEvent::KeyRelease, Qt::Key_Right);
+    QVERIFY(g_pane->taken);
+    QCOMPARE(ValueOf(QStringLiteral("a"))->GetValue(), 61.0);
+    QCOMPARE(UndoCount(), 1);
+}
+
 void tst_MarkerHand::keysTakeTheFirstThatLiesSo()
 {
     Click(Qt::Key_Up);
@@ -354,6 +372,46 @@ void tst_MarkerHand::markerThatDiesInTheHand()
     Release(*g_pane, { 90, 70 });
     QCOMPARE(ValueOf(QStringLiteral("a"))->GetValue(), 50.0);
     QCOMPARE(g_pane->hand.Under({ 50, 70 }), -1);
+}
+
+void tst_MarkerHand::markerThatGoesIsLetGo_data()
+{
+    QTest::addColumn<bool>("hidden");
+    QTest::newRow("hidden") << true;
+    QTest::newRow("no longer moveable") << false;
+}
+
+void tst_MarkerHand::markerThatGoesIsLetGo()
+{
+    QFETCH(bool, hidden);
+    Press(*g_pane, { 50, 70 });
+    if (hidden)
+        g_pane->SetShowMarker(A, false);
+    else
+        g_pane->SetMarkerMoveable(A, false);
+    Move(*g_pane, { 90, 70 });
+    QVERIFY(!g_pane->taken);
+    QCOMPARE(g_pane->hand.Held(), -1);
+    Release(*g_pane, { 90, 70 });
+    QCOMPARE(ValueOf(QStringLiteral("a"))->GetInterimValue(), 50.0);
+}
+
+void tst_MarkerHand::anyListKnowsThatOneIsHeld()
+{
+    QVERIFY(!MarkerHand::IsAnyHeld());
+    Press(*g_pane, { 50, 70 });
+    Press(*g_pane, { 58, 70 }); // the first is let go
+    QVERIFY(MarkerHand::IsAnyHeld());
+    Release(*g_pane, { 58, 70 });
+    QVERIFY(!MarkerHand::IsAnyHeld());
+    SendKey(QEvent::KeyPress, Qt::Key_Right);
+    QVERIFY(MarkerHand::IsAnyHeld());
+    SendKey(QEvent::KeyRelease, Qt::Key_Right);
+    QVERIFY(!MarkerHand::IsAnyHeld());
+    Press(*g_pane, { 60, 30 });
+    QVERIFY(MarkerHand::IsAnyHeld());
+    g_pane.reset(); // with the marker in its hand
+    QVERIFY(!MarkerHand::IsAnyHeld());
 }
 
 ORIM_TEST_MAIN(tst_MarkerHand)

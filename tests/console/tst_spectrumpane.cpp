@@ -40,11 +40,13 @@ private Q_SLOTS:
     void coloursAreTaken();
     void tinyPaneSurvives_data();
     void tinyPaneSurvives();
+    void lineWithoutAPictureHasNoPeakBeside();
     void vorPeaksStandAtTheirFrequencies_data();
     void vorPeaksStandAtTheirFrequencies();
     void nullLineIsIgnored();
     void secondPeakStandsBesideTheFirst();
     void markersReadOutLevels();
+    void levelsOfAnotherViewAreNotShown();
     void markersCompare();
     void levelMarkerHasItsFlagBeside();
     void flagsStayInThePicture_data();
@@ -436,6 +438,8 @@ void tst_SpectrumPane::tinyPaneSurvives_data()
     QTest::newRow("one pixel") << QSize(1, 1);
     QTest::newRow("narrow") << QSize(20, 300);
     QTest::newRow("flat") << QSize(600, 10);
+    QTest::newRow("without width") << QSize(0, 300);
+    QTest::newRow("without height") << QSize(300, 0);
     QTest::newRow("margins alone") << QSize(78, 40);
 }
 
@@ -453,6 +457,19 @@ void tst_SpectrumPane::tinyPaneSurvives()
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
     QVERIFY(TraceRow(image, picture, picture.width() / 4) > 0);
+}
+
+void tst_SpectrumPane::lineWithoutAPictureHasNoPeakBeside()
+{
+    Pane pane(600, 300);
+    pane.SetFrequencyRange({ 0.0, 65536.0 });
+    pane.SetLine(PeakLine(65536, 60000, -90.0, -10.0));
+    QCOMPARE(pane.FindPeakBeside(0.0, 0.0).level, -10.0);
+    pane.resize(20, 300);
+    pane.grab();
+    QVERIFY(pane.GetPictureRect().isEmpty());
+    pane.SetLine(PeakLine(64, 30, -90.0, -10.0));
+    QVERIFY(std::isnan(pane.FindPeakBeside(0.0, 0.0).level)); // no column of the longer line is left
 }
 
 void tst_SpectrumPane::vorPeaksStandAtTheirFrequencies_data()
@@ -540,6 +557,17 @@ void tst_SpectrumPane::markersReadOutLevels()
     // without a line there is no level
     Marked fresh(false);
     QCOMPARE(fresh.Texts(eYellowX), (QStringList{ QStringLiteral("m1 1.000 kHz") }));
+}
+
+void tst_SpectrumPane::levelsOfAnotherViewAreNotShown()
+{
+    Marked pane;
+    QVERIFY(pane.Texts(eYellowX).front().endsWith(QStringLiteral("dBFS")));
+    pane.SetFrequencyRange({ 10000.0, 4096.0 }); // the line has no level there
+    ValueOf(QStringLiteral("m1"))->SetValue(11000.0, nullptr);
+    QCOMPARE(pane.Texts(eYellowX).size(), 1);
+    QVERIFY(pane.Texts(eYellowX).front().startsWith(QStringLiteral("m1 11.00")));
+    QVERIFY(pane.Texts(eYellowX).front().endsWith(QStringLiteral("kHz")));
 }
 
 void tst_SpectrumPane::markersCompare()
