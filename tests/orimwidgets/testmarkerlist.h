@@ -3,6 +3,7 @@
 #define ORIM_TESTMARKERLIST_H
 
 #include "markerlist.h"
+#include "placeof.h"
 #include "tree.h"
 #include "valuenumeric.h"
 
@@ -15,8 +16,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -246,16 +245,6 @@ inline int IntervalOf(QObject & object, int id)
     auto const found =
         std::find_if(timers.begin(), timers.end(), [id](auto const & timer) { return timer.timerId == id; });
     return found == timers.end() ? -1 : found->interval;
-}
-
-//! Place of a virtual operation in the table of its class, as GNU compilers for 64-bit PCs lay it out.
-template <class Member>
-int PlaceOf(Member member)
-{
-    std::uintptr_t first = 0;
-    static_assert(sizeof(member) >= sizeof(first), "it begins with one word");
-    std::memcpy(&first, &member, sizeof(first));
-    return static_cast<int>((first - 1) / sizeof(void *));
 }
 
 #endif

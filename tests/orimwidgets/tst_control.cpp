@@ -2,14 +2,12 @@
 #include "control.h"
 
 #include "controleventfilter.h"
+#include "placeof.h"
 #include "resortpopupmenu.h"
 #include "testmain.h"
 
 #include <QContextMenuEvent>
 #include <QTranslator>
-
-#include <cstdint>
-#include <cstring>
 
 namespace {
 
@@ -76,16 +74,6 @@ public:
         return Control::GetContextMenuEnabled();
     }
 };
-
-//! Place of a virtual operation in the table of its class, as GNU compilers for 64-bit PCs lay it out.
-template <class Member>
-int PlaceOf(Member member)
-{
-    std::uintptr_t first = 0;
-    static_assert(sizeof(member) >= sizeof(first), "it begins with one word");
-    std::memcpy(&first, &member, sizeof(first));
-    return static_cast<int>((first - 1) / sizeof(void *));
-}
 
 class PageControl : public Control
 {
