@@ -105,6 +105,7 @@ bool ConsoleMarkers::IsInView(std::size_t row) const
 
 void ConsoleMarkers::Place(std::size_t row)
 {
+    m_spectrum.Refresh(); // peaks of the present range
     SpectrumPane::Peak peak = m_spectrum.GetPeak();
     if (std::isnan(peak.level) || (m_placed[row] && IsInView(row)))
         return;

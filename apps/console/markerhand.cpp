@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -23,6 +24,8 @@ int Distance(QRect const & rect, QPoint at, bool level)
 } // namespace
 
 int MarkerHand::s_held = 0;
+
+double MarkerHand::ButNoValue(double value) { return value == NoValue ? std::nextafter(value, 0.0) : value; }
 
 MarkerHand::~MarkerHand() { Hold(-1); }
 

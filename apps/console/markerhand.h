@@ -14,7 +14,12 @@ class QMouseEvent;
 class MarkerHand
 {
 public:
-    static constexpr int Reach = 5; // px, to either side of a line
+    static constexpr int Reach = 5;         // px, to either side of a line
+    static constexpr double NoValue = -1.0; // of PixelToValue() of a list: the pixel has none
+
+    //! A value that a pixel has. One that reads as NoValue becomes its neighbour: markers step over no pixel that has
+    //! none.
+    static double ButNoValue(double value);
 
     //! \param list  borrowed: owns this.
     explicit MarkerHand(MarkerList & list) : m_list(list) {}

@@ -21,7 +21,6 @@ namespace {
 constexpr int TicLength = 4; // px, as all below
 constexpr int LabelGap = 4;
 constexpr int FlagInset = 3;
-constexpr double NoValue = -1.0;
 
 } // namespace
 
@@ -160,8 +159,9 @@ double RangePane::HertzAPixel() const { return m_frequencies.span / std::max(1, 
 int RangePane::LabelMargin() const
 {
     QFontMetrics const metrics = fontMetrics();
-    int const widest = std::max(metrics.horizontalAdvance(QStringLiteral("-100 dB")),
-                                metrics.horizontalAdvance(QStringLiteral("00:00.00")));
+    int const widest = std::max({ metrics.horizontalAdvance(QStringLiteral("-100.0")),
+                                  metrics.horizontalAdvance(QStringLiteral("dBFS")),
+                                  metrics.horizontalAdvance(QStringLiteral("00:00.00")) });
     return widest + LabelGap + TicLength + LabelGap;
 }
 
@@ -183,22 +183,26 @@ int RangePane::RowOf(double level) const
 double RangePane::LevelAt(double row) const
 {
     Q_UNUSED(row)
-    return NoValue;
+    return MarkerHand::NoValue;
 }
 
 QRect RangePane::LevelFlagRoom() const { return {}; }
 
 double RangePane::PixelToValue(int direction, int pixel)
 {
+    Refresh();
     double const place = (pixel + 0.5) * m_ratio; // the middle of the pixel
     if (direction == eMarkerY)
         return LevelAt(place);
     int const width = m_pictureRect.width();
-    return width > 0 ? m_frequencies.start + m_frequencies.span * (place - m_pictureRect.left()) / width : NoValue;
+    if (width <= 0)
+        return MarkerHand::NoValue;
+    return MarkerHand::ButNoValue(m_frequencies.start + m_frequencies.span * (place - m_pictureRect.left()) / width);
 }
 
 int RangePane::ValueToPixel(int direction, double value)
 {
+    Refresh();
     int const place = direction == eMarkerY ? RowOf(value) : ColumnOf(value);
     return place < 0 ? -1 : toInt(place / m_ratio);
 }
@@ -259,6 +263,8 @@ void RangePane::resizeEvent(QResizeEvent * event)
 void RangePane::showEvent(QShowEvent * event)
 {
     MarkerList::showEvent(event);
+    ResetAllPixelValues(0); // values may have moved while they were hidden
+    SetMustRecalcRulers(true);
     Refresh();
 }
 

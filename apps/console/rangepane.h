@@ -51,6 +51,10 @@ public:
     //! Receives the times of painting; null for none. Borrowed: must outlive the pane or be taken back.
     void SetFrameStats(FrameStats * stats) { m_pStats = stats; }
 
+    //! Takes over the present ranges, size and ratio; rebuilds when one differs. Painting and the mapping of pixels and
+    //! values do so of themselves.
+    void Refresh();
+
     //! Part of the pane that the picture fills, device pixels.
     QRect GetPictureRect() const { return m_pictureRect; }
 
@@ -90,9 +94,6 @@ protected:
 
     //! Takes the level scale over, which becomes a child. To be called once, by the constructor of a derived class.
     void SetLevelScale(ScaleAxis * scale);
-    //! Takes over the present ranges, size and ratio; rebuilds when one differs. Before the pane is used or painted.
-    void Refresh();
-
     //! Has the pane rebuilt when it is next used or painted; several changes are one.
     void AskForRebuild();
 

@@ -88,6 +88,17 @@ void ScaleAxis::RepairDrawing()
     AxisBase::RepairDrawing();
 }
 
+void ScaleAxis::updateWidget()
+{
+    SetMustRecalcRulers(true);
+    AxisBase::updateWidget();
+}
+
+double ScaleAxis::PixelToValue(int section, int pixel)
+{
+    return MarkerHand::ButNoValue(AxisBase::PixelToValue(section, pixel));
+}
+
 ScaleStrip::Look ScaleAxis::Look() const
 {
     ScaleStrip::Look look;
@@ -209,6 +220,14 @@ void ScaleAxis::PaintMarks(QPainter & painter) const
         painter.setBrush(marker->GetQColor());
         painter.drawPolygon(MarkAt(marker->GetRulerRect()));
     }
+}
+
+//! Values may have moved while the marks were hidden.
+void ScaleAxis::showEvent(QShowEvent * event)
+{
+    AxisBase::showEvent(event);
+    ResetAllPixelValues(0);
+    SetMustRecalcRulers(true);
 }
 
 void ScaleAxis::resizeEvent(QResizeEvent * event)

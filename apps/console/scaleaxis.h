@@ -42,6 +42,10 @@ public:
     bool bMustRebuildPixMap() override;
     void BuildPixMap() override;
     void RepairDrawing() override;
+    void updateWidget() override; //!< the marks are laid anew
+    using AxisBase::PixelToValue;
+    //! Never -1.0, which means no value there.
+    double PixelToValue(int section, int pixel) override;
 
 protected:
     //! Where the scale itself stands in the axis, px.
@@ -58,6 +62,7 @@ protected:
     void paintEvent(QPaintEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
     void changeEvent(QEvent * event) override;
+    void showEvent(QShowEvent * event) override;
     void timerEvent(QTimerEvent * event) override;
     void mousePressEvent(QMouseEvent * event) override;
     void mouseMoveEvent(QMouseEvent * event) override;

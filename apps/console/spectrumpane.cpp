@@ -70,7 +70,7 @@ double SpectrumPane::LevelAt(double row) const
 {
     QRect const picture = GetPictureRect();
     double const part = (row - picture.top()) / std::max(1, picture.height());
-    return GetLevelMax() - (GetLevelMax() - GetLevelMin()) * part;
+    return MarkerHand::ButNoValue(GetLevelMax() - (GetLevelMax() - GetLevelMin()) * part);
 }
 
 QRect SpectrumPane::LevelFlagRoom() const

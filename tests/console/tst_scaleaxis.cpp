@@ -39,6 +39,9 @@ private Q_SLOTS:
     void markIsDragged_data();
     void markIsDragged();
     void keysStepAMark();
+    void stepsOverMinusOne();
+    void unitOfLevelsIsPainted();
+    void markFollowsWhileHidden();
     void tinyAxisSurvives_data();
     void tinyAxisSurvives();
 };
@@ -427,6 +430,57 @@ void tst_ScaleAxis::keysStepAMark()
     QCoreApplication::sendEvent(&axis, &out);
     QCOMPARE(ValueOf(QStringLiteral("marker"))->GetInterimValue(), ValueOf(QStringLiteral("marker"))->GetValue());
     QCOMPARE(axis.ValueToPixel(ValueOf(QStringLiteral("marker"))->GetValue()), First + 102);
+}
+
+void tst_ScaleAxis::stepsOverMinusOne()
+{
+    Insert(QStringLiteral("marker"), -5.0);
+    Level up(101, -100.0, 0.0); // a pixel is a decibel
+    up.AddMarker(eYellowY, true, IColorBase::eColorMarker, true, eSpecialY, QStringLiteral("L"));
+    up.SetMarker_ValuePath(eYellowY, QStringLiteral("/test/marker"));
+    up.show();
+    Rendered(up);
+    for (int step = 0; step < 7; ++step)
+        up.MoveMarker2NextPixel(eYellowY, true);
+    QCOMPARE(up.ValueToPixel(up.GetMarkerValue(eYellowY)), First);
+}
+
+void tst_ScaleAxis::unitOfLevelsIsPainted()
+{
+    Level up(200, -100.0, 0.0);
+    QImage const image = Rendered(up);
+    QRect const unit = up.GetLabelRects().back();
+    QVERIFY(unit.bottom() < First);
+    int inked = 0;
+    for (int y = unit.top(); y <= unit.bottom(); ++y) {
+        for (int x = unit.left(); x <= unit.right(); ++x)
+            inked += image.pixelColor(x, y) != Ground() ? 1 : 0;
+    }
+    QVERIFY2(inked > 20, qPrintable(QString::number(inked)));
+}
+
+void tst_ScaleAxis::markFollowsWhileHidden()
+{
+    Insert(QStringLiteral("marker"), 100.0);
+    QWidget window;
+    window.resize(600, 100);
+    auto * const axis = new FrequencyAxis(&window);
+    axis->resize(600, axis->Thickness());
+    axis->SetPictureSpan(First, 400);
+    axis->SetRange(0.0, 400.0);
+    axis->AddMarker(eYellowX, true, IColorBase::eColorMarker, true, eSpecialX, QStringLiteral("M1"));
+    axis->SetMarker_ValuePath(eYellowX, QStringLiteral("/test/marker"));
+    window.show();
+    Rendered(*axis);
+    QCOMPARE(axis->GetMarker(eYellowX)->GetRulerRect().left(), axis->ValueToPixel(100.0));
+    axis->hide(); // the window stays
+    ValueOf(QStringLiteral("marker"))->SetValue(250.0, nullptr);
+    axis->show();
+    Rendered(*axis);
+    QCOMPARE(axis->GetMarker(eYellowX)->GetRulerRect().left(), axis->ValueToPixel(250.0));
+    // a step starts from where the mark stands
+    axis->MoveMarker2NextPixel(eYellowX, true);
+    QCOMPARE(axis->ValueToPixel(axis->GetMarkerValue(eYellowX)), axis->ValueToPixel(250.0) + 1);
 }
 
 void tst_ScaleAxis::tinyAxisSurvives_data()

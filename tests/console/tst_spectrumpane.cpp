@@ -53,6 +53,8 @@ private Q_SLOTS:
     void flagsStayInThePicture();
     void pixelsAndValues_data();
     void pixelsAndValues();
+    void stepsOverMinusOne();
+    void rangeIsTakenBeforeItIsPainted();
     void markerIsDragged_data();
     void markerIsDragged();
     void keyboardIsShown();
@@ -674,6 +676,41 @@ void tst_SpectrumPane::pixelsAndValues()
     pane.GetCurrentStartStop(direction, start, stop);
     QCOMPARE(start, direction == eMarkerX ? 0.0 : -100.0);
     QCOMPARE(stop, direction == eMarkerX ? 4096.0 : 0.0);
+}
+
+void tst_SpectrumPane::stepsOverMinusOne()
+{
+    Marked pane;
+    pane.resize(900, pane.height() + 150 - pane.GetPictureRect().height());
+    pane.grab();
+    QRect const picture = pane.GetPictureRect();
+    QCOMPARE(picture.height(), 150); // the middle of row 1 is -1 dBFS
+    pane.SetShowMarker(eYellowY, true);
+    ValueOf(QStringLiteral("level"))->SetValue(-5.0, nullptr);
+    pane.grab();
+    for (int step = 0; step < 9; ++step)
+        pane.MoveMarker2NextPixel(eYellowY, true);
+    QCOMPARE(pane.ValueToPixel(eMarkerY, pane.GetMarkerValue(eYellowY)), picture.top());
+    // the same at -1 Hz, in the middle of column 10
+    double const width = picture.width();
+    pane.SetFrequencyRange({ -1.0 - 10.5, width });
+    QVERIFY(pane.PixelToValue(eMarkerX, picture.left() + 10) != -1.0);
+    QVERIFY(std::abs(pane.PixelToValue(eMarkerX, picture.left() + 10) + 1.0) < 1e-9);
+}
+
+void tst_SpectrumPane::rangeIsTakenBeforeItIsPainted()
+{
+    Marked pane;
+    pane.grab();
+    QRect const picture = pane.GetPictureRect();
+    pane.SetFrequencyRange({ 8192.0, 4096.0 });
+    pane.SetLevelRange(-300.0, -200.0);
+    QCOMPARE(pane.ValueToPixel(eMarkerX, 8192.0), picture.left());
+    QCOMPARE(pane.ValueToPixel(eMarkerX, 1000.0), -1);
+    QCOMPARE(pane.ValueToPixel(eMarkerY, -200.0), picture.top());
+    double const middle = pane.PixelToValue(eMarkerX, picture.left());
+    pane.SetFrequencyRange({ 0.0, 4096.0 });
+    QVERIFY(pane.PixelToValue(eMarkerX, picture.left()) < middle);
 }
 
 void tst_SpectrumPane::markerIsDragged_data()
