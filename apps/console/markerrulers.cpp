@@ -27,7 +27,8 @@ QSize FlagSize(QStringList const & texts, QFontMetrics const & metrics)
         width = std::max(width, metrics.horizontalAdvance(text));
     if (width == 0)
         return {};
-    return { width + 2 * FlagSide + 1, static_cast<int>(texts.size()) * metrics.height() + 2 * FlagTop + 1 };
+    return { width + 2 * FlagSide + 1,
+             (static_cast<int>(texts.size()) - 1) * metrics.lineSpacing() + metrics.height() + 2 * FlagTop + 1 };
 }
 
 int ToLogical(int devicePixel, double ratio) { return toInt(std::floor(devicePixel / ratio)); }

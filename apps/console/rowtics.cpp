@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr double RowSlack = 1e-6; // steps: a row on a multiple has reached it
-constexpr double Hour = 3600.0;   // s
+constexpr double RowSlack = 1e-6;    // steps: a row on a multiple has reached it
+constexpr double Hour = 3600.0;      // s
+constexpr double FinestStart = 0.01; // s, of the label of a time that begins anew
 
 // s; time passes in steps that divide the minute and the hour
 constexpr std::array<double, 22> TimeSteps{
@@ -62,7 +63,8 @@ std::vector<RowTics::Tic> RowTics::Lay(std::vector<double> const & stamps, int s
         bool const isAnew = time < before;
         if ((count == std::floor(before / step + RowSlack) && !isAnew) || last - row < apart)
             continue;
-        tics.push_back({ row, isAnew ? TimeLabel(time, advance) : TimeLabel(count * step, step) });
+        tics.push_back(
+            { row, isAnew ? TimeLabel(time, std::max(advance, FinestStart)) : TimeLabel(count * step, step) });
         last = row;
     }
     return tics;

@@ -4,6 +4,7 @@
 #include "framestats.h"
 #include "guibase.h"
 #include "levelgradients.h"
+#include "numbertexts.h"
 #include "rowtics.h"
 #include "shadingbar.h"
 
@@ -84,7 +85,11 @@ void WaterfallPane::PlaceLevelScale(QRect const & picture)
     m_pShadingBar->SetPictureSpan(picture.top(), picture.height());
 }
 
-QStringList WaterfallPane::FlagTexts(int index) const { return { GetMarker(index)->GetMarkerName() }; }
+QStringList WaterfallPane::FlagTexts(int index) const
+{
+    QString const value = NumberTexts::FrequencyWithUnit(GetMarkerValue(index), HertzAPixel());
+    return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') + value };
+}
 
 void WaterfallPane::Rebuild()
 {
@@ -152,7 +157,8 @@ void WaterfallPane::PaintTimes()
         if (y < extent / 2 || y + extent / 2 >= size.height())
             continue;
         QRectF const box(0.0, (y - extent / 2) / ratio, size.width() / ratio - TicLength - LabelGap, extent / ratio);
-        painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tic.label);
+        if (metrics.horizontalAdvance(tic.label) <= box.width()) // none is cut
+            painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tic.label);
     }
     painter.end();
     m_times.setDevicePixelRatio(1.0);

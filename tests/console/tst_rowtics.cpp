@@ -11,6 +11,7 @@ private Q_SLOTS:
     void rowsKeepTheirDistance();
     void slowRowsBearWholeHours();
     void timeThatBeginsAnewIsLabelled();
+    void timeThatBeginsAnewIsNotTooFine();
     void rowsWithoutTimeBearNothing();
 };
 
@@ -76,6 +77,13 @@ void tst_RowTics::timeThatBeginsAnewIsLabelled()
     QStringList const texts = Texts(RowTics::Lay(stamps, 15));
     QCOMPARE(texts,
              (QStringList{ QStringLiteral("49: 0.02 s"), QStringLiteral("29: 0.02 s"), QStringLiteral("9: 0.02 s") }));
+}
+
+void tst_RowTics::timeThatBeginsAnewIsNotTooFine()
+{
+    // back by 45 s, at 200 lines a second
+    QStringList const texts = Texts(RowTics::Lay({ 754.57, 754.566, 800.0, 799.995 }, 1));
+    QVERIFY2(texts.contains(QStringLiteral("1: 12:34.57")), qPrintable(texts.join(QLatin1Char(';'))));
 }
 
 void tst_RowTics::rowsWithoutTimeBearNothing()

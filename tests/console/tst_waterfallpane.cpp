@@ -37,6 +37,8 @@ private Q_SLOTS:
     void paintsOnceABatch();
     void everyFrameDiffers();
     void timesAreLabelled();
+    void timesAreNeverCut_data();
+    void timesAreNeverCut();
     void tinyPaneSurvives_data();
     void tinyPaneSurvives();
     void meterBurstsStandAtTheirTimes_data();
@@ -189,7 +191,7 @@ void tst_WaterfallPane::markersCrossTheRows()
     QImage image = Rendered(pane);
     for (int y = picture.top(); y <= picture.bottom(); ++y)
         QCOMPARE(image.pixelColor(column, y), ink);
-    QCOMPARE(pane.GetRulers().front().texts, QStringList{ QStringLiteral("m1") });
+    QCOMPARE(pane.GetRulers().front().texts, QStringList{ QStringLiteral("m1 100 Hz") });
     QCOMPARE(pane.ValueToPixel(eMarkerY, -50.0), -1); // levels have no rows here
     QCOMPARE(pane.PixelToValue(eMarkerY, 5), -1.0);
     MarkerTools::Drag(pane, { column, 100 }, { column + 60, 120 });
@@ -303,6 +305,35 @@ void tst_WaterfallPane::timesAreLabelled()
     QCOMPARE(image.pixelColor(picture.left() - 1, picture.top() + 49), Colors().text);
     for (int y = picture.top(); y <= picture.bottom(); ++y)
         QVERIFY(qGray(image.pixel(0, y)) < 100);
+}
+
+void tst_WaterfallPane::timesAreNeverCut_data()
+{
+    QTest::addColumn<double>("first");
+    QTest::addColumn<bool>("labelled");
+    QTest::newRow("10 minutes on") << 600.0 << true;
+    QTest::newRow("a thousand minutes on, with hundredths") << 60000.0 << false; // no room for 1000:00.05
+}
+
+void tst_WaterfallPane::timesAreNeverCut()
+{
+    QFETCH(double, first);
+    GreyPane pane(400, 200);
+    std::vector<Line> lines;
+    for (int number = 0; number < 150; ++number)
+        lines.push_back(Flat(-50.0, first + 0.001 * number));
+    pane.AppendLines(lines);
+    QImage const image = Rendered(pane);
+    QRect const picture = pane.GetPictureRect();
+    int inked = 0;
+    int tics = 0;
+    for (int y = picture.top(); y <= picture.bottom(); ++y) {
+        tics += image.pixelColor(picture.left() - 1, y) == Colors().text ? 1 : 0;
+        for (int x = 0; x < picture.left() - 5; ++x)
+            inked += image.pixelColor(x, y) != Colors().frame ? 1 : 0;
+    }
+    QVERIFY(tics >= 2);
+    QTEST(inked > 0, "labelled");
 }
 
 void tst_WaterfallPane::tinyPaneSurvives_data()
