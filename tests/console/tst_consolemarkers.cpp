@@ -36,6 +36,7 @@ private Q_SLOTS:
     void shownMarkersStandOnSignals();
     void placementWaitsForASignal();
     void markerOutOfViewComesBack();
+    void placedInTheViewOfTheMoment();
     void markerInViewStays();
     void dragInOnePaneMovesAll_data();
     void dragInOnePaneMovesAll();
@@ -224,6 +225,15 @@ void tst_ConsoleMarkers::markerOutOfViewComesBack()
     QVERIFY(std::abs(ConsoleValues::Get(ConsolePaths::Marker1) - Tone) <= 500.0);
     QVERIFY(std::abs(ConsoleValues::Get(ConsolePaths::Marker2) - Tone) <= 500.0);
     QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMarker), m_window->Spectrum().GetPeak().level);
+}
+
+void tst_ConsoleMarkers::placedInTheViewOfTheMoment()
+{
+    ConsoleValues::Set(ConsolePaths::Span, 1000.0);
+    ConsoleValues::Set(ConsolePaths::Centre, Tone - 2000.0); // not painted yet
+    ConsoleValues::SetFlag(ConsolePaths::Marker1Shown, true);
+    double const marker = ConsoleValues::Get(ConsolePaths::Marker1);
+    QVERIFY2(std::abs(marker - (Tone - 2000.0)) <= 500.0, qPrintable(QString::number(marker - Tone)));
 }
 
 void tst_ConsoleMarkers::markerInViewStays()
