@@ -303,7 +303,9 @@ double Marker::SetValue(double v)
         WriteBoundValue(product);
     if (!life.IsOver())
         TellLastMovingIndex();
-    return life.IsOver() ? product : m_value;
+    if (life.IsOver())
+        return product; // apart: compilers read both sides of a choice ahead
+    return m_value;
 }
 
 void Marker::WriteBoundValue(double product)
