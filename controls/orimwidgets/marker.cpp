@@ -299,26 +299,29 @@ double Marker::SetValue(double v)
     m_value = product;
     InvalidatePixel();
     LifeWatch const life(GetObserverLifetime());
-    if (m_boundValue.Get())
-        WriteBoundValue(product);
+    double const kept = m_boundValue.Get() ? WriteBoundValue(product) : product;
     if (!life.IsOver())
         TellLastMovingIndex();
-    if (life.IsOver())
-        return product; // apart: compilers read both sides of a choice ahead
-    return m_value;
+    return kept;
 }
 
-void Marker::WriteBoundValue(double product)
+double Marker::WriteBoundValue(double product)
 {
     GuiUndoRecordingHelper const recording(GetParent(), QString());
     LifeWatch const life(GetObserverLifetime());
     m_boundValue.Get()->SetNumericValue(product, nullptr);
-    if (life.IsOver() || !m_boundValue.Get())
-        return;
-    m_value = m_boundValue.Get()->GetNumericValue();
+    if (life.IsOver())
+        return product;
+    if (!m_boundValue.Get())
+        return m_value;
+    double kept = m_boundValue.Get()->GetNumericValue();
+    m_value = kept;
     m_boundValue.Get()->SetInterimValue(product, nullptr);
-    if (!life.IsOver() && m_boundValue.Get())
-        m_value = m_boundValue.Get()->GetNumericValue() / m_factor;
+    if (!life.IsOver() && m_boundValue.Get()) {
+        kept = m_boundValue.Get()->GetNumericValue() / m_factor;
+        m_value = kept;
+    }
+    return kept;
 }
 
 void Marker::TellLastMovingIndex()

@@ -372,7 +372,8 @@ private:
     void HearState(Observable const * subject);
     void TakeNumber(Observable const * subject, bool interim);
     void TellLastMovingIndex();
-    void WriteBoundValue(double product);
+    //! \return the value held afterwards; \a product when the marker ended meanwhile.
+    double WriteBoundValue(double product);
     void RestartTimer();
     bool MoveWithinRange(int direction, double value);
 
