@@ -254,6 +254,8 @@ void tst_ConsoleWindow::limitsWinOverTheOperator()
     levelMin->setValue(50.0);
     QCOMPARE(ConsoleValues::Get(ConsolePaths::LevelMin), ConsoleValues::Get(ConsolePaths::LevelMax) - 1.0);
     QCOMPARE(levelMin->value(), ConsoleValues::Get(ConsolePaths::LevelMin));
+    levelMin->setValue(50.0); // the value does not move this time
+    QCOMPARE(levelMin->value(), ConsoleValues::Get(ConsolePaths::LevelMin));
 }
 
 void tst_ConsoleWindow::endsOfABoxAreTheLimits_data()

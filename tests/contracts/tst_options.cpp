@@ -259,6 +259,7 @@ private Q_SLOTS:
     void multiplePages();
     void providerWithoutPage();
     void onlyShownPagesAreTold();
+    void allShownProvidersAreTold();
     void deadProvider();
     void plainProvider();
     void bundleEndsBeforeItsPages();
@@ -472,6 +473,21 @@ void tst_Options::onlyShownPagesAreTold()
     bundle.applyOptions(*made, nullptr);
     pages.at(0)->cancel();
     QCOMPARE(provider.m_told.size(), 1);
+}
+
+void tst_Options::allShownProvidersAreTold()
+{
+    Provider first(QStringLiteral("A"));
+    Provider second(QStringLiteral("B"));
+    Bundle bundle("b", QStringLiteral("B"), nullptr);
+    bundle.add({}, first);
+    bundle.add({}, second);
+    QWidget parent;
+    for (auto const & page : bundle.createOptionEditorPages())
+        page->createWidget(&parent);
+    bundle.applyOptions(*bundle.createOptions(), nullptr);
+    QCOMPARE(first.m_told, QStringList{ "accept" });
+    QCOMPARE(second.m_told, QStringList{ "accept" });
 }
 
 void tst_Options::deadProvider()

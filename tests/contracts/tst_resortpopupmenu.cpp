@@ -10,7 +10,9 @@
 #include <QSignalSpy>
 #include <QToolButton>
 
+#include <array>
 #include <functional>
+#include <new>
 
 namespace {
 
@@ -117,6 +119,7 @@ private Q_SLOTS:
     void clientSetsStateBeforeShow();
     void deadClient();
     void copiedClient();
+    void copyOfADeadClient();
     void assignedClient();
     void clientEndsItself();
     void clientEndsTheNext();
@@ -582,6 +585,22 @@ void tst_ResortPopupMenu::copiedClient()
     Show(menu);
     QCOMPARE(client.m_calls, 1);
     QCOMPARE(copy.m_calls, 0);
+}
+
+void tst_ResortPopupMenu::copyOfADeadClient()
+{
+    alignas(Client) std::array<unsigned char, sizeof(Client)> place{};
+    auto * client = new (place.data()) Client;
+    ResortPopupMenu menu;
+    menu.insertItem(QStringLiteral("item"));
+    menu.NotifyBeforeShow(client);
+    Client const copy(*client);
+    client->~Client();
+    client = new (place.data()) Client; // another one at its place
+    Show(menu);
+    QCOMPARE(client->m_calls, 0);
+    QCOMPARE(copy.m_calls, 0);
+    client->~Client();
 }
 
 void tst_ResortPopupMenu::assignedClient()

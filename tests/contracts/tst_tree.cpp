@@ -576,7 +576,7 @@ void tst_tree::pathsOfOneHash()
 {
     QFETCH(QString, folder);
     std::vector<std::pair<std::uint32_t, int>> hashes;
-    for (int i = 0; i < 300000; ++i) {
+    for (int i = 100000; i < 400000; ++i) { // of one length
         QString const path = folder + QLatin1Char('/') + QString::number(i);
         auto const * const text = reinterpret_cast<char16_t const *>(path.constData());
         hashes.push_back(
