@@ -302,6 +302,7 @@ void tst_DigitAtlas::clipIsKept_data()
     QTest::addColumn<QRect>("clip");
     QTest::newRow("inside") << QPoint(5, 5) << QRect(0, 0, 80, 40);
     QTest::newRow("part of a digit") << QPoint(5, 5) << QRect(9, 9, 20, 3);
+    QTest::newRow("lower part of the digits") << QPoint(5, 5) << QRect(0, 12, 80, 20);
     QTest::newRow("left of the picture") << QPoint(-9, 5) << QRect(0, 0, 80, 40);
     QTest::newRow("right of the picture") << QPoint(70, 5) << QRect(0, 0, 80, 40);
     QTest::newRow("above the picture") << QPoint(5, -7) << QRect(0, 0, 80, 40);
