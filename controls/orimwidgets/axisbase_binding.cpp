@@ -84,7 +84,8 @@ void AxisBase::LetGo(T *& field)
 {
     T * const value = field;
     field = nullptr;
-    if (value && !BoundField::Find(*this, value)) // another field may hold it
+    bool const isSpare = !m_observedLife.IsOver() && static_cast<Observable *>(m_pObserved) == value;
+    if (value && !isSpare && !BoundField::Find(*this, value)) // another field may hold it
         value->DeleteObserver(this);
 }
 

@@ -92,6 +92,7 @@ private Q_SLOTS:
     void badPathLeavesTheDefault();
     void offsetOfAnyNumber();
     void forceRebuildIndices();
+    void spareSlotKeepsWhatAFieldLetsGo();
     void valueEndsWhileTheSpareSlotIsBound();
     void twoFieldsOfOneValue();
     void zoneComesBeforeTheAzimuth();
@@ -237,6 +238,18 @@ void tst_axisbase_binding::forceRebuildIndices()
     Tree::Instance()->Remove(number.Path());
     QVERIFY(axis.GetMustRecalcRulers()); // nor is its departure one of a field
     QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
+}
+
+void tst_axisbase_binding::spareSlotKeepsWhatAFieldLetsGo()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(number.Path()));
+    QVERIFY(axis.SetForceRebuild_ValuePath(number.Path(), 3));
+    QVERIFY(!axis.SetStart_ValuePath(QStringLiteral("/nowhere")));
+    QVERIFY(number->HasObserver(&axis));
+    QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
+    QVERIFY(!number->HasObserver(&axis));
 }
 
 void tst_axisbase_binding::valueEndsWhileTheSpareSlotIsBound()
