@@ -133,9 +133,11 @@ void GuiCentral::ApplyPersistantAfterRead() { GuiBase::Instance().emit_signalCol
 
 void GuiCentral::aboutToTerminate()
 {
+    Tree * const tree = Tree::Instance();
     if (std::unique_ptr<Persistant> const persistant{ std::exchange(m_persistant, nullptr) })
         persistant->Write(QString(), 0);
     m_boolOperations.clear();
+    RemoveUniqueValues(tree);
     m_numericOperations.clear();
     m_selectionCouplers.clear();
 }

@@ -9,8 +9,10 @@
 #include "qtcompat.h"
 #include "shadingcolorset.h"
 #include "suffixeddouble.h"
+#include "valuenumeric.h"
 #include "vc.h"
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QRgb>
@@ -20,6 +22,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 class BoolOperation;
@@ -28,11 +31,13 @@ class OperationBase;
 class QAction;
 class QApplication;
 class QPen;
+class Tree;
 class ValueBase;
 class ValueSelection;
 
 //! The one object that every pane can reach. It keeps the colour sets and the roles they serve, the paths of well-known
-//! values, and which widget alone may be closed; it hands everything about hot keys, fonts and units on to GuiBase.
+//! values, and which widget alone may be closed; it makes values of the tree for whoever needs one of its own; it hands
+//! everything about hot keys, fonts and units on to GuiBase.
 //!
 //! It is built on first use, before or after the application object, and ends when the process does. At
 //! aboutToTerminate(), and at the latest then, it writes its colours to Persistant::Store(): a store that the
@@ -89,6 +94,56 @@ public:
     //! an id leaves an empty path for it.
     ValueBase * GetValuePath4ID(VC::ID id);
     void SetValuePath4ID(VC::ID id, QString const & path);
+
+    // Unique values: values of the tree for the use of one caller, with a path of their own, and operations that keep
+    // such values computed from others. The caller keeps the path alone: each operation returns it, and the tree owns
+    // the value. Who made a value may remove it from the tree; those that are left go at aboutToTerminate(). Numbers
+    // count from 0 in each kind, and are not used twice until then. Without a tree there is a path, but no value. A
+    // path that somebody else took before stays theirs.
+
+    //! A name that no other call gives, such as "UNIQUE_NAME_0"; it stands for nothing in the tree, and goes on
+    //! counting after aboutToTerminate().
+    QString CreateUniqueName();
+
+    QString CreateUniqueValueBoolean(bool value);
+    QString CreateUniqueValueChar(char value);
+    QString CreateUniqueValueString(QString const & value);
+    //! Counts together with CreateUniqueValueString().
+    QString CreateUniqueValueCString(std::string const & value);
+    //! \param value  the limits win. \param step  0: no grid. Limits that ValueNumeric::SetMinMax() refuses are those
+    //! of the type.
+    QString CreateUniqueValueInt(int value, int min, int max, int step);
+    QString CreateUniqueValueInt64(long long value, long long min, long long max, long long step);
+    //! NaN gives 0 or the limit nearest to it.
+    QString CreateUniqueValueFloat(double value, double min, double max, double step);
+    //! \param source  its items and its choice are taken over; null for none.
+    QString CreateUniqueValueSelection(ValueSelection * source);
+    //! A value with the value, limits and step of another one. Null: 0, the limits of the type, no grid.
+    QString CloneUniqueValueInt(ValueNumeric<int> * source);
+    QString CloneUniqueValueFloat(ValueNumeric<double> * source);
+    //! Numbers are seconds, and so are the keys: 0 is "Off", -1 "Infinite"; "4 s" is chosen.
+    QString CreateUniqueAgeingStepsSelection();
+    //! Numbers are degrees, 0 for "Screen / none"; "1.0 degree" is chosen.
+    QString CreateUniqueHistogramTilesSelection();
+
+    //! A bool that tells how a value stands to an operand: the value at a path, a number, or one of several. The
+    //! operation ends with it, or at aboutToTerminate().
+    //! \param type  a BoolOperation::Type; any other leaves the result false.
+    QString CreateBoolOperation(QString const & source, QString const & operand, unsigned int type);
+    QString CreateBoolOperation(QString const & source, double operand, unsigned int type);
+    QString CreateBoolOperation(QString const & source, int operand, unsigned int type);
+    QString CreateBoolOperation(QString const & source, QList<int> const & operand, unsigned int type);
+    QString CreateBoolOperation(QString const & source, QList<double> const & operand, unsigned int type);
+    //! A double without limits, computed from a value and an operand: the value at a path, or a number. The operation
+    //! ends at aboutToTerminate().
+    //! \param type  a NumericOperation::Type; any other leaves the result 0.
+    QString CreateNumericOperation(QString const & source, QString const & operand, unsigned int type);
+    QString CreateNumericOperation(QString const & source, double operand, unsigned int type);
+    //! The same with a NumericCoupler, which writes back. \param type  a NumericCoupler::Type.
+    QString CreateNumericCoupler(QString const & source, double constant, unsigned int type);
+    //! A selection of "Off", key 0, and "On", key 1, coupled to a bool both ways until aboutToTerminate().
+    //! \param inverted  "Off" stands for true.
+    QString CreateSelectionCoupledToBool(QString const & boolPath, bool inverted);
 
     // State of the application
 
@@ -169,7 +224,8 @@ public:
     void ApplyPersistantBeforeWrite() override;
     //! Raises GuiBase::signalColorsChanged().
     void ApplyPersistantAfterRead() override;
-    //! Writes the colours and ends the operations; the second time there is nothing left to do. Colours stay.
+    //! Writes the colours, ends the operations and removes the unique values; the second time there is nothing left to
+    //! do. Colours stay.
     void aboutToTerminate() override;
 
 public Q_SLOTS:
@@ -199,15 +255,27 @@ private:
     friend class GuiCentralAccess; // tests build objects of their own with it
     GuiCentral();
 
+    struct Unique; // the kinds of unique values
+
     void AddPersistedColors();
     void ApplyFactoryColorSetIdForRoleId();
     void BuildFactoryColorSets();
+    //! Removes what is left of the unique values, kind by kind, and counts from 0 again. \param tree  may be null.
+    void RemoveUniqueValues(Tree * tree);
     //! The set that serves an id; null without a role.
     ShadingColorSet * SetOfId(int id);
 
     std::vector<ShadingColorSet> m_waterfallColorSets; // 20 unless a caller resizes it
     std::vector<int> m_colorSetIdForRoleId;            // 10; persisted items point into it
     QString m_guiName;
+    int m_uniqueBoolCount = 0; // numbers handed out; so are the next ones
+    int m_uniqueCharCount = 0;
+    int m_uniqueFloatCount = 0;
+    int m_uniqueIntCount = 0;
+    int m_uniqueInt64Count = 0;
+    int m_uniqueSelectionCount = 0;
+    int m_uniqueStringCount = 0;
+    int m_uniqueNameCount = 0;
     std::list<std::unique_ptr<OperationBase>> m_numericOperations;
     std::list<std::unique_ptr<BoolSelectionCoupler>> m_selectionCouplers;
     std::map<QString, std::unique_ptr<BoolOperation>> m_boolOperations; // by the path of the result
