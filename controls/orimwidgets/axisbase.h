@@ -275,6 +275,12 @@ public:
     //! A number; the start follows it, and is the default start from then on.
     bool SetStart_ValuePath(QString const & path);
     bool SetStop_ValuePath(QString const & path);
+    //! A number; a new one forgets the ranges to go back to.
+    bool SetCenter_ValuePath(QString const & path);
+    //! A number; with the centre, a chosen range writes it.
+    bool SetHalfWidth_ValuePath(QString const & path);
+    //! A bool.
+    bool SetAutoScale_ValuePath(QString const & path);
     //! A selection with keys of EAzimuthDisplay.
     bool SetDisplayAzimuth_ValuePath(QString const & path);
     bool SetPixPerSecond_ValuePath(QString const & path);
@@ -282,10 +288,21 @@ public:
     bool SetOffset_ValuePath(QString const & path);
     //! A selection with keys of VC::EShadingColor.
     bool SetShadingColor_ValuePath(QString const & path);
+    //! A number. The default range follows the stop alone: a new stop takes both over, while both are bound.
+    bool SetDefaultStart_ValuePath(QString const & path);
+    bool SetDefaultStop_ValuePath(QString const & path);
+    //! The same for the range of the device.
+    bool SetDeviceStart_ValuePath(QString const & path);
+    bool SetDeviceStop_ValuePath(QString const & path);
     //! Any value: a change of it drops the picture. \param index  0 to 3; the value at 3 is only observed.
     bool SetForceRebuild_ValuePath(QString const & path, unsigned int index);
 
-    //! Null while nothing is bound.
+    //! Has the scroll buttons step a number. \return false without buttons, too.
+    bool SetScrollBar_ValuePath(QString const & path);
+
+    //! Null while nothing is bound, as the next two.
+    Value<bool> * GetAutoScaleBoolean() const { return m_pAutoScale; }
+
     IValueNumeric * GetStartValueNumeric() const { return m_pStart; }
 
     IValueNumeric * GetStopValueNumeric() const { return m_pStop; }
@@ -392,8 +409,11 @@ protected:
     QPen m_bgPen;
     QPen m_textPen;
     ValueNumeric<double> * m_pStart = nullptr;
+    ValueNumeric<double> * m_pCenter = nullptr;
     ValueNumeric<double> * m_pStop = nullptr;
+    Value<bool> * m_pAutoScale = nullptr;
     ValueSelection * m_pDisplayAzimuth = nullptr;
+    ValueNumeric<double> * m_pHalfWidth = nullptr;
     ValueNumeric<double> * m_pPixPerSecondValue = nullptr;
     double m_pixPerSecond = 0.0;
     QString m_unitText;
@@ -409,6 +429,10 @@ protected:
     bool m_hideUnit = false;
     ValueSelection * m_pShadingColor = nullptr;
     int m_shadingColor; // a VC::EShadingColor
+    ValueNumeric<double> * m_pDefaultStart = nullptr;
+    ValueNumeric<double> * m_pDefaultStop = nullptr;
+    ValueNumeric<double> * m_pDeviceStart = nullptr;
+    ValueNumeric<double> * m_pDeviceStop = nullptr;
     int m_resultPanelPixel = -1;
     double m_resultPanelValue = 0.0;
     bool m_autoScaleCheckOnProperty = false;
@@ -447,6 +471,9 @@ private:
     void StopChanged();
     bool ForwardToPane(Observable * source);
     void WrapMarkersIntoRange();
+    void CenterChanged();
+    void DefaultStopChanged();
+    void DeviceStopChanged();
     void TimeZoneChanged();
 
     mutable PixelMap m_map;            // of the range and the inner rectangle last asked for

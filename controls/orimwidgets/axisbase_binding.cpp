@@ -12,49 +12,83 @@
 #include <algorithm>
 #include <array>
 
-//! A field that may be bound to a value: how to ask for the value, how to forget it, and what a new value does.
+//! A field that may be bound to a value: how to ask for the value, how to forget it, and what a new value does. The
+//! table has the fields in the order in which they are examined when a value goes away.
 struct AxisBase::BoundField
 {
+    //! Which field a new value is for when several hold it: the lowest.
+    enum Line : int
+    {
+        eStart,
+        eStop,
+        eCenter,
+        eSpeed,
+        eOffset,
+        eWholeOffset,
+        eUnit,
+        eShading,
+        eDefaultStop,
+        eDeviceStop,
+        eTimeZone,
+        eAnythingElse
+    };
+
     ValueBase * (*held)(AxisBase const & axis);
     void (*forget)(AxisBase & axis);
+    Line line;
     void (*changed)(AxisBase & axis);
 
     template <auto Field>
-    static constexpr BoundField Of(void (*changed)(AxisBase & axis))
+    static constexpr BoundField Of(Line line = eAnythingElse, void (*changed)(AxisBase & axis) = RepairOnly)
     {
         return { [](AxisBase const & axis) -> ValueBase * { return axis.*Field; },
-                 [](AxisBase & axis) { axis.*Field = nullptr; }, changed };
+                 [](AxisBase & axis) { axis.*Field = nullptr; }, line, changed };
     }
 
     template <std::size_t Index>
     static constexpr BoundField OfForceRebuild()
     {
         return { [](AxisBase const & axis) { return axis.m_forceRebuild[Index]; },
-                 [](AxisBase & axis) { axis.m_forceRebuild[Index] = nullptr; },
-                 [](AxisBase & axis) { axis.Repair(); } };
+                 [](AxisBase & axis) { axis.m_forceRebuild[Index] = nullptr; }, eAnythingElse, RepairOnly };
     }
 
+    static void RepairOnly(AxisBase & axis) { axis.Repair(); }
+
     static constexpr auto Table();
-    //! The first field that holds a value; null when none does.
+    //! The field of the lowest line that holds a value; null when none does.
     static BoundField const * Find(AxisBase const & axis, Observable const * value);
 
-    bool Holds(AxisBase const & axis, Observable const * value) const { return value && held(axis) == value; }
+    bool Holds(AxisBase const & axis, Observable const * value) const
+    {
+        ValueBase const * const own = held(axis);
+        return own && own == value;
+    }
 };
 
 constexpr auto AxisBase::BoundField::Table()
 {
     return std::array{
-        Of<&AxisBase::m_pStart>([](AxisBase & axis) { axis.StartChanged(); }),
-        Of<&AxisBase::m_pStop>([](AxisBase & axis) { axis.StopChanged(); }),
+        Of<&AxisBase::m_pStart>(eStart, [](AxisBase & axis) { axis.StartChanged(); }),
+        Of<&AxisBase::m_pStop>(eStop, [](AxisBase & axis) { axis.StopChanged(); }),
         Of<&AxisBase::m_pPixPerSecondValue>(
-            [](AxisBase & axis) { axis.SetPixPerSecond(axis.m_pPixPerSecondValue->GetValue()); }),
-        Of<&AxisBase::m_pUnitSelection>([](AxisBase & axis) { axis.Repair(); }),
-        Of<&AxisBase::m_pOffset>([](AxisBase & axis) { axis.SetOffset(axis.m_pOffset->GetValue()); }),
-        Of<&AxisBase::m_pOffset2>([](AxisBase & axis) { axis.SetOffset(axis.m_pOffset2->GetValue()); }),
-        Of<&AxisBase::m_pShadingColor>(
-            [](AxisBase & axis) { axis.StoreShadingColor(static_cast<int>(axis.m_pShadingColor->GetCurrentKey())); }),
-        Of<&AxisBase::m_pTimeZone>([](AxisBase & axis) { axis.TimeZoneChanged(); }),
-        Of<&AxisBase::m_pDisplayAzimuth>([](AxisBase & axis) { axis.Repair(); }),
+            eSpeed, [](AxisBase & axis) { axis.SetPixPerSecond(axis.m_pPixPerSecondValue->GetValue()); }),
+        Of<&AxisBase::m_pUnitSelection>(eUnit, RepairOnly),
+        Of<&AxisBase::m_pOffset>(eOffset, [](AxisBase & axis) { axis.SetOffset(axis.m_pOffset->GetValue()); }),
+        Of<&AxisBase::m_pOffset2>(eWholeOffset, [](AxisBase & axis) { axis.SetOffset(axis.m_pOffset2->GetValue()); }),
+        Of<&AxisBase::m_pShadingColor>(eShading,
+                                       [](AxisBase & axis) {
+                                           long const key = axis.m_pShadingColor->GetCurrentKey();
+                                           axis.StoreShadingColor(static_cast<int>(key));
+                                       }),
+        Of<&AxisBase::m_pDeviceStart>(),
+        Of<&AxisBase::m_pDeviceStop>(eDeviceStop, [](AxisBase & axis) { axis.DeviceStopChanged(); }),
+        Of<&AxisBase::m_pDefaultStart>(),
+        Of<&AxisBase::m_pDefaultStop>(eDefaultStop, [](AxisBase & axis) { axis.DefaultStopChanged(); }),
+        Of<&AxisBase::m_pAutoScale>(),
+        Of<&AxisBase::m_pDisplayAzimuth>(),
+        Of<&AxisBase::m_pCenter>(eCenter, [](AxisBase & axis) { axis.CenterChanged(); }),
+        Of<&AxisBase::m_pHalfWidth>(),
+        Of<&AxisBase::m_pTimeZone>(eTimeZone, [](AxisBase & axis) { axis.TimeZoneChanged(); }),
         OfForceRebuild<0>(),
         OfForceRebuild<1>(),
         OfForceRebuild<2>(),
@@ -64,9 +98,11 @@ constexpr auto AxisBase::BoundField::Table()
 AxisBase::BoundField const * AxisBase::BoundField::Find(AxisBase const & axis, Observable const * value)
 {
     static constexpr auto fields = Table();
-    auto const found =
-        std::find_if(fields.begin(), fields.end(), [&](BoundField const & field) { return field.Holds(axis, value); });
-    return found == fields.end() ? nullptr : &*found;
+    BoundField const * found = nullptr;
+    for (BoundField const & field : fields)
+        if ((!found || field.line < found->line) && field.Holds(axis, value))
+            found = &field;
+    return found;
 }
 
 AxisBase::~AxisBase()
@@ -180,6 +216,26 @@ void AxisBase::WrapMarkersIntoRange()
         SetMarkerWrapIntoRange(toInt(m_pStart->GetValue()), toInt(m_pStop->GetValue()));
 }
 
+void AxisBase::CenterChanged()
+{
+    m_unZoom.clear();
+    Repair();
+}
+
+void AxisBase::DefaultStopChanged()
+{
+    if (m_pDefaultStart)
+        SetDefaultRange(m_pDefaultStart->GetValue(), m_pDefaultStop->GetValue());
+}
+
+void AxisBase::DeviceStopChanged()
+{
+    if (!m_pDeviceStart)
+        return;
+    m_deviceStart = m_pDeviceStart->GetValue();
+    m_deviceStop = m_pDeviceStop->GetValue();
+}
+
 void AxisBase::TimeZoneChanged()
 {
     if (m_pDateTime)
@@ -213,6 +269,12 @@ bool AxisBase::SetStop_ValuePath(QString const & path)
     return m_pStop;
 }
 
+bool AxisBase::SetCenter_ValuePath(QString const & path) { return Bind(m_pCenter, path); }
+
+bool AxisBase::SetHalfWidth_ValuePath(QString const & path) { return Bind(m_pHalfWidth, path); }
+
+bool AxisBase::SetAutoScale_ValuePath(QString const & path) { return Bind(m_pAutoScale, path); }
+
 bool AxisBase::SetDisplayAzimuth_ValuePath(QString const & path) { return Bind(m_pDisplayAzimuth, path); }
 
 bool AxisBase::SetPixPerSecond_ValuePath(QString const & path) { return Bind(m_pPixPerSecondValue, path); }
@@ -227,6 +289,19 @@ bool AxisBase::SetOffset_ValuePath(QString const & path)
     if (Bind(m_pOffset, path))
         return true;
     return !life.IsOver() && Bind(m_pOffset2, path);
+}
+
+bool AxisBase::SetDefaultStart_ValuePath(QString const & path) { return Bind(m_pDefaultStart, path); }
+
+bool AxisBase::SetDefaultStop_ValuePath(QString const & path) { return Bind(m_pDefaultStop, path); }
+
+bool AxisBase::SetDeviceStart_ValuePath(QString const & path) { return Bind(m_pDeviceStart, path); }
+
+bool AxisBase::SetDeviceStop_ValuePath(QString const & path) { return Bind(m_pDeviceStop, path); }
+
+bool AxisBase::SetScrollBar_ValuePath(QString const & path)
+{
+    return m_pScrollButtons && m_pScrollButtons->Set_ValuePath(path);
 }
 
 bool AxisBase::SetForceRebuild_ValuePath(QString const & path, unsigned int index)
