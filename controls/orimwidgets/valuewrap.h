@@ -7,7 +7,9 @@
 //! How bearings are written: the keys of the selection that an axis follows, as bits.
 enum EAzimuthDisplay : long
 {
-    eAzimuthBands = 0x2,    //!< the axis shows the strip of bearing bands
+    eAzimuthAbsolute = 0x1, //!< from north
+    eAzimuthRelative = 0x2, //!< from the axis of the vehicle; an axis then shows the strip of bearing bands
+    eAzimuthBands = eAzimuthRelative,
     eAzimuthPositive = 0x4, //!< 0 to 359.9
     eAzimuthSigned = 0x8    //!< -179.9 to 180; counts before eAzimuthPositive
 };
