@@ -2,6 +2,7 @@
 #include "markerlist.h"
 
 #include "guibase.h"
+#include "markerpair.h"
 #include "qtcompat.h"
 
 #include <QEvent>
@@ -186,6 +187,11 @@ void MarkerList::DeleteMarker(int id)
 }
 
 void MarkerList::RemoveResultMarker(int id) { DeleteMarker(id); }
+
+MarkerPair * MarkerList::AddMarkerPair(int x, int y)
+{
+    return m_markerPairs.emplace_back(std::make_unique<MarkerPair>(GetMarker(x), GetMarker(y))).get();
+}
 
 //! A marker that others delete leaves its entry and the lists of shown markers.
 void MarkerList::Forget(Marker const * marker)
@@ -507,10 +513,10 @@ void MarkerList::ShowAllResultPanels(bool show)
 
 void MarkerList::AddOutsideMarker(Marker * marker)
 {
-    auto const isDead = [](Watched const & entry) { return !entry.Get(); };
+    auto const isDead = [](WatchedMarker const & entry) { return !entry.Get(); };
     m_outsideMarkers.erase(std::remove_if(m_outsideMarkers.begin(), m_outsideMarkers.end(), isDead),
                            m_outsideMarkers.end());
-    auto const isThis = [marker](Watched const & entry) { return entry.Get() == marker; };
+    auto const isThis = [marker](WatchedMarker const & entry) { return entry.Get() == marker; };
     if (marker && std::none_of(m_outsideMarkers.begin(), m_outsideMarkers.end(), isThis))
         m_outsideMarkers.emplace_back(marker);
 }
@@ -521,7 +527,7 @@ std::vector<Marker *> MarkerList::GetOutsideMarkers() const
 {
     std::vector<Marker *> markers;
     markers.reserve(m_outsideMarkers.size());
-    for (Watched const & entry : m_outsideMarkers)
+    for (WatchedMarker const & entry : m_outsideMarkers)
         if (entry.Get())
             markers.push_back(entry.Get());
     return markers;
@@ -650,7 +656,7 @@ void MarkerList::wheelEvent(QWheelEvent * event)
         return;
     }
     RestartTimer(m_wheelTimer, WheelTime);
-    m_wheelMarker = Watched(marker);
+    m_wheelMarker = WatchedMarker(marker);
     marker->Move2NextPixel(WheelDelta(event) >= 1); // may end this
     event->accept();
 }

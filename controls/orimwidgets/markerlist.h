@@ -3,12 +3,12 @@
 #define ORIM_MARKERLIST_H
 
 #include "control.h"
-#include "lifetime.h"
 #include "marker.h"
 #include "observable.h"
 #include "orimwidgets_export.h"
 #include "undorecording.h"
 #include "vc.h"
+#include "watchedmarker.h"
 
 #include <QColor>
 #include <QPointer>
@@ -16,6 +16,8 @@
 
 #include <memory>
 #include <vector>
+
+class MarkerPair;
 
 //! Five numbers that an application keeps with a list of markers. Nothing here reads them.
 struct ORIMWIDGETS_EXPORT MoveRange
@@ -56,7 +58,7 @@ public:
     explicit MarkerList(QWidget * parent = nullptr, char const * name = nullptr);
     MarkerList(MarkerList const &) = delete;
     MarkerList & operator=(MarkerList const &) = delete;
-    //! Deletes the markers.
+    //! Deletes the markers, then the pairs.
     ~MarkerList() override;
 
     // To be supplied and overridden by panes
@@ -128,6 +130,12 @@ public:
     void DeleteMarker(int id);
     //! The same.
     void RemoveResultMarker(int id);
+
+    // Marker pairs
+
+    //! Reads two markers as one crossing point. The list owns the pair, to its end. An index without a marker gives the
+    //! pair none on that side.
+    MarkerPair * AddMarkerPair(int x, int y);
 
     // Markers that are drawn now
 
@@ -308,22 +316,6 @@ protected:
 private:
     friend class Marker;
 
-    //! A marker of any list, which may end at any time.
-    class Watched
-    {
-    public:
-        Watched() = default;
-
-        explicit Watched(Marker * marker) : m_pMarker(marker), m_life(marker->GetObserverLifetime()) {}
-
-        //! Null once it has ended.
-        Marker * Get() const { return m_life.IsOver() ? nullptr : m_pMarker; }
-
-    private:
-        Marker * m_pMarker = nullptr;
-        LifeWatch m_life;
-    };
-
     void afterShow();
     void Forget(Marker const * marker);
     void RestartTimer(int & timer, int delay);
@@ -334,7 +326,8 @@ private:
     std::vector<std::unique_ptr<Marker>> m_markers; // 43, null where there is none
     std::vector<Marker *> m_shownMarkers;           // borrowed from m_markers
     std::vector<int> m_shownIndices;
-    std::vector<Watched> m_outsideMarkers;
+    std::vector<std::unique_ptr<MarkerPair>> m_markerPairs;
+    std::vector<WatchedMarker> m_outsideMarkers;
     int m_lastMovingIndex = -1;
     bool m_showAllPanels = false;
     double m_wrapValue = -1.0;
@@ -348,7 +341,7 @@ private:
     bool m_mustRecalcRulers = true;
     bool m_lastEnabled = true;
     int m_wheelTimer = 0;
-    Watched m_wheelMarker; // the one that the wheel moved last
+    WatchedMarker m_wheelMarker; // the one that the wheel moved last
 };
 
 #endif
