@@ -116,15 +116,20 @@ double AxisBase::GetStop() { return m_stop; }
 
 void AxisBase::SetRange(double start, double stop)
 {
-    LifeWatch const life(GetObserverLifetime());
     m_fixedRange = false;
-    SetStartValue(start);
-    if (!life.IsOver())
-        SetStopValue(stop);
-    if (life.IsOver())
+    if (!SetEnds(start, stop))
         return;
     CalcValues();
     update();
+}
+
+bool AxisBase::SetEnds(double start, double stop)
+{
+    LifeWatch const life(GetObserverLifetime());
+    SetStartValue(start);
+    if (!life.IsOver())
+        SetStopValue(stop);
+    return !life.IsOver();
 }
 
 void AxisBase::SetFixedRange(double start, double stop, int ticCount, int leftDigits, int rightDigits, double firstTic,
@@ -146,7 +151,7 @@ void AxisBase::SetFixedRange(double start, double stop, int ticCount, int leftDi
 
 void AxisBase::SetDefaultRange(double start, double stop)
 {
-    m_unZoom.clear();
+    ClearUnZoom();
     m_defaultStart = start;
     m_defaultStop = stop;
 }

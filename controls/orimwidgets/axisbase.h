@@ -9,6 +9,8 @@
 #include "orimwidgets_export.h"
 #include "pixelmap.h"
 #include "valuenumeric.h"
+#include "zoomband.h"
+#include "zoomhistory.h"
 
 #include <QBrush>
 #include <QFont>
@@ -18,7 +20,6 @@
 #include <QString>
 
 #include <cstddef>
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -73,27 +74,7 @@ public:
     };
 
     //! A range to go back to.
-    struct StartStopBandwidth
-    {
-        StartStopBandwidth(double theStart, double theStop, double theBandwidth)
-            : start(theStart)
-            , stop(theStop)
-            , bandwidth(theBandwidth)
-        {}
-
-        //! All three are equal.
-        bool operator==(StartStopBandwidth const & other) const
-        {
-            return start == other.start && stop == other.stop && bandwidth == other.bandwidth;
-        }
-
-        //! By the start alone.
-        bool operator<(StartStopBandwidth const & other) const { return start < other.start; }
-
-        double start;
-        double stop;
-        double bandwidth;
-    };
+    using StartStopBandwidth = ZoomHistory::StartStopBandwidth;
 
     //! \param name             object name; may be null.
     //! \param axisType         bits of AxisType; without a direction no value has a pixel.
@@ -155,6 +136,33 @@ public:
     //! For derived panes that keep a border above; false here.
     virtual bool UpperBorder(double value);
 
+    // Zoom and mouse
+    //
+    // The operator drags a band along the axis with the left button to zoom, drags with Shift held to pan, and goes
+    // through the ranges by double clicks. Each zoom may leave an entry in the history of ranges; its length has no
+    // limit.
+
+    //! Shows a range of more than 0.1 units, writes it to the bound start and stop, whose limits win, and emits
+    //! Zoomed(). With a bound center and half width the half width becomes the distance of the center to the farther
+    //! end. A frequency axis shows at least one unit for two pixels.
+    //! \param start, stop  in any order.
+    //! \param record       whether the range before goes into the history.
+    //! \return whether the range was applied. It is not for a range that is too narrow, for NaN, for the present range
+    //!         to within 1e-7, while zooming is disabled, and for a range without tics: this one is taken back.
+    virtual bool SetZoomedRange(double start, double stop, bool record);
+
+public Q_SLOTS:
+    //! Shows the default range and forgets the history. Without a default range, and when it is shown already,
+    //! ZoomToBegin(). \return whether the default range was applied.
+    virtual bool ZoomToDefault();
+    //! For derived classes; false here.
+    virtual bool ZoomToBest();
+    //! Shows the range of the device, if there is one, and forgets the history.
+    virtual void ZoomToDevice();
+    //! Forgets the history, and shows its oldest range when that overlaps the present one. \return whether it does.
+    virtual bool ZoomToBegin();
+
+public:
     // Texts
 
     //! Label of a value, wrapped as the display asks: by the converter, as a time, as the marker writes its own value,
@@ -165,6 +173,14 @@ public:
 
     //! Finds the tics of the range.
     virtual void CalcValues();
+    //! The operator clicked on the axis: a band shorter than 6 pixels. Empty here.
+    virtual void AxisClicked(int pixel);
+
+public Q_SLOTS:
+    //! Shows the latest range of the history and takes it out, even when it is refused. Always emits Zoomed().
+    virtual void UnZoom();
+
+public:
     //! Sets an end of the range, and the value bound to it; its limits win. Finds the tics, asks for a repair, and
     //! emits redrawBars() and signalRangeChanged(). \param value  any double; a bound value refuses NaN.
     virtual void SetStartValue(double value);
@@ -175,6 +191,15 @@ public:
     double Start() const { return m_start; }
 
     double Stop() const { return m_stop; }
+
+    //! Whether UnZoom() would show a range that overlaps the present one. When it would not, the history is forgotten.
+    bool IsUnZoomAvailable();
+    //! Forgets the history of ranges.
+    void ClearUnZoom();
+    //! Both are off at the start. Builds the menu anew.
+    //! \param zoom       whether the operator may zoom and pan.
+    //! \param rangeMenu  whether the menu offers the ranges to zoom to.
+    void SetAxisZoomEnable(bool zoom, bool rangeMenu);
 
     //! Sets both ends, each as above, and ends a fixed range.
     void SetRange(double start, double stop);
@@ -353,6 +378,23 @@ protected:
     //! \param steps  nothing below 1.
     void drawAgeingScale(QPainter & painter, int x, int y, int w, int h, int steps);
 
+    //! What a drag of the mouse does.
+    enum MouseMode : int
+    {
+        MouseIdle = 0,
+        MouseBand = 0x10, //!< a band to zoom to
+        MousePan = 0x20   //!< Shift held at the press
+    };
+
+    //! Covers the widget outside the band while one is dragged. A pane calls it after it has drawn its picture.
+    void DrawWhileZoom(QPainter & painter) const;
+    //! Looks at the outside markers for one that stands at the edge of the event: in the upper 25 rows for one whose
+    //! hit rectangle is 2 pixels high, in the lower 24 rows for one that is 1 pixel high.
+    //! \param value  set to the value of the first one. \return whether there is one; false without an event.
+    bool FindOutsideMarker(QMouseEvent * event, double & value);
+    //! Lets the range grow to take in the outside marker of the event. \return whether it grew.
+    bool ApplyOutsideMarker(QMouseEvent * event);
+
     //! Finds the tics of a range; each argument takes what axisDefinition::GetAxisValuesLinear() tells.
     //! \return the number of tics; those of a fixed range stay, and nothing is written.
     int GetAxisValues(double * start, double * stop, int * minor, int * left, int * right, double * first,
@@ -367,6 +409,13 @@ protected:
     void WrapValue4Display(double & value) const;
 
     void resizeEvent(QResizeEvent * event) override;
+    //! The left button starts a band, or with Shift a pan, unless a drag runs already.
+    void mousePressEvent(QMouseEvent * event) override;
+    void mouseMoveEvent(QMouseEvent * event) override;
+    //! Ends the drag, unless Shift is held.
+    void mouseReleaseEvent(QMouseEvent * event) override;
+    //! Shows the default range, then that of the device, by turns.
+    void mouseDoubleClickEvent(QMouseEvent * event) override;
 
     // State. A pointer to a value is borrowed from the tree, and null while nothing is bound.
 
@@ -397,8 +446,15 @@ protected:
     int m_fixedSidePixels;
     int m_ticLength; // px
     int m_fontPointSize;
+    int m_mouseMode = MouseIdle; // a MouseMode
     unsigned int m_axisType;
-    std::deque<StartStopBandwidth> m_unZoom; // ranges to go back to
+    ZoomHistory::Queue m_unZoom; // ranges to go back to
+    int m_pressPixel = 0;        // px along the axis, as the next two
+    int m_bandStart = 0;
+    int m_bandEnd = 0;
+    bool m_zoomEnabled = false;
+    bool m_rangeMenuEnabled = false;
+    bool m_offsetDrag = false; // a pan of a vertical axis moves the offset; for derived classes to set
     int m_maxPixBetweenTics = -1;
     int m_rightBottomOffset = 0; // px
     int m_leftTopOffset = 0;
@@ -429,6 +485,7 @@ protected:
     bool m_hideUnit = false;
     ValueSelection * m_pShadingColor = nullptr;
     int m_shadingColor; // a VC::EShadingColor
+    bool m_firstRange = false;
     ValueNumeric<double> * m_pDefaultStart = nullptr;
     ValueNumeric<double> * m_pDefaultStop = nullptr;
     ValueNumeric<double> * m_pDeviceStart = nullptr;
@@ -450,6 +507,8 @@ private:
 
     bool IsVertical() const { return (m_axisType & AxisVertical) != 0; }
 
+    bool HasDirection() const { return IsHorizontal() || IsVertical(); }
+
     bool IsTimeAxis() const { return m_pDateTime != nullptr; }
 
     PixelMap const & Map() const;
@@ -459,6 +518,23 @@ private:
     void FillBearingBands(QPainter & painter);
     double TimeSpanEnd() const;
     void MoveScrolledRange();
+
+    // These tell whether this still lives.
+    bool SetEnds(double start, double stop);
+    bool WriteBoundEnds(double start, double stop);
+    bool FollowWithHalfWidth(double start, double stop, double & bandwidth);
+    bool ShowNamedRange(double start, double stop);
+    bool EndBand(int pixel);
+
+    bool IsTooNarrow(double start, double stop) const;
+    bool IsNearRange(double start, double stop) const;
+    void ZoomToNextRange();
+    ZoomBand::Span GetSpan() const;
+    int PixelOf(QMouseEvent const * event) const;
+    void ShowBandCursor();
+    void StartBand(int pixel);
+    void PanTo(int pixel);
+    void WriteOffset(double offset);
 
     template <class T>
     bool Attach(T *& field, QString const & path);

@@ -218,7 +218,7 @@ void AxisBase::WrapMarkersIntoRange()
 
 void AxisBase::CenterChanged()
 {
-    m_unZoom.clear();
+    ClearUnZoom();
     Repair();
 }
 

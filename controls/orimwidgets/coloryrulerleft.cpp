@@ -42,6 +42,7 @@ void ColorYRulerLeft::paintEvent(QPaintEvent * /*event*/)
     if (m_pPixmap) {
         QPainter painter(this);
         painter.drawPixmap(0, 0, *m_pPixmap);
+        DrawWhileZoom(painter);
     }
     Q_EMIT AxisRepainted();
 }

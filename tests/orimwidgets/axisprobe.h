@@ -46,13 +46,18 @@ public:
         m_calculations = m_repairs = m_repairDrawings = 0;
     }
 
+    using AxisBase::ApplyOutsideMarker;
     using AxisBase::AxisBase;
     using AxisBase::Check4Tics;
     using AxisBase::drawAgeingScale;
     using AxisBase::drawBackground;
     using AxisBase::drawShadeRect;
+    using AxisBase::DrawWhileZoom;
+    using AxisBase::FindOutsideMarker;
     using AxisBase::GetAxisValues;
     using AxisBase::m_autoScaleCheckOnProperty;
+    using AxisBase::m_bandEnd;
+    using AxisBase::m_bandStart;
     using AxisBase::m_bgBrush;
     using AxisBase::m_bgPen;
     using AxisBase::m_calcStart;
@@ -66,6 +71,7 @@ public:
     using AxisBase::m_drawnHeight;
     using AxisBase::m_drawnStart;
     using AxisBase::m_drawnStop;
+    using AxisBase::m_firstRange;
     using AxisBase::m_firstTic;
     using AxisBase::m_fixedRange;
     using AxisBase::m_fixedSidePixels;
@@ -80,10 +86,14 @@ public:
     using AxisBase::m_leftTopOffset;
     using AxisBase::m_maxPixBetweenTics;
     using AxisBase::m_minorTics;
+    using AxisBase::m_mouseMode;
     using AxisBase::m_offset;
+    using AxisBase::m_offsetDrag;
+    using AxisBase::m_pCenter;
     using AxisBase::m_pConverter;
     using AxisBase::m_pDateTime;
     using AxisBase::m_pDisplayAzimuth;
+    using AxisBase::m_pHalfWidth;
     using AxisBase::m_pixPerSecond;
     using AxisBase::m_pOffset;
     using AxisBase::m_pOffset2;
@@ -91,12 +101,14 @@ public:
     using AxisBase::m_pPixmap2;
     using AxisBase::m_pPixPerSecondValue;
     using AxisBase::m_pPrimaryVMappingDrawPane;
+    using AxisBase::m_pressPixel;
     using AxisBase::m_pScrollButtons;
     using AxisBase::m_pShadingColor;
     using AxisBase::m_pStart;
     using AxisBase::m_pStop;
     using AxisBase::m_pTimeZone;
     using AxisBase::m_pUnitSelection;
+    using AxisBase::m_rangeMenuEnabled;
     using AxisBase::m_relative;
     using AxisBase::m_resultPanelPixel;
     using AxisBase::m_resultPanelValue;
@@ -116,6 +128,7 @@ public:
     using AxisBase::m_unitText;
     using AxisBase::m_unZoom;
     using AxisBase::m_useHandlerBaseSuffix;
+    using AxisBase::m_zoomEnabled;
     using AxisBase::WrapValue4Display;
 
     void CalcValues() override

@@ -127,7 +127,10 @@ void tst_axisbase::fieldsAtTheStart()
          { axis.m_start, axis.m_stop, axis.m_calcStart, axis.m_calcStop, axis.m_drawnStart, axis.m_drawnStop,
            axis.m_pixPerSecond, axis.m_offset, axis.m_ticStep, axis.m_firstTic, axis.m_ticOffset })
         QCOMPARE(zero, 0.0);
-    QCOMPARE(axis.m_drawnHeight, 0);
+    for (int const zero : { axis.m_drawnHeight, axis.m_mouseMode, axis.m_pressPixel, axis.m_bandStart, axis.m_bandEnd })
+        QCOMPARE(zero, 0);
+    QVERIFY(!axis.m_zoomEnabled && !axis.m_rangeMenuEnabled && !axis.m_offsetDrag && !axis.m_firstRange);
+    QVERIFY(!axis.m_pCenter && !axis.m_pHalfWidth);
     QVERIFY(!axis.m_fixedRange && axis.m_drawEnabled && axis.m_relative && !axis.m_hideUnit && axis.m_showUnit);
     QVERIFY(!axis.m_autoScaleCheckOnProperty && !axis.m_useHandlerBaseSuffix);
     QCOMPARE(axis.m_leftTopOffset, 0);
@@ -226,8 +229,9 @@ void tst_axisbase::timeAxis()
 void tst_axisbase::metaObject()
 {
     QMetaObject const & meta = AxisBase::staticMetaObject;
-    char const * const methods[] = { "Zoomed()", "signalRangeChanged()", "AxisRepainted()", "redrawBars()",
-                                     "slotRefreshPixmapNow()" };
+    char const * const methods[] = { "Zoomed()",        "signalRangeChanged()",  "AxisRepainted()", "redrawBars()",
+                                     "ZoomToDefault()", "ZoomToBest()",          "ZoomToDevice()",  "ZoomToBegin()",
+                                     "UnZoom()",        "slotRefreshPixmapNow()" };
     int index = meta.methodOffset();
     for (char const * const method : methods)
         QCOMPARE(meta.method(index++).methodSignature(), QByteArray(method));
@@ -247,8 +251,15 @@ void tst_axisbase::virtualOperationsKeepTheirOrder()
                                PlaceOf(static_cast<int (AxisBase::*)(double) const>(&AxisBase::ValueToPixel)),
                                PlaceOf(&AxisBase::ScrollYPixelOffset),
                                PlaceOf(&AxisBase::UpperBorder),
+                               PlaceOf(&AxisBase::SetZoomedRange),
+                               PlaceOf(&AxisBase::ZoomToDefault),
+                               PlaceOf(&AxisBase::ZoomToBest),
+                               PlaceOf(&AxisBase::ZoomToDevice),
+                               PlaceOf(&AxisBase::ZoomToBegin),
                                PlaceOf(&AxisBase::BuildFormatString),
                                PlaceOf(&AxisBase::CalcValues),
+                               PlaceOf(&AxisBase::AxisClicked),
+                               PlaceOf(&AxisBase::UnZoom),
                                PlaceOf(&AxisBase::SetStartValue),
                                PlaceOf(&AxisBase::GetStart),
                                PlaceOf(&AxisBase::SetStopValue),
