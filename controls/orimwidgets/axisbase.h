@@ -8,6 +8,7 @@
 #include "markerlist.h"
 #include "orimwidgets_export.h"
 #include "pixelmap.h"
+#include "timetics.h"
 #include "valuenumeric.h"
 #include "zoomband.h"
 #include "zoomhistory.h"
@@ -72,6 +73,30 @@ public:
         InRangeBelow = 2,
         InRangeAbove = 3
     };
+
+    //! How an axis of time stamps writes its tics, its label and a full date; the texts are TimeTics::Formats.
+    enum TimeFormat : int
+    {
+        eTimeFormat1 = 1, //!< days
+        eTimeFormat2,     //!< days and hours
+        eTimeFormat3,     //!< hours
+        eTimeFormat4,     //!< hours and minutes
+        eTimeFormat5,     //!< hours, minutes and seconds; chosen by no range, as 9 to 11
+        eTimeFormat6,     //!< minutes
+        eTimeFormat7,     //!< minutes and seconds
+        eTimeFormat8,     //!< seconds
+        eTimeFormat9,     //!< minutes and seconds; the date format stays
+        eTimeFormat10,    //!< seconds and milliseconds
+        eTimeFormat11     //!< micro signs
+    };
+
+    // Times, us
+    static constexpr long long m_sMicroSecond = TimeTics::MicroSecond;
+    static constexpr long long m_sMilliSecond = TimeTics::MilliSecond;
+    static constexpr long long m_sSecond = TimeTics::Second;
+    static constexpr long long m_sMinute = TimeTics::Minute;
+    static constexpr long long m_sHour = TimeTics::Hour;
+    static constexpr long long m_sDay = TimeTics::Day;
 
     //! A range to go back to.
     using StartStopBandwidth = ZoomHistory::StartStopBandwidth;
@@ -294,6 +319,15 @@ public:
     double String2double(QString text) override;
     QString double2String(double value, char const * format) override;
 
+    // Time axis
+
+    //! Takes the texts of a format over as tic format, unit and date format, and shows the unit. The tics of the next
+    //! range choose anew when their format is another. \param format  any number; one that is no format counts as
+    //! minutes and seconds and leaves the date format as it is.
+    void SetTimeDisplayFormat(AxisBase::TimeFormat format);
+    //! An empty text; the argument is ignored.
+    QString TimeString4Value(int value);
+
     // Binding to values of the tree. Each operation lets go of the value before, and returns whether there is a value
     // of the right type at the path.
 
@@ -395,8 +429,10 @@ protected:
     //! Lets the range grow to take in the outside marker of the event. \return whether it grew.
     bool ApplyOutsideMarker(QMouseEvent * event);
 
-    //! Finds the tics of a range; each argument takes what axisDefinition::GetAxisValuesLinear() tells.
-    //! \return the number of tics; those of a fixed range stay, and nothing is written.
+    //! Finds the tics of a range; each argument takes what axisDefinition::GetAxisValuesLinear() tells. Those of time
+    //! stamps follow TimeTics, in any number; \a minor takes that number, too, and \a left and \a right stay. Where
+    //! they have none, nothing is written. They choose the time format. \return the number of tics; those of a fixed
+    //! range stay, and nothing is written.
     int GetAxisValues(double * start, double * stop, int * minor, int * left, int * right, double * first,
                       double * step, double * offset, int mode);
     //! Number of minor tics between two tics when there is room for them; -1 when there is none.
@@ -490,6 +526,7 @@ protected:
     ValueNumeric<double> * m_pDefaultStop = nullptr;
     ValueNumeric<double> * m_pDeviceStart = nullptr;
     ValueNumeric<double> * m_pDeviceStop = nullptr;
+    int m_timeFormat = eTimeFormat11; // any number that was set
     int m_resultPanelPixel = -1;
     double m_resultPanelValue = 0.0;
     bool m_autoScaleCheckOnProperty = false;
@@ -498,6 +535,7 @@ protected:
     ValueSelection * m_pTimeZone = nullptr;
     std::unique_ptr<Orim::DateTime> m_pDateTime; // on an axis of time stamps
     QString m_timeFormatString = QStringLiteral("mm");
+    QString m_dateFormatString;
     bool m_useHandlerBaseSuffix = false;
 
 private:
@@ -513,6 +551,8 @@ private:
 
     PixelMap const & Map() const;
     void StartTimeAxis();
+    int GetAxisValues4TimeStamps(double * start, double * stop, int * minor, int * left, int * right, double * first,
+                                 double * step, double * offset, int mode);
     void StoreEnd(double & end, ValueNumeric<double> *& bound, double value);
     void StoreShadingColor(int color);
     void FillBearingBands(QPainter & painter);

@@ -21,6 +21,8 @@ int AxisBase::GetAxisValues(double * start, double * stop, int * minor, int * le
 {
     if (m_fixedRange)
         return m_ticCount;
+    if ((m_axisType & AxisTimeStamps) != 0)
+        return GetAxisValues4TimeStamps(start, stop, minor, left, right, first, step, offset, mode);
     return axisDefinition::GetAxisValuesLinear(start, stop, minor, left, right, first, step, offset, mode,
                                                m_displayFactor, m_fixedTicWidth);
 }

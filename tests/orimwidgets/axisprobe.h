@@ -62,6 +62,7 @@ public:
     using AxisBase::m_bgPen;
     using AxisBase::m_calcStart;
     using AxisBase::m_calcStop;
+    using AxisBase::m_dateFormatString;
     using AxisBase::m_defaultStart;
     using AxisBase::m_defaultStop;
     using AxisBase::m_deviceStart;
@@ -124,6 +125,7 @@ public:
     using AxisBase::m_ticOffset;
     using AxisBase::m_tics;
     using AxisBase::m_ticStep;
+    using AxisBase::m_timeFormat;
     using AxisBase::m_timeFormatString;
     using AxisBase::m_unitText;
     using AxisBase::m_unZoom;

@@ -165,19 +165,20 @@ void tst_axis_torture::everyPairOfNumbers()
     QFETCH(unsigned int, type);
     QuietAxis axis(type, 100, 100);
     axis.SetMaxPixBetweenTics(10);
+    int const mostTics = (type & AxisBase::AxisTimeStamps) != 0 ? 106'751'993 : 1000; // days fit into 64 bits
     for (double const a : m_specials)
         for (double const b : m_specials) {
             axis.SetDisplayFactor(1.0);
             axis.SetWrapValue(-1.0);
             Time([&] { axis.SetRange(a, b); });
-            QVERIFY(axis.m_ticCount <= 1000);
+            QVERIFY(axis.m_ticCount <= mostTics);
             Map(axis, a, b);
             Time([&] { axis.SetFixedRange(a, b, 10, 3, 3, b, a); });
             Map(axis, b, a);
             axis.SetDisplayFactor(a);
             axis.SetWrapValue(a);
             Time([&] { axis.SetRange(0.0, b); });
-            QVERIFY(axis.m_ticCount <= 1000);
+            QVERIFY(axis.m_ticCount <= mostTics);
             Map(axis, a, b);
             Time([&] {
                 axis.SetDefaultRange(a, b);
