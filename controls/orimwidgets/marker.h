@@ -343,6 +343,9 @@ public:
     void ClearInternals();
 
 protected:
+    //! Makes this the value, for a class whose position comes from elsewhere: nothing is written, told or drawn.
+    void StoreValue(double value) { m_value = value; }
+
     //! Shifts the value by one wrap period when it lies outside the wrap range. \param draw  repaint the list.
     void MoveIntoRangeAndDraw(bool draw);
 

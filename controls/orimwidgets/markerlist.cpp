@@ -3,7 +3,10 @@
 
 #include "guibase.h"
 #include "markerpair.h"
+#include "parkinglist.h"
 #include "qtcompat.h"
+#include "resultmarker.h"
+#include "resultmarkerlist.h"
 
 #include <QEvent>
 #include <QTimerEvent>
@@ -41,6 +44,7 @@ MarkerList::~MarkerList()
             marker->SetParent(nullptr); // what ends with this calls it no more
     for (int i = 0; i < MarkerCount; ++i)
         DeleteMarker(i);
+    m_pResultMarkerList.reset();
 }
 
 bool MarkerList::SetMarker_ValuePath(int index, QString const & path)
@@ -191,6 +195,42 @@ void MarkerList::RemoveResultMarker(int id) { DeleteMarker(id); }
 MarkerPair * MarkerList::AddMarkerPair(int x, int y)
 {
     return m_markerPairs.emplace_back(std::make_unique<MarkerPair>(GetMarker(x), GetMarker(y))).get();
+}
+
+ResultMarker * MarkerList::AddResultMarker(int id, bool show, IColorBase::ECOLOR color, bool moveable,
+                                           unsigned int special, QString const & name)
+{
+    if (id < 0 || id >= MarkerCount)
+        return nullptr;
+    if (isIndexValid(id))
+        return dynamic_cast<ResultMarker *>(GetMarker(id));
+    auto owned = std::make_unique<ResultMarker>();
+    ResultMarker * const marker = owned.get();
+    m_markers[static_cast<std::size_t>(id)] = std::move(owned);
+    Marker & base = *marker;
+    base.m_pOwner = this;
+    base.m_valuePath = name;
+    marker->SetParent(this);
+    marker->SetMarkerName(name);
+    QPointer<MarkerList> const self(this);
+    LifeWatch const life(marker->GetObserverLifetime());
+    marker->SetShowMarker(show, false);
+    if (!self || life.IsOver())
+        return nullptr;
+    marker->SetColor(color);
+    marker->SetMoveable(moveable);
+    marker->SetSpecial(special);
+    SetMustRecalcRulers(true);
+    return marker;
+}
+
+ResultMarkerList * MarkerList::CreateResultMarkerList(int id, bool show, IColorBase::ECOLOR color, bool moveable,
+                                                      unsigned int special, QString const & name)
+{
+    if (ResultMarkerList * const earlier = m_pResultMarkerList.release())
+        ParkingList::Park([earlier] { delete earlier; });
+    m_pResultMarkerList = std::make_unique<ResultMarkerList>(this, id, show, color, moveable, special, name);
+    return m_pResultMarkerList.get();
 }
 
 //! A marker that others delete leaves its entry and the lists of shown markers.

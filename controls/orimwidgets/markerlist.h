@@ -18,6 +18,8 @@
 #include <vector>
 
 class MarkerPair;
+class ResultMarker;
+class ResultMarkerList;
 
 //! Five numbers that an application keeps with a list of markers. Nothing here reads them.
 struct ORIMWIDGETS_EXPORT MoveRange
@@ -136,6 +138,24 @@ public:
     //! Reads two markers as one crossing point. The list owns the pair, to its end. An index without a marker gives the
     //! pair none on that side.
     MarkerPair * AddMarkerPair(int x, int y);
+
+    // Result markers
+
+    //! Makes a marker that shows a measurement result; the other lists hear of a show flag that is false. One that is
+    //! there already is left as it is. Call RebuildMarkerList() to have it drawn.
+    //! \param special  bits of EMarkerSpecial. \param name  the name, and the path that identifies it across lists.
+    //! \return null for an index outside 0 to 42, for one with a marker of another kind, and when somebody who heard of
+    //!         it deleted the marker.
+    ResultMarker * AddResultMarker(int id, bool show, IColorBase::ECOLOR color, bool moveable, unsigned int special,
+                                   QString const & name);
+    //! Makes the object that keeps result markers in step with a list of results; see there. One made earlier goes on
+    //! beside it, by itself.
+    //! \param id  of its first marker. \return owned by this list.
+    ResultMarkerList * CreateResultMarkerList(int id, bool show, IColorBase::ECOLOR color, bool moveable,
+                                              unsigned int special, QString const & name);
+
+    //! The one made last; null for none.
+    ResultMarkerList * GetResultMarkerList() const { return m_pResultMarkerList.get(); }
 
     // Markers that are drawn now
 
@@ -335,6 +355,7 @@ private:
     bool m_drawLastValue = false;
     int m_repairTimer = 0;
     int m_resizeTimer = 0;
+    std::unique_ptr<ResultMarkerList> m_pResultMarkerList;
     int m_resizeDelay = 250; // ms
     int m_repairDelay = 100; // ms
     bool m_resizePending = false;
