@@ -2,6 +2,7 @@
 #include "axisbase.h"
 
 #include "axistext.h"
+#include "clientwindow.h"
 #include "colorset.h"
 #include "datetime.h"
 #include "guibase.h"

@@ -24,6 +24,7 @@
 #include <memory>
 #include <vector>
 
+class ClientWindow;
 class QPainter;
 class SuffixedDouble;
 class VCScrollButtons;
@@ -371,6 +372,15 @@ public:
     //! Null unless a derived class made them.
     VCScrollButtons * GetScrollButtons() const;
 
+    // Client window: a marked stretch of the axis, along y on a vertical axis and else along x
+
+    //! Makes the window, once. \return owned by this axis.
+    ClientWindow * CreateClientWindow();
+    //! Bind a number as start or stop of the window, with the marker 16 or 17 as its border; make the window first.
+    //! \return whether there is a number at the path.
+    bool SetButtonStart_ValuePath(QString const & path);
+    bool SetButtonStop_ValuePath(QString const & path);
+
     void Update(Observable * subject, TChangeCode code) override;
     void RepairDrawing() override;
 
@@ -497,6 +507,7 @@ protected:
     QFont m_font;
     QFont m_fontLarger;
     QFont m_fontBold;
+    std::unique_ptr<ClientWindow> m_pClientWindow;
     QBrush m_bgBrush;
     QPen m_bgPen;
     QPen m_textPen;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "axisbase.h"
 
+#include "clientwindow.h"
 #include "datetime.h"
 #include "replayonbinding.h"
 #include "suffixeddouble.h"

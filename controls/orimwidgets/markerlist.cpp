@@ -44,6 +44,7 @@ MarkerList::~MarkerList()
             marker->SetParent(nullptr); // what ends with this calls it no more
     for (int i = 0; i < MarkerCount; ++i)
         DeleteMarker(i);
+    m_markerPairs.clear();
     m_pResultMarkerList.reset();
 }
 
