@@ -97,9 +97,12 @@ void ResortPopupMenu::slotSignalRouter(QAction * item)
         return;
     int const id = part->GetId();
     QPointer<ResortPopupMenu> const self(this);
+    ++m_telling;
     part->Activate();
     if (self)
         Q_EMIT signalActivated(id);
+    if (self)
+        --m_telling;
 }
 
 void ResortPopupMenu::showEvent(QShowEvent * event)

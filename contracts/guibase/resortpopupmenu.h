@@ -51,6 +51,10 @@ public:
     //! is left out.
     void NotifyBeforeShow(IUpdateMenu * client);
 
+    //! Whether receivers are being told of a chosen item. Whoever is told deletes the menu by deleteLater(): Qt still
+    //! works on it.
+    bool IsTelling() const { return m_telling > 0; }
+
 public Q_SLOTS:
     //! Hands a chosen item on: its receiver first, then signalActivated(). Null, foreign actions and the items of
     //! submenus are left alone. The receiver may delete the menu.
@@ -66,6 +70,7 @@ protected:
 
 private:
     std::vector<std::weak_ptr<IUpdateMenu *>> m_clients; // borrowed, may die first
+    int m_telling = 0;                                   // chosen items, one inside the other
 };
 
 #endif
