@@ -17,6 +17,7 @@
 
 #include <QPalette>
 #include <QResizeEvent>
+#include <QToolButton>
 
 #include <cmath>
 #include <utility>
@@ -329,6 +330,14 @@ void AxisBase::SetConverter(SuffixedDouble * converter)
 SuffixedDouble * AxisBase::GetConverter() const { return m_pConverter.get(); }
 
 VCScrollButtons * AxisBase::GetScrollButtons() const { return m_pScrollButtons.get(); }
+
+void AxisBase::setFocusProxy(QWidget * proxy)
+{
+    if (m_pScrollButtons)
+        for (QToolButton * const button : m_pScrollButtons->findChildren<QToolButton *>())
+            button->setFocusProxy(proxy);
+    MarkerList::setFocusProxy(proxy);
+}
 
 void AxisBase::SetUnitText(QString unit)
 {

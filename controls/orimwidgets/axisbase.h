@@ -2,8 +2,10 @@
 #ifndef ORIM_AXISBASE_H
 #define ORIM_AXISBASE_H
 
+#include "ihaspropertypage.h"
 #include "ihmap.h"
 #include "iunittextprovider.h"
+#include "iupdatemenu.h"
 #include "lifetime.h"
 #include "markerlist.h"
 #include "orimwidgets_export.h"
@@ -17,6 +19,7 @@
 #include <QFont>
 #include <QPen>
 #include <QPixmap>
+#include <QPointer>
 #include <QRect>
 #include <QString>
 
@@ -24,8 +27,11 @@
 #include <memory>
 #include <vector>
 
+class AxisPropertyPage;
 class ClientWindow;
+class QIcon;
 class QPainter;
+class ResortPopupMenu;
 class SuffixedDouble;
 class VCScrollButtons;
 class ValueSelection;
@@ -41,7 +47,12 @@ class DateTime;
 //! Values are in the axis unit, pixels in the widget. A range may run downward. No operation reports an error: a value
 //! without a pixel is -1, and what is divided by an empty range or by the extent of a single pixel is infinite or NaN.
 //! The axis may be deleted by whoever hears of what it does. For the GUI thread.
-class ORIMWIDGETS_EXPORT AxisBase : public MarkerList, public IHMap, public IHasHMap, public IUnitTextProvider
+class ORIMWIDGETS_EXPORT AxisBase : public MarkerList,
+                                    public IUpdateMenu,
+                                    public IHMap,
+                                    public IHasHMap,
+                                    public IHasPropertyPage,
+                                    public IUnitTextProvider
 {
     Q_OBJECT
     Q_PROPERTY(double Start READ Start WRITE SetStartValue)
@@ -329,6 +340,31 @@ public:
     //! An empty text; the argument is ignored.
     QString TimeString4Value(int value);
 
+    // Menu and settings page
+
+    //! Builds the context menu anew: the markers with eSpecialInMenu, the ranges to zoom to when zooming is enabled,
+    //! and the settings. A menu that is shown lives until it closes. To be called when such a marker was added.
+    void BuildMenu() override;
+    //! Brings the context menu up to date with the pane of the menu; without one it stays as it is.
+    //! \param menu  ignored.
+    void UpdateMenu(ResortPopupMenu * menu) override;
+    //! The menu of the drawn marker where the menu was asked for, built anew, when there is a pane of the menu; else
+    //! the general one.
+    ResortPopupMenu * GetContextMenu() override;
+    //! The list whose markers the menu shows and hides; null, as at the start, for none. Borrowed.
+    void SetMenuMarkerPane(MarkerList * pane);
+    //! Picture of a marker in the menu, 16 by 16. \param x  whether the marker lies along x.
+    static QPixmap GetAxisMenuPixmap(bool x, IColorBase::ECOLOR color);
+
+    //! Place of the page in the tree of pages; empty at the start.
+    void SetPropertyPagePath(QString const & path) { m_propertyPagePath = path; }
+
+    QString const & GetPropertyPagePath() override;
+    //! A new page with the range and its limits. It is disabled while zooming is.
+    //! \param parent  owns the page; may be null. \param name  object name; may be null.
+    //! \return null while pages are disabled, and with AxisNoPropertyPage.
+    QWidget * GetPropertyPage(QWidget * parent, char const * name) override;
+
     // Binding to values of the tree. Each operation lets go of the value before, and returns whether there is a value
     // of the right type at the path.
 
@@ -386,6 +422,8 @@ public:
 
     //! The widget less the offsets at left and right; top and bottom are those of the widget.
     virtual QRect innerRect() const;
+    //! Passes the proxy to the scroll buttons as well.
+    virtual void setFocusProxy(QWidget * proxy);
 
 Q_SIGNALS:
     //! The operator chose another range.
@@ -398,8 +436,21 @@ Q_SIGNALS:
     void redrawBars();
 
 public Q_SLOTS:
+    //! Takes over what stands on the page that was asked for last, when it was changed: automatic scaling, and the
+    //! range unless it is empty. The page then shows what the range became.
+    void slotAcceptPropertyChanges() override;
     //! Takes the colours anew, finds the tics and drops the picture.
     void slotRefreshPixmapNow();
+    //! Shows the settings in a modal dialog, and returns when that is closed. The axis may end meanwhile.
+    virtual void slotShowProperties();
+    //! Shows a marker of the pane of the menu when it is hidden, or hides it; all lists hear of it. One with
+    //! eSpecialPlaceOnShow is first moved to where the menu was asked for.
+    //! \param id  3000 and the index; anything else is ignored, as all is without a pane.
+    virtual void slotShowRuler(int id);
+    //! Shows or hides the result panel of a marker of the pane of the menu. \param id  4000 and the index, likewise.
+    virtual void slotShowRulerPanel(int id);
+    //! Hides all markers of this list; the other lists hear of it.
+    virtual void slotHideAllRuler();
 
 protected:
     //! Paints frame and ground, and the strip of bearing bands when the display asks for it. Does nothing without a
@@ -474,6 +525,7 @@ protected:
     double m_drawnStop = 0.0;
     int m_drawnHeight = 0;                            // px
     IObserver * m_pPrimaryVMappingDrawPane = nullptr; // borrowed
+    QPointer<MarkerList> m_pMenuMarkerPane;           // borrowed
     double m_defaultStart = -1.0;
     double m_defaultStop = -1.0;
     double m_deviceStart = -1.0;
@@ -520,6 +572,8 @@ protected:
     ValueNumeric<double> * m_pPixPerSecondValue = nullptr;
     double m_pixPerSecond = 0.0;
     QString m_unitText;
+    QPointer<AxisPropertyPage> m_pPropertyPage; // borrowed
+    QString m_propertyPagePath;
     ValueNumeric<double> * m_pOffset = nullptr; // either this or the next is bound
     ValueNumeric<int> * m_pOffset2 = nullptr;
     double m_offset = 0.0;
@@ -540,6 +594,7 @@ protected:
     int m_timeFormat = eTimeFormat11; // any number that was set
     int m_resultPanelPixel = -1;
     double m_resultPanelValue = 0.0;
+    QPointer<ResortPopupMenu> m_pSingleMarkerMenu; // child of the widget
     bool m_autoScaleCheckOnProperty = false;
     bool m_showUnit = true;
     std::vector<int> m_tics; // px, written by derived classes while they paint
@@ -603,10 +658,21 @@ private:
     void DeviceStopChanged();
     void TimeZoneChanged();
 
-    mutable PixelMap m_map;            // of the range and the inner rectangle last asked for
-    LifeWatch m_paneLife;              // of m_pPrimaryVMappingDrawPane
-    ValueBase * m_pObserved = nullptr; // borrowed, bound as force rebuild 3
-    LifeWatch m_observedLife;          // of m_pObserved
+    std::vector<int> MarkersInMenu() const;
+    void AddZoomItems(ResortPopupMenu & menu);
+    QIcon MarkerIcon(int index) const;
+    int MarkerUnderMenu() const;
+    ResortPopupMenu * BuildSingleMarkerMenu(int index);
+    bool IsShownInPane(int index) const;
+    int MarkerOfItem(int id, int first) const;
+    void ShowRangeOnPage();
+    void LeaveMenus();
+
+    mutable PixelMap m_map;                // of the range and the inner rectangle last asked for
+    QPointer<ResortPopupMenu> m_pAxisMenu; // of the last BuildMenu(); child of this
+    LifeWatch m_paneLife;                  // of m_pPrimaryVMappingDrawPane
+    ValueBase * m_pObserved = nullptr;     // borrowed, bound as force rebuild 3
+    LifeWatch m_observedLife;              // of m_pObserved
 };
 
 #endif

@@ -108,6 +108,7 @@ AxisBase::BoundField const * AxisBase::BoundField::Find(AxisBase const & axis, O
 
 AxisBase::~AxisBase()
 {
+    LeaveMenus();
     static constexpr auto fields = BoundField::Table();
     for (BoundField const & field : fields)
         if (ValueBase * const value = field.held(*this)) {

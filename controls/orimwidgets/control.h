@@ -78,6 +78,9 @@ public:
     static QString trUtf8(char const * text, char const * comment, int count);
 
 protected:
+    //! What EnablePropertyPage() was last given; true at the start.
+    bool IsPropertyPageEnabled() const { return m_propertyPageEnabled; }
+
     QPointer<QWidget> m_pPropertyPage; // borrowed; null at the start
 
 private:

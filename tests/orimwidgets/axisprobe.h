@@ -3,7 +3,9 @@
 #define ORIM_AXISPROBE_H
 
 #include "axisbase.h"
+#include "axispropertypage.h"
 #include "datetime.h"
+#include "resortpopupmenu.h"
 #include "suffixeddouble.h"
 #include "tree.h"
 #include "vcscrollbuttons.h"
@@ -90,21 +92,30 @@ public:
     using AxisBase::m_mouseMode;
     using AxisBase::m_offset;
     using AxisBase::m_offsetDrag;
+    using AxisBase::m_pAutoScale;
     using AxisBase::m_pCenter;
     using AxisBase::m_pConverter;
     using AxisBase::m_pDateTime;
+    using AxisBase::m_pDefaultStart;
+    using AxisBase::m_pDefaultStop;
+    using AxisBase::m_pDeviceStart;
+    using AxisBase::m_pDeviceStop;
     using AxisBase::m_pDisplayAzimuth;
     using AxisBase::m_pHalfWidth;
     using AxisBase::m_pixPerSecond;
+    using AxisBase::m_pMenuMarkerPane;
     using AxisBase::m_pOffset;
     using AxisBase::m_pOffset2;
     using AxisBase::m_pPixmap;
     using AxisBase::m_pPixmap2;
     using AxisBase::m_pPixPerSecondValue;
     using AxisBase::m_pPrimaryVMappingDrawPane;
+    using AxisBase::m_pPropertyPage;
     using AxisBase::m_pressPixel;
+    using AxisBase::m_propertyPagePath;
     using AxisBase::m_pScrollButtons;
     using AxisBase::m_pShadingColor;
+    using AxisBase::m_pSingleMarkerMenu;
     using AxisBase::m_pStart;
     using AxisBase::m_pStop;
     using AxisBase::m_pTimeZone;
@@ -151,7 +162,11 @@ public:
         AxisBase::RepairDrawing();
     }
 
-    void BuildMenu() override { ++m_menus; }
+    void BuildMenu() override
+    {
+        ++m_menus;
+        AxisBase::BuildMenu();
+    }
 
     void paintEvent(QPaintEvent * /*event*/) override { ++m_paints; }
 

@@ -117,6 +117,10 @@ void tst_axisbase::fieldsAtTheStart()
     AxisProbe const axis;
     QVERIFY(!axis.m_pUnitSelection && !axis.m_pConverter && !axis.m_pPixmap && !axis.m_pPixmap2);
     QVERIFY(!axis.m_pPrimaryVMappingDrawPane && !axis.m_pStart && !axis.m_pStop && !axis.m_pDisplayAzimuth);
+    QVERIFY(!axis.m_pCenter && !axis.m_pHalfWidth && !axis.m_pAutoScale && !axis.GetAutoScaleBoolean());
+    QVERIFY(!axis.m_pDefaultStart && !axis.m_pDefaultStop && !axis.m_pDeviceStart && !axis.m_pDeviceStop);
+    QVERIFY(!axis.m_pMenuMarkerPane && !axis.m_pSingleMarkerMenu && !axis.m_pPropertyPage);
+    QVERIFY(axis.m_propertyPagePath.isEmpty());
     QVERIFY(!axis.m_pPixPerSecondValue && !axis.m_pOffset && !axis.m_pOffset2 && !axis.m_pShadingColor);
     QVERIFY(!axis.m_pScrollButtons && !axis.GetScrollButtons() && !axis.m_pTimeZone && !axis.m_pDateTime);
     QCOMPARE(axis.m_fixedTicWidth, -1);
@@ -229,9 +233,21 @@ void tst_axisbase::timeAxis()
 void tst_axisbase::metaObject()
 {
     QMetaObject const & meta = AxisBase::staticMetaObject;
-    char const * const methods[] = { "Zoomed()",        "signalRangeChanged()",  "AxisRepainted()", "redrawBars()",
-                                     "ZoomToDefault()", "ZoomToBest()",          "ZoomToDevice()",  "ZoomToBegin()",
-                                     "UnZoom()",        "slotRefreshPixmapNow()" };
+    char const * const methods[] = { "Zoomed()",
+                                     "signalRangeChanged()",
+                                     "AxisRepainted()",
+                                     "redrawBars()",
+                                     "ZoomToDefault()",
+                                     "ZoomToBest()",
+                                     "ZoomToDevice()",
+                                     "ZoomToBegin()",
+                                     "UnZoom()",
+                                     "slotAcceptPropertyChanges()",
+                                     "slotRefreshPixmapNow()",
+                                     "slotShowProperties()",
+                                     "slotShowRuler(int)",
+                                     "slotShowRulerPanel(int)",
+                                     "slotHideAllRuler()" };
     int index = meta.methodOffset();
     for (char const * const method : methods)
         QCOMPARE(meta.method(index++).methodSignature(), QByteArray(method));
@@ -240,6 +256,7 @@ void tst_axisbase::metaObject()
     QCOMPARE(QByteArray(meta.property(meta.propertyOffset() + 1).name()), QByteArray("Stop"));
     QVERIFY((std::is_base_of<IHMap, AxisBase>::value && std::is_base_of<IHasHMap, AxisBase>::value));
     QVERIFY((std::is_base_of<IUnitTextProvider, AxisBase>::value && std::is_base_of<MarkerList, AxisBase>::value));
+    QVERIFY((std::is_base_of<IUpdateMenu, AxisBase>::value && std::is_base_of<IHasPropertyPage, AxisBase>::value));
     QVERIFY((std::is_base_of<UndoRecordingControlBase, AxisBase>::value && !std::is_abstract<AxisBase>::value));
 }
 
@@ -265,6 +282,11 @@ void tst_axisbase::virtualOperationsKeepTheirOrder()
                                PlaceOf(&AxisBase::SetStopValue),
                                PlaceOf(&AxisBase::GetStop),
                                PlaceOf(&AxisBase::innerRect),
+                               PlaceOf(&AxisBase::setFocusProxy),
+                               PlaceOf(&AxisBase::slotShowProperties),
+                               PlaceOf(&AxisBase::slotShowRuler),
+                               PlaceOf(&AxisBase::slotShowRulerPanel),
+                               PlaceOf(&AxisBase::slotHideAllRuler),
                                Places::OfBackground(),
                                PlaceOf(&AxisBase::RebuildSections),
                                PlaceOf(&AxisBase::DistanceToPixel) };
@@ -284,6 +306,7 @@ void tst_axisbase::interfacesKeepTheirOrder()
     QCOMPARE(PlaceOf(&IHMap::GetXUnitsForPixel), 5);
     QCOMPARE(PlaceOf(&IHMap::GetSectionCnt), 6);
     QCOMPARE(PlaceOf(&IHasHMap::HMap), 2); // 0 and 1 are the destructor's
+    QCOMPARE(PlaceOf(&IUpdateMenu::UpdateMenu), 2);
     QCOMPARE(PlaceOf(&IUnitTextProvider::SetUnitText), 0);
     QCOMPARE(PlaceOf(&IUnitTextProvider::GetUnitText), 1);
     QCOMPARE(PlaceOf(&IUnitTextProvider::GetPropertyPageUnitText), 2);
