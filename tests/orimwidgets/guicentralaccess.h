@@ -5,6 +5,8 @@
 #include "guicentral.h"
 #include "operations.h"
 
+#include <array>
+
 //! A central object of a test's own, and a look inside any.
 class GuiCentralAccess : public GuiCentral
 {
@@ -22,6 +24,14 @@ public:
     static std::list<std::unique_ptr<BoolSelectionCoupler>> & SelectionCouplers(GuiCentral & central)
     {
         return central.m_selectionCouplers;
+    }
+
+    //! The counters of unique values and names, in the order of their declaration.
+    static std::array<int *, 8> Counts(GuiCentral & central)
+    {
+        return { &central.m_uniqueBoolCount,   &central.m_uniqueCharCount,  &central.m_uniqueFloatCount,
+                 &central.m_uniqueIntCount,    &central.m_uniqueInt64Count, &central.m_uniqueSelectionCount,
+                 &central.m_uniqueStringCount, &central.m_uniqueNameCount };
     }
 
     static std::map<VC::ID, QString> & ValuePaths(GuiCentral & central) { return central.m_valuePaths; }

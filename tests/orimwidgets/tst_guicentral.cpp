@@ -4,6 +4,7 @@
 #include "colorset.h"
 #include "guibase.h"
 #include "guicentralaccess.h"
+#include "ownstore.h"
 #include "testmain.h"
 #include "translationcenter.h"
 #include "tree.h"
@@ -176,21 +177,12 @@ private Q_SLOTS:
     void destructorTerminates();
 
 private:
-    ListeningCfg m_store;
-    ICfg * m_pStoreBefore = nullptr;
+    OwnStore<ListeningCfg> m_store;
 };
 
 void tst_GuiCentral::init()
 {
-    GuiCentral::Instance(); // reads and keeps to the store of the test stage
-    m_pStoreBefore = Persistant::Store();
-    m_store.m_texts.clear();
-    m_store.m_reads.clear();
-    m_store.m_writes.clear();
-    m_store.m_onWrite = nullptr;
-    m_store.m_flushes = 0;
-    m_store.m_lasts = true;
-    Persistant::SetStore(&m_store);
+    m_store.Begin();
     Gui().SetApplication(qApp);
 }
 
@@ -198,7 +190,7 @@ void tst_GuiCentral::cleanup()
 {
     Gui().SetApplication(nullptr);
     Tree::Instance()->RemoveFolder(QStringLiteral("/central"));
-    Persistant::SetStore(m_pStoreBefore);
+    m_store.End();
 }
 
 void tst_GuiCentral::oneInstance()
@@ -378,19 +370,19 @@ void tst_GuiCentral::ownState()
 void tst_GuiCentral::constructorReadsInOrder()
 {
     GuiCentralAccess const central;
-    QCOMPARE(m_store.m_reads, Keys());
-    QCOMPARE(m_store.m_writes, QStringList());
+    QCOMPARE(m_store->m_reads, Keys());
+    QCOMPARE(m_store->m_writes, QStringList());
 }
 
 void tst_GuiCentral::constructorRaisesOnceBeforeAndOnceAfterReading()
 {
-    m_store.m_texts[QStringLiteral("GuiCentral/ColorSetA")] = QStringLiteral("3");
+    m_store->m_texts[QStringLiteral("GuiCentral/ColorSetA")] = QStringLiteral("3");
     QList<int> azimuthSets;
     QList<int> reads;
     QObject context;
     connect(&Gui(), &GuiBase::signalColorsChanged, &context, [&] {
         azimuthSets << GuiCentral::Instance().GetColorSetIdForRoleId(1);
-        reads << static_cast<int>(m_store.m_reads.size());
+        reads << static_cast<int>(m_store->m_reads.size());
     });
     GuiCentralAccess const central;
     QCOMPARE(azimuthSets, QList<int>({ 9, 3 }));
@@ -445,11 +437,11 @@ void tst_GuiCentral::beforeWriteDoesNothing()
 {
     GuiCentralAccess central;
     QSignalSpy const changed(&Gui(), &GuiBase::signalColorsChanged);
-    QStringList const reads = m_store.m_reads;
+    QStringList const reads = m_store->m_reads;
     central.ApplyPersistantBeforeWrite();
     QCOMPARE(changed.count(), 0);
-    QCOMPARE(m_store.m_reads, reads);
-    QCOMPARE(m_store.m_writes, QStringList());
+    QCOMPARE(m_store->m_reads, reads);
+    QCOMPARE(m_store->m_writes, QStringList());
 }
 
 void tst_GuiCentral::afterReadTellsOfColors()
@@ -473,7 +465,7 @@ void tst_GuiCentral::restoresDefaultOnSignal()
     QCOMPARE(central.GetColorSetIdForRoleId(1), 9);
     QCOMPARE(central.GetWaterfallColorSets()[2].GetString(), line);
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(m_store.m_writes, QStringList());
+    QCOMPARE(m_store->m_writes, QStringList());
 }
 
 void tst_GuiCentral::restoreDefaultIsVirtual()
@@ -635,9 +627,9 @@ void tst_GuiCentral::terminationWrites()
     GuiCentralAccess central;
     GuiCentralAccess::Roles(central)[1] = 4;
     central.aboutToTerminate();
-    QCOMPARE(m_store.m_writes, Keys());
-    QCOMPARE(m_store.m_flushes, 1);
-    QCOMPARE(m_store.m_texts.value(QStringLiteral("GuiCentral/ColorSetA")), QStringLiteral("4"));
+    QCOMPARE(m_store->m_writes, Keys());
+    QCOMPARE(m_store->m_flushes, 1);
+    QCOMPARE(m_store->m_texts.value(QStringLiteral("GuiCentral/ColorSetA")), QStringLiteral("4"));
     QVERIFY(!GuiCentralAccess::Group(central));
 }
 
@@ -649,9 +641,9 @@ void tst_GuiCentral::terminationWritesFirst()
     GuiCentralAccess::BoolOperations(central)[Path("result")] =
         std::make_unique<BoolOperation>(Path("result"), Path("source"), 1, BoolOperation::eEqual);
     std::size_t operations = 0;
-    m_store.m_onWrite = [&] { operations = GuiCentralAccess::BoolOperations(central).size(); };
+    m_store->m_onWrite = [&] { operations = GuiCentralAccess::BoolOperations(central).size(); };
     central.aboutToTerminate();
-    m_store.m_onWrite = nullptr;
+    m_store->m_onWrite = nullptr;
     QCOMPARE(operations, std::size_t(1));
 }
 
@@ -659,27 +651,27 @@ void tst_GuiCentral::secondTerminationWritesNothing()
 {
     GuiCentralAccess central;
     central.aboutToTerminate();
-    m_store.m_writes.clear();
+    m_store->m_writes.clear();
     central.aboutToTerminate();
-    QCOMPARE(m_store.m_writes, QStringList());
-    QCOMPARE(m_store.m_flushes, 1);
+    QCOMPARE(m_store->m_writes, QStringList());
+    QCOMPARE(m_store->m_flushes, 1);
 }
 
 void tst_GuiCentral::terminationInsideItsOwnWrite()
 {
     GuiCentralAccess central;
-    m_store.m_onWrite = [&] { central.aboutToTerminate(); };
+    m_store->m_onWrite = [&] { central.aboutToTerminate(); };
     central.aboutToTerminate();
-    m_store.m_onWrite = nullptr;
-    QCOMPARE(m_store.m_writes, Keys());
+    m_store->m_onWrite = nullptr;
+    QCOMPARE(m_store->m_writes, Keys());
 }
 
 void tst_GuiCentral::terminationOfAFailingStore()
 {
     GuiCentralAccess central;
-    m_store.m_lasts = false;
+    m_store->m_lasts = false;
     central.aboutToTerminate();
-    QCOMPARE(m_store.m_flushes, 1);
+    QCOMPARE(m_store->m_flushes, 1);
     QVERIFY(!GuiCentralAccess::Group(central));
 }
 
@@ -729,7 +721,7 @@ void tst_GuiCentral::terminationByTheApplication()
 {
     GuiCentralAccess central;
     IAbstractTerminationTarget::TerminateAll();
-    QCOMPARE(m_store.m_writes.mid(0, 11), Keys()); // the youngest is told first
+    QCOMPARE(m_store->m_writes.mid(0, 11), Keys()); // the youngest is told first
     QVERIFY(!GuiCentralAccess::Group(central));
     QVERIFY(!GuiCentralAccess::Group(GuiCentral::Instance()));
 }
@@ -754,9 +746,9 @@ void tst_GuiCentral::destructorTerminates()
         GuiCentralAccess central;
         GuiCentralAccess::NumericOperations(central).push_back(
             std::make_unique<NumericOperation>(Path("sum"), Path("source"), 1.0, NumericOperation::eAdd));
-        QCOMPARE(m_store.m_writes, QStringList());
+        QCOMPARE(m_store->m_writes, QStringList());
     }
-    QCOMPARE(m_store.m_writes, Keys());
+    QCOMPARE(m_store->m_writes, Keys());
     QCOMPARE(source->GetObserverCount(), 0);
 }
 

@@ -3,7 +3,7 @@
 
 #include "guibase.h"
 #include "guicentralaccess.h"
-#include "memorycfg.h"
+#include "ownstore.h"
 #include "testmain.h"
 
 #include <QDialog>
@@ -99,21 +99,15 @@ private Q_SLOTS:
     void plainDialogStaysOpen();
 
 private:
-    MemoryCfg m_store;
-    ICfg * m_pStoreBefore = nullptr;
+    OwnStore<> m_store;
 };
 
-void tst_GuiCentralClosing::init()
-{
-    GuiCentral::Instance(); // reads and keeps to the store of the test stage
-    m_pStoreBefore = Persistant::Store();
-    Persistant::SetStore(&m_store);
-}
+void tst_GuiCentralClosing::init() { m_store.Begin(); }
 
 void tst_GuiCentralClosing::cleanup()
 {
     GuiBase::Instance().SetApplication(nullptr);
-    Persistant::SetStore(m_pStoreBefore);
+    m_store.End();
 }
 
 void tst_GuiCentralClosing::eventFilterAnswers_data()

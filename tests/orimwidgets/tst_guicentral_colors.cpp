@@ -4,7 +4,7 @@
 #include "colorset.h"
 #include "guibase.h"
 #include "guicentralaccess.h"
-#include "memorycfg.h"
+#include "ownstore.h"
 #include "testmain.h"
 #include "toldcolorsets.h"
 
@@ -99,22 +99,12 @@ private Q_SLOTS:
     void restoreByAnEmptySetOfNoOneElse();
 
 private:
-    MemoryCfg m_store;
-    ICfg * m_pStoreBefore = nullptr;
+    OwnStore<> m_store;
 };
 
-void tst_GuiCentralColors::init()
-{
-    GuiCentral::Instance();
-    m_pStoreBefore = Persistant::Store();
-    m_store.Clear();
-    Persistant::SetStore(&m_store);
-    ColorSet::Instance().Load(0);
-    ColorSet::Instance().slotRestoreFactoryColors();
-    m_store.Clear();
-}
+void tst_GuiCentralColors::init() { m_store.BeginWithFactoryColors(); }
 
-void tst_GuiCentralColors::cleanup() { Persistant::SetStore(m_pStoreBefore); }
+void tst_GuiCentralColors::cleanup() { m_store.End(); }
 
 void tst_GuiCentralColors::factorySets_data()
 {
@@ -304,7 +294,7 @@ void tst_GuiCentralColors::storedRole()
 {
     QFETCH(int, role);
     QFETCH(QString, key);
-    m_store.WriteString(key, QStringLiteral("13"));
+    m_store->WriteString(key, QStringLiteral("13"));
     GuiCentralAccess const central;
     for (Role const & other : ToldRoles)
         QCOMPARE(central.GetColorSetIdForRoleId(static_cast<unsigned int>(other.role)),
@@ -323,7 +313,7 @@ void tst_GuiCentralColors::storedRoleOutside_data()
 void tst_GuiCentralColors::storedRoleOutside()
 {
     QFETCH(int, stored);
-    m_store.WriteString(QStringLiteral("GuiCentral/ColorSetDifferenceMode"), QString::number(stored));
+    m_store->WriteString(QStringLiteral("GuiCentral/ColorSetDifferenceMode"), QString::number(stored));
     GuiCentralAccess central;
     QCOMPARE(central.GetColorSetIdForRoleId(7), stored);                                            // as read
     QCOMPARE(central.GetShadingRGB(0.0, VC::eShadingDifference, 0.0, 1.0, false), qRgb(255, 0, 0)); // of set 0
@@ -332,13 +322,13 @@ void tst_GuiCentralColors::storedRoleOutside()
     central.GetWaterfallColorSets()[0].SetFixed(true);
     QVERIFY(central.isColorSetFixed(VC::eShadingDifference));
     central.aboutToTerminate();
-    QCOMPARE(m_store.ReadString(QStringLiteral("GuiCentral/ColorSetDifferenceMode"), QString()),
+    QCOMPARE(m_store->ReadString(QStringLiteral("GuiCentral/ColorSetDifferenceMode"), QString()),
              QString::number(stored));
 }
 
 void tst_GuiCentralColors::storedRoleThatIsNoNumber()
 {
-    m_store.WriteString(QStringLiteral("GuiCentral/ColorSetA"), QStringLiteral("rainbow"));
+    m_store->WriteString(QStringLiteral("GuiCentral/ColorSetA"), QStringLiteral("rainbow"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"rainbow\" of \"ColorSetA\"")));
     GuiCentralAccess const central;
     QCOMPARE(central.GetColorSetIdForRoleId(1), 9);
@@ -356,7 +346,7 @@ void tst_GuiCentralColors::storedUserSet()
 {
     QFETCH(int, index);
     QString const line = QStringLiteral("V02;2;0;1;-5;5;1;1;1;#010203;#040506;#070809;");
-    m_store.WriteString(QStringLiteral("GuiCentral/UserColor%1").arg(index), line);
+    m_store->WriteString(QStringLiteral("GuiCentral/UserColor%1").arg(index), line);
     GuiCentralAccess central;
     for (int i = 0; i < 3; ++i) {
         ShadingColorSet const & set = central.GetWaterfallColorSets()[static_cast<std::size_t>(i)];
@@ -368,8 +358,8 @@ void tst_GuiCentralColors::storedUserSet()
 
 void tst_GuiCentralColors::storedFixedSetsAreNotRead()
 {
-    m_store.WriteString(QStringLiteral("GuiCentral/UserColor3"),
-                        QStringLiteral("V02;1;0;0;0;1;0;0;0;#000000;#010203;"));
+    m_store->WriteString(QStringLiteral("GuiCentral/UserColor3"),
+                         QStringLiteral("V02;1;0;0;0;1;0;0;0;#000000;#010203;"));
     GuiCentralAccess central;
     QCOMPARE(central.GetWaterfallColorSets()[3].GetString(), Line(ToldSets[3]));
 }
@@ -385,7 +375,7 @@ void tst_GuiCentralColors::writtenKeys()
     keys << QStringLiteral("GuiCentral/UserColor0") << QStringLiteral("GuiCentral/UserColor1")
          << QStringLiteral("GuiCentral/UserColor2");
     keys.sort();
-    QCOMPARE(m_store.GetKeys(), keys);
+    QCOMPARE(m_store->GetKeys(), keys);
 }
 
 void tst_GuiCentralColors::writtenRole_data() { storedRole_data(); }
@@ -397,7 +387,7 @@ void tst_GuiCentralColors::writtenRole()
     GuiCentralAccess central;
     GuiCentralAccess::Roles(central)[static_cast<std::size_t>(role)] = 13;
     central.aboutToTerminate();
-    QCOMPARE(m_store.ReadString(key, QString()), QStringLiteral("13"));
+    QCOMPARE(m_store->ReadString(key, QString()), QStringLiteral("13"));
 }
 
 void tst_GuiCentralColors::writtenUserSet_data() { storedUserSet_data(); }
@@ -410,7 +400,7 @@ void tst_GuiCentralColors::writtenUserSet()
     set.SetColorNr(1, QColor(1, 2, 3));
     set.SetOffset(4.5);
     central.aboutToTerminate();
-    QString const line = m_store.ReadString(QStringLiteral("GuiCentral/UserColor%1").arg(index), QString());
+    QString const line = m_store->ReadString(QStringLiteral("GuiCentral/UserColor%1").arg(index), QString());
     QCOMPARE(line, set.GetString());
     QVERIFY(line.contains(QLatin1String("#010203")));
 }
@@ -436,7 +426,7 @@ void tst_GuiCentralColors::defaultOfEachRole()
     QFETCH(int, set);
     for (Role const & told : ToldRoles)
         if (told.key)
-            m_store.WriteString(QStringLiteral("GuiCentral/") + QLatin1String(told.key), QStringLiteral("2"));
+            m_store->WriteString(QStringLiteral("GuiCentral/") + QLatin1String(told.key), QStringLiteral("2"));
     GuiCentralAccess central;
     auto const place = static_cast<unsigned int>(role);
     QCOMPARE(central.GetColorSetIdForRoleId(place), role < 8 ? 2 : set);
@@ -450,8 +440,8 @@ void tst_GuiCentralColors::defaultOfEachUserSet_data() { storedUserSet_data(); }
 void tst_GuiCentralColors::defaultOfEachUserSet()
 {
     QFETCH(int, index);
-    m_store.WriteString(QStringLiteral("GuiCentral/UserColor%1").arg(index),
-                        QStringLiteral("V02;1;0;0;0;1;0;0;0;#000000;#010203;"));
+    m_store->WriteString(QStringLiteral("GuiCentral/UserColor%1").arg(index),
+                         QStringLiteral("V02;1;0;0;0;1;0;0;0;#000000;#010203;"));
     GuiCentralAccess central;
     ShadingColorSet const & set = central.GetWaterfallColorSets()[static_cast<std::size_t>(index)];
     QVERIFY(set.GetString() != Line(ToldSets[index]));
@@ -556,8 +546,8 @@ void tst_GuiCentralColors::writesAListOfAnotherLength()
     sets.resize(static_cast<std::size_t>(size));
     sets[1].SetColorNr(0, QColor(1, 2, 3));
     central.aboutToTerminate();
-    QCOMPARE(m_store.ReadString(QStringLiteral("GuiCentral/UserColor1"), QString()), sets[1].GetString());
-    QCOMPARE(m_store.GetKeys().contains(QStringLiteral("GuiCentral/UserColor2")), isWritten);
+    QCOMPARE(m_store->ReadString(QStringLiteral("GuiCentral/UserColor1"), QString()), sets[1].GetString());
+    QCOMPARE(m_store->GetKeys().contains(QStringLiteral("GuiCentral/UserColor2")), isWritten);
 }
 
 void tst_GuiCentralColors::restoreKeepsThePlaceOfSets()
@@ -604,7 +594,7 @@ void tst_GuiCentralColors::restoreWritesNoColorsOfItsOwn()
 {
     GuiCentralAccess central;
     central.slotRestoreFactoryColors();
-    for (QString const & key : m_store.GetKeys())
+    for (QString const & key : m_store->GetKeys())
         QVERIFY2(!key.startsWith(QLatin1String("GuiCentral/")), qPrintable(key));
 }
 

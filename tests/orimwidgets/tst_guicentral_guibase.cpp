@@ -4,7 +4,7 @@
 #include "guibase.h"
 #include "guicentralaccess.h"
 #include "hotkeysctrl.h"
-#include "memorycfg.h"
+#include "ownstore.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valueselection.h"
@@ -70,15 +70,12 @@ private Q_SLOTS:
     void noHotKeyOfItsOwn();
 
 private:
-    MemoryCfg m_store;
-    ICfg * m_pStoreBefore = nullptr;
+    OwnStore<> m_store;
 };
 
 void tst_GuiCentralGuiBase::init()
 {
-    m_pStoreBefore = Persistant::Store();
-    m_store.Clear();
-    Persistant::SetStore(&m_store);
+    m_store.Begin();
     Gui().SetApplication(qApp);
 }
 
@@ -89,7 +86,7 @@ void tst_GuiCentralGuiBase::cleanup()
     Gui().SetMainWidget(nullptr);
     Gui().SetFontFamily(QString());
     Gui().SetWFontFamily(QString());
-    Persistant::SetStore(m_pStoreBefore);
+    m_store.End();
 }
 
 namespace {

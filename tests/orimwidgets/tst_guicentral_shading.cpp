@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "guicentral.h"
 
-#include "colorset.h"
 #include "guicentralaccess.h"
-#include "memorycfg.h"
+#include "ownstore.h"
 #include "testmain.h"
 #include "toldcolorsets.h"
 
@@ -60,22 +59,12 @@ private Q_SLOTS:
     void mask();
 
 private:
-    MemoryCfg m_store;
-    ICfg * m_pStoreBefore = nullptr;
+    OwnStore<> m_store;
 };
 
-void tst_GuiCentralShading::init()
-{
-    GuiCentral::Instance();
-    m_pStoreBefore = Persistant::Store();
-    m_store.Clear();
-    Persistant::SetStore(&m_store);
-    ColorSet::Instance().Load(0);
-    ColorSet::Instance().slotRestoreFactoryColors();
-    m_store.Clear();
-}
+void tst_GuiCentralShading::init() { m_store.BeginWithFactoryColors(); }
 
-void tst_GuiCentralShading::cleanup() { Persistant::SetStore(m_pStoreBefore); }
+void tst_GuiCentralShading::cleanup() { m_store.End(); }
 
 void tst_GuiCentralShading::shading_data()
 {
