@@ -23,7 +23,7 @@ namespace {
 
 constexpr int EditWidth = 180; // px, of edits and selector
 
-//! Combo box that is too narrow for its texts: it leaves out their middle, shows the whole one as tool tip, and opens
+//! Combo box that is too narrow for its texts: it leaves words out, shows the whole one as tool tip, and opens
 //! as wide as they are.
 class ModeSelector : public VCComboBoxClassic
 {
@@ -51,11 +51,22 @@ protected:
         QStyleOptionComboBox option;
         initStyleOption(&option);
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
-        int const room =
-            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
-        int const margin = 2 * fontMetrics().horizontalAdvance(QLatin1Char(' '));
-        option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideMiddle, room - margin);
+        QRect const field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        option.currentText = Shortened(option.currentText, field.width() - 2); // the label has a margin of a pixel
         painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+
+private:
+    //! A text that fits into \a room px. What is left out stands before the last word, which tells the modes apart.
+    QString Shortened(QString const & text, int room) const
+    {
+        QFontMetrics const metrics = fontMetrics();
+        if (metrics.horizontalAdvance(text) <= room)
+            return text;
+        QString const lastWord = text.mid(text.lastIndexOf(QLatin1Char(' ')));
+        return metrics.elidedText(text.chopped(lastWord.size()), Qt::ElideRight,
+                                  room - metrics.horizontalAdvance(lastWord)) +
+               lastWord;
     }
 };
 

@@ -2,6 +2,52 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>AxisPropertyPage</name>
+    <message>
+        <source>Automatic Scaling</source>
+        <translation>Automatische Skalierung</translation>
+    </message>
+    <message>
+        <source>Azimuth Display Range:</source>
+        <translation>Darstellung des Azimuts:</translation>
+    </message>
+    <message>
+        <source>Display values from (min)</source>
+        <translation>Werte darstellen von (Min.)</translation>
+    </message>
+    <message>
+        <source>Enter Absolute Values here:</source>
+        <translation>Absolute Werte hier eingeben:</translation>
+    </message>
+    <message>
+        <source>to (max)</source>
+        <translation>bis (Max.)</translation>
+    </message>
+</context>
+<context>
+    <name>AzimuthDisplaySelect</name>
+    <message>
+        <source>Absolute Values -180°..180°</source>
+        <translation>Absolute Werte -180°..180°</translation>
+    </message>
+    <message>
+        <source>Absolute Values 0°..360°</source>
+        <translation>Absolute Werte 0°..360°</translation>
+    </message>
+    <message>
+        <source>Azimuth selector</source>
+        <translation>Azimut-Auswahl</translation>
+    </message>
+    <message>
+        <source>Relative to Vehicle Axis -180°..180°</source>
+        <translation>Relativ zur Fahrzeugachse -180°..180°</translation>
+    </message>
+    <message>
+        <source>Relative to Vehicle Axis 0°..360°</source>
+        <translation>Relativ zur Fahrzeugachse 0°..360°</translation>
+    </message>
+</context>
+<context>
     <name>GuiCentral</name>
     <message>
         <source>Rainbow</source>
