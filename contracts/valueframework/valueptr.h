@@ -18,6 +18,7 @@ public:
     //! A copy holds the same value and observes it itself.
     ValuePtr(ValuePtr const & other) : IObserver(other) { Hold(other.m_pValue); }
 
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): Replace() does nothing for the value held
     ValuePtr & operator=(ValuePtr const & other)
     {
         Replace(other.m_pValue);
