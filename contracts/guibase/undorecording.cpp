@@ -64,6 +64,13 @@ ValueBase * FindValue(ValueChange const & change)
     return value && value->GetType() == change.type ? value : nullptr;
 }
 
+//! What the operator reads of a change without a description.
+QString TextOf(ValueChange const & change)
+{
+    QString const name = change.path.section(QLatin1Char('/'), -1);
+    return QCoreApplication::translate("GuiUndoRecordingHelper", "Change of %1").arg(name);
+}
+
 //! Collects what the values held before their first change while a helper lives.
 class Recording : public IValueRecorder
 {
@@ -169,7 +176,7 @@ void Recording::Push(std::vector<ValueChange> changes, QString const & text)
     changes.erase(std::remove_if(changes.begin(), changes.end(), isBack), changes.end());
     if (changes.empty())
         return;
-    QString const shown = text.isEmpty() ? QCoreApplication::translate("GuiUndoRecordingHelper", "Change") : text;
+    QString const shown = text.isEmpty() ? TextOf(changes.front()) : text;
     GuiBase::Instance().UndoStack()->push(new ValueCommand(std::move(changes), shown));
 }
 

@@ -31,8 +31,7 @@ class ORIMCONTRACTS_EXPORT GuiUndoRecordingHelper
 public:
     //! \param control  who changes; only looked at here, for its GetUndoText(). May be null.
     //! \param text     description of the change. When it is empty, that of the control counts, then that of an inner
-    //! helper,
-    //!                 then "Change".
+    //!                 helper, then "Change of " and the name of the value that changed first.
     GuiUndoRecordingHelper(UndoRecordingControlBase const * control, QString const & text);
     GuiUndoRecordingHelper(GuiUndoRecordingHelper const &) = delete;
     GuiUndoRecordingHelper & operator=(GuiUndoRecordingHelper const &) = delete;

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void nestedFoldsIntoTheOutermost();
     void text_data();
     void text();
+    void textNamesWhatChangedFirst();
     void observersHearTheUndo();
     void excludedObserverOfTheChangeHearsTheUndo();
     void valueThatHasGoneIsSkipped();
@@ -385,7 +386,7 @@ void tst_UndoRecording::text_data()
     QTest::newRow("else that of the pane") << "" << true << "inner" << true << "Pane";
     QTest::newRow("else that of the inner helper") << "" << false << "inner" << true << "inner";
     QTest::newRow("else that of its pane") << "" << false << "" << true << "Pane";
-    QTest::newRow("else a word") << "" << false << "" << false << "Change";
+    QTest::newRow("else the name of the value") << "" << false << "" << false << "Change of a";
 }
 
 void tst_UndoRecording::text()
@@ -407,6 +408,21 @@ void tst_UndoRecording::text()
         value->SetValue(2.0, nullptr);
     }
     QCOMPARE(Stack().text(1), QStringLiteral("next")); // no text is left over
+}
+
+void tst_UndoRecording::textNamesWhatChangedFirst()
+{
+    auto * const back = MakeNumber("back");
+    auto * const second = MakeNumber("second");
+    auto * const third = MakeNumber("third");
+    {
+        GuiUndoRecordingHelper const helper(nullptr, QString());
+        back->SetValue(1.0, nullptr);
+        second->SetValue(1.0, nullptr);
+        third->SetValue(1.0, nullptr);
+        back->SetValue(0.0, nullptr);
+    }
+    QCOMPARE(Stack().text(0), QStringLiteral("Change of second"));
 }
 
 void tst_UndoRecording::observersHearTheUndo()
