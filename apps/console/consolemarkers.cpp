@@ -33,7 +33,7 @@ constexpr std::array<MarkerRow, 3> MarkerRows{ {
 
 constexpr double Apart = 0.02; // of the span: two markers are placed at least as far from each other
 
-bool IsLevel(MarkerRow const & row) { return row.special == eSpecialY; }
+bool IsLevel(MarkerRow const & row) { return (row.special & eSpecialY) != 0; }
 
 } // namespace
 
@@ -70,10 +70,11 @@ void ConsoleMarkers::AddTo(MarkerList & list, bool levels)
     for (MarkerRow const & row : MarkerRows) {
         if (IsLevel(row) != levels)
             continue;
-        list.AddMarker(row.id, false, row.color, true, row.special, tr(row.name));
+        list.AddMarker(row.id, false, row.color, true, row.special | eSpecialInMenu, tr(row.name));
         list.SetMarker_ValuePath(row.id, QLatin1String(row.path));
         list.SetGapMarkerId(row.id, row.gap);
     }
+    list.BuildMenu();
 }
 
 void ConsoleMarkers::Show(std::size_t row, bool on)

@@ -25,11 +25,15 @@ struct NumberRow
     double start;
 };
 
-constexpr std::array<NumberRow, 12> NumberRows{ {
+constexpr std::array<NumberRow, 16> NumberRows{ {
     { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
     { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
     { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },
     { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::BandStart, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::BandStop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::DeviceStart, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::DeviceStop, -1e12, 1e12, 0.0, 0.5 },
     { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },
     { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
     { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },
@@ -165,6 +169,7 @@ void ConsoleValues::SetBand(FrequencyRange band)
     LimitCentre();
     LimitToBand();
     TellEnds();
+    TellBand();
 }
 
 void ConsoleValues::SetLevels(double min, double max)
@@ -259,6 +264,17 @@ void ConsoleValues::TellEnds()
     Set(ConsolePaths::Start, start);
     if (!upward)
         Set(ConsolePaths::Stop, stop);
+}
+
+//! Axes take a range over when its stop moves: it moves in any case, and last.
+void ConsoleValues::TellBand()
+{
+    Set(ConsolePaths::BandStart, m_band.start);
+    Set(ConsolePaths::BandStop, m_band.start);
+    Set(ConsolePaths::BandStop, m_band.start + m_band.span);
+    Set(ConsolePaths::DeviceStart, m_band.start);
+    Set(ConsolePaths::DeviceStop, m_band.start);
+    Set(ConsolePaths::DeviceStop, m_band.start + m_band.span);
 }
 
 void ConsoleValues::TakeEnds(bool startMoved)

@@ -17,14 +17,19 @@ constexpr char const * Centre = "/console/centre";       // Hz, middle of what t
 constexpr char const * Span = "/console/span";           // Hz, width of what the panes show
 constexpr char const * Start = "/console/start";         // Hz, lower end of what the panes show
 constexpr char const * Stop = "/console/stop";           // Hz, upper end
-constexpr char const * LevelMin = "/console/levelMin";   // dBFS
-constexpr char const * LevelMax = "/console/levelMax";   // dBFS
-constexpr char const * LineRate = "/console/lineRate";   // lines a second
-constexpr char const * Speed = "/console/speed";         // times real time
-constexpr char const * Averaging = "/console/averaging"; // spectra a line, 0: as many as cover its time
-constexpr char const * Bins = "/console/bins";           // selection, the key is the number of levels of a line
-constexpr char const * Window = "/console/window";       // selection, the key is a SpectrumEngine::Window
-constexpr char const * Gradient = "/console/gradient";   // selection, the key is the index of a level gradient
+constexpr char const * BandStart = "/console/bandStart"; // Hz, lower end of what the source shows: the default range
+constexpr char const * BandStop = "/console/bandStop";   // Hz, upper end
+constexpr char const * DeviceStart = "/console/deviceStart"; // Hz, lower end of the widest range
+constexpr char const * DeviceStop = "/console/deviceStop";   // Hz, upper end
+constexpr char const * LevelMin = "/console/levelMin";       // dBFS
+constexpr char const * LevelMax = "/console/levelMax";       // dBFS
+constexpr char const * LineRate = "/console/lineRate";       // lines a second
+constexpr char const * Speed = "/console/speed";             // times real time
+constexpr char const * Averaging = "/console/averaging";     // spectra a line, 0: as many as cover its time
+constexpr char const * Bins = "/console/bins";               // selection, the key is the number of levels of a line
+constexpr char const * Window = "/console/window";           // selection, the key is a SpectrumEngine::Window
+constexpr char const * Gradient = "/console/gradient";       // selection, the key is the index of a level gradient
+constexpr char const * TimeZone = "/GuiBase/TimeZone";       // selection, see GuiBase
 
 constexpr char const * Marker1 = "/console/markers/marker1";           // Hz
 constexpr char const * Marker2 = "/console/markers/marker2";           // Hz
@@ -76,6 +81,7 @@ private:
     void LimitCentre();
     void LimitToBand();
     void TellEnds();
+    void TellBand();
     void TakeEnds(bool startMoved);
 
     FrequencyRange m_band{ 0.0, 1.0 }; // Hz

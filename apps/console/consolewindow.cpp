@@ -4,6 +4,7 @@
 #include "colorset.h"
 #include "consolemarkers.h"
 #include "controlstrip.h"
+#include "frequencyaxis.h"
 #include "guibase.h"
 #include "levelfit.h"
 #include "levelgradients.h"
@@ -14,6 +15,8 @@
 #include "spectrumpane.h"
 #include "statusline.h"
 #include "toint.h"
+#include "undobuttons.h"
+#include "undorecording.h"
 #include "waterfallpane.h"
 
 #include <QApplication>
@@ -32,6 +35,7 @@ constexpr int StatusPeriod = 1000; // ms
 constexpr QSize StartSize(1100, 760);
 constexpr double Megahertz = 1e6;
 constexpr double Kilohertz = 1e3;
+constexpr double FullScale = 0.0; // dBFS
 
 } // namespace
 
@@ -85,7 +89,10 @@ void ConsoleWindow::BuildControls()
     fit->setObjectName(QStringLiteral("fit"));
     fit->setText(tr("Fit"));
     fit->setToolTip(tr("Fit the level range to the signal"));
-    connect(fit, &QToolButton::clicked, this, &ConsoleWindow::FitLevelRange);
+    connect(fit, &QToolButton::clicked, this, [this] {
+        GuiUndoRecordingHelper const step(nullptr, tr("Fit of the level range"));
+        FitLevelRange();
+    });
     m_pControls->AddControl(QString(), fit);
     m_pControls->AddSelection(QStringLiteral("window"), tr("Window"), path(ConsolePaths::Window));
     m_pControls->AddSelection(QStringLiteral("bins"), tr("Bins"), path(ConsolePaths::Bins));
@@ -105,6 +112,9 @@ void ConsoleWindow::BuildControls()
     connect(m_pColorSets, qOverload<int>(&QComboBox::activated), this,
             [](int index) { ColorSet::Instance().Load(index); });
     m_pControls->AddControl(tr("Colours"), m_pColorSets);
+    GuiBase::Instance().GetTimeZone(); // stands in the tree from now on
+    m_pControls->AddSelection(QStringLiteral("timeZone"), tr("Time"), path(ConsolePaths::TimeZone));
+    m_pControls->AddControl(QString(), new UndoButtons(m_pControls));
 }
 
 void ConsoleWindow::BuildPanes()
@@ -139,7 +149,17 @@ void ConsoleWindow::BindPanes()
         pane->SetStop_ValuePath(QLatin1String(ConsolePaths::Stop));
         pane->SetLevelMin_ValuePath(QLatin1String(ConsolePaths::LevelMin));
         pane->SetLevelMax_ValuePath(QLatin1String(ConsolePaths::LevelMax));
+        FrequencyAxis & frequencies = pane->GetFrequencyAxis();
+        frequencies.SetDefaultStart_ValuePath(QLatin1String(ConsolePaths::BandStart));
+        frequencies.SetDefaultStop_ValuePath(QLatin1String(ConsolePaths::BandStop));
+        frequencies.SetDeviceStart_ValuePath(QLatin1String(ConsolePaths::DeviceStart));
+        frequencies.SetDeviceStop_ValuePath(QLatin1String(ConsolePaths::DeviceStop));
+        ScaleAxis & levels = pane->GetLevelScale();
+        levels.SetDefaultRange(LevelFloor, FullScale);
+        connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
     }
+    ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetFrequencyAxis(), &m_pWaterfall->GetFrequencyAxis() });
+    ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetLevelScale(), &m_pWaterfall->GetLevelScale() });
 }
 
 void ConsoleWindow::FollowValues()

@@ -2,6 +2,7 @@
 #include "controlstrip.h"
 
 #include "flowlayout.h"
+#include "undorecording.h"
 #include "valuefollower.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
@@ -70,7 +71,8 @@ QComboBox * ControlStrip::AddSelection(QString const & name, QString const & lab
         std::make_unique<ValueFollower>([this, box, place] { ShowItems(box, m_followers[place]->Selection()); }));
     ValueFollower * const follower = m_followers.back().get();
     follower->Bind(path);
-    connect(box, qOverload<int>(&QComboBox::activated), this, [box, follower](int index) {
+    connect(box, qOverload<int>(&QComboBox::activated), this, [box, follower, label](int index) {
+        GuiUndoRecordingHelper const step(nullptr, tr("Change of %1").arg(label));
         follower->SetKey(static_cast<long>(box->itemData(index).toLongLong()));
         ShowItems(box, follower->Selection());
     });
@@ -96,7 +98,8 @@ QDoubleSpinBox * ControlStrip::AddNumber(QString const & name, QString const & l
         [this, box, place, unit] { ShowNumber(box, m_followers[place]->Numeric(), unit); }));
     ValueFollower * const follower = m_followers.back().get();
     follower->Bind(path);
-    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [box, follower, unit] {
+    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [box, follower, unit, label] {
+        GuiUndoRecordingHelper const step(nullptr, tr("Change of %1").arg(label));
         follower->SetNumber(ReadNumber(box, follower->Numeric(), unit));
         ShowNumber(box, follower->Numeric(), unit); // also when the value did not move
     });

@@ -14,7 +14,7 @@ class QDoubleSpinBox;
 class ValueFollower;
 
 //! A strip of labelled controls, each bound to a value of the tree both ways: the operator's input is written to the
-//! value, and the control shows what the value made of it.
+//! value, as a step of undo, and the control shows what the value made of it.
 class ControlStrip : public QWidget
 {
     Q_OBJECT

@@ -24,6 +24,8 @@ FrequencyAxis::FrequencyAxis(QWidget * parent)
 
 FrequencyAxis::~FrequencyAxis() = default;
 
+QString FrequencyAxis::RangeText() const { return tr("Change of the frequency range"); }
+
 int FrequencyAxis::Thickness() const { return TicsAndGaps + fontMetrics().height(); }
 
 void FrequencyAxis::TakeUnit()

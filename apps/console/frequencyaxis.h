@@ -15,6 +15,9 @@ public:
     //! Height that holds tics and labels, px.
     int Thickness() const;
 
+protected:
+    QString RangeText() const override;
+
 private:
     void TakeUnit();
 };

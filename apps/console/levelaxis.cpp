@@ -17,6 +17,8 @@ LevelAxis::LevelAxis(QWidget * parent) : ScaleAxis(parent, "levelAxis", AxisVert
 
 LevelAxis::~LevelAxis() = default;
 
+QString LevelAxis::RangeText() const { return tr("Change of the level range"); }
+
 QRect LevelAxis::UnitRect() const
 {
     QFontMetrics const metrics = fontMetrics();

@@ -14,6 +14,7 @@ public:
 
 protected:
     QRect UnitRect() const override;
+    QString RangeText() const override;
 };
 
 #endif

@@ -17,7 +17,7 @@ void LineMaker::SetAveraging(int spectra)
         m_averaging = spectra;
 }
 
-std::shared_ptr<SpectrumLine const> LineMaker::Make(quint64 number, double seconds, double slice)
+std::shared_ptr<SpectrumLine> LineMaker::Make(quint64 number, double seconds, double slice)
 {
     auto line = std::make_shared<SpectrumLine>();
     double const duration = m_source.Duration();

@@ -47,7 +47,7 @@ public:
     //! least 0 in an endless
     //!                 one, NaN and infinite count as 0.
     //! \param slice    time that the line stands for, s; what is not above 0 counts as 0.
-    std::shared_ptr<SpectrumLine const> Make(quint64 number, double seconds, double slice);
+    std::shared_ptr<SpectrumLine> Make(quint64 number, double seconds, double slice);
 
 private:
     int SpectraOf(double sliceSamples) const;

@@ -47,6 +47,11 @@ qint64 LinePacer::Wait(qint64 nanoseconds) const
     return std::max<qint64>(toInt<qint64>(std::ceil(periods / m_rate * 1e9)), 0);
 }
 
+qint64 LinePacer::DueAt() const
+{
+    return m_start + toInt<qint64>((static_cast<double>(m_index + 1) - m_part) / m_rate * 1e9);
+}
+
 double LinePacer::Elapsed(qint64 nanoseconds) const
 {
     return static_cast<double>(nanoseconds - m_start) * 1e-9 * m_rate + m_part;

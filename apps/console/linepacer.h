@@ -36,6 +36,9 @@ public:
     //! Lines skipped since this was made.
     quint64 Skipped() const { return m_skipped; }
 
+    //! Time of the clock at which the line that is made next is due, ns.
+    qint64 DueAt() const;
+
     //! Time from a time of the clock until the next line is due, ns; 0 when it is due.
     qint64 Wait(qint64 nanoseconds) const;
 

@@ -5,6 +5,8 @@
 #include "linequeue.h"
 #include "toint.h"
 
+#include <QDateTime>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -12,6 +14,9 @@
 namespace {
 
 constexpr qint64 Turn = 20 * 1000 * 1000; // ns of line making after which the thread looks for orders
+
+constexpr double NanosecondsAMicrosecond = 1e3;
+constexpr double MicrosecondsAMillisecond = 1e3;
 
 } // namespace
 
@@ -32,6 +37,7 @@ LineWorker::~LineWorker() = default;
 void LineWorker::Begin()
 {
     m_running = true;
+    SetClock();
     m_pacer.Start(m_clock.nsecsElapsed(), m_rate);
     Arm();
 }
@@ -49,6 +55,7 @@ void LineWorker::SetPlaying(bool playing)
         return;
     Anchor();
     m_playing = playing;
+    SetClock();
     m_pacer.Start(m_clock.nsecsElapsed(), m_rate);
     Arm();
 }
@@ -93,12 +100,20 @@ void LineWorker::MakeDueLines()
 void LineWorker::MakeLine()
 {
     double const seconds = LineSeconds(static_cast<double>(m_pacer.Index()) + 0.5);
-    std::shared_ptr<SpectrumLine const> const line = m_maker.Make(m_produced, seconds, m_speed / m_rate);
+    std::shared_ptr<SpectrumLine> const line = m_maker.Make(m_produced, seconds, m_speed / m_rate);
+    line->time = m_clockZero + static_cast<double>(m_pacer.DueAt()) / NanosecondsAMicrosecond;
     m_pacer.Advance();
     m_position = line->seconds;
     m_queue.Push(line);
     ++m_produced;
     Announce();
+}
+
+//! The steady clock is set by the wall clock where lines begin, so that the times of lines never jump in between.
+void LineWorker::SetClock()
+{
+    m_clockZero = static_cast<double>(QDateTime::currentMSecsSinceEpoch()) * MicrosecondsAMillisecond -
+                  static_cast<double>(m_clock.nsecsElapsed()) / NanosecondsAMicrosecond;
 }
 
 void LineWorker::Anchor()

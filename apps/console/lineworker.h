@@ -72,6 +72,7 @@ private:
     void Anchor();
     void Arm();
     void Announce();
+    void SetClock();
     double LineSeconds(double index) const;
 
     std::unique_ptr<ISampleSource> m_pSource;
@@ -80,6 +81,7 @@ private:
     LinePacer m_pacer;
     QElapsedTimer m_clock;
     QTimer m_timer;
+    double m_clockZero = 0.0; // us since 1970 at which m_clock was 0
     bool m_running = false;
     bool m_playing = true;
     double m_rate = 50.0; // lines/s

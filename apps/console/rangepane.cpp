@@ -2,6 +2,7 @@
 #include "rangepane.h"
 
 #include "frequencyaxis.h"
+#include "qtcompat.h"
 #include "shadingbar.h"
 #include "toint.h"
 
@@ -35,6 +36,9 @@ RangePane::RangePane(QWidget * parent)
     setFocusPolicy(Qt::StrongFocus);
     m_pFrequencyAxis->SetRange(m_frequencies.start, m_frequencies.start + m_frequencies.span);
     connect(m_pFrequencyAxis, &AxisBase::signalRangeChanged, this, &RangePane::TakeFrequencies);
+    connect(m_pFrequencyAxis, &ScaleAxis::signalBand, this, qOverload<>(&QWidget::update));
+    m_pFrequencyAxis->SetMenuMarkerPane(this);
+    EnableContextMenu(true);
 }
 
 RangePane::~RangePane() = default;
@@ -42,8 +46,10 @@ RangePane::~RangePane() = default;
 void RangePane::SetLevelScale(ScaleAxis * scale)
 {
     m_pLevelScale = scale;
+    m_pLevelScale->SetMenuMarkerPane(this);
     m_pLevelScale->SetRange(m_levelMin, m_levelMax);
     connect(m_pLevelScale, &AxisBase::signalRangeChanged, this, &RangePane::TakeLevels);
+    connect(m_pLevelScale, &ScaleAxis::signalBand, this, qOverload<>(&QWidget::update));
 }
 
 bool RangePane::SetStart_ValuePath(QString const & path) { return m_pFrequencyAxis->SetStart_ValuePath(path); }
@@ -246,6 +252,9 @@ void RangePane::PaintOver(QPainter & painter)
         LayRulers();
     painter.setFont(font());
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_pFrequencyAxis->DimBesideBand(painter, LogicalPicture());
+    if (RowOf(m_levelMin) >= 0) // levels have rows here
+        m_pLevelScale->DimBesideBand(painter, LogicalPicture());
     m_rulers.Paint(painter, m_colors.ground, m_colors.text);
     if (!hasFocus() || m_pictureRect.isEmpty())
         return;
@@ -285,34 +294,63 @@ void RangePane::timerEvent(QTimerEvent * event)
         MarkerList::timerEvent(event);
 }
 
+//! The pointer is that of the scale while that is dragged.
+void RangePane::HandOn(QMouseEvent const * event)
+{
+    LifeWatch const life(GetObserverLifetime());
+    m_pFrequencyAxis->TakeMouse(event);
+    if (life.IsOver())
+        return;
+    if (m_pFrequencyAxis->IsDragged())
+        setCursor(m_pFrequencyAxis->cursor());
+    else
+        unsetCursor();
+}
+
 void RangePane::mousePressEvent(QMouseEvent * event)
 {
-    if (!m_hand.Press(event))
-        MarkerList::mousePressEvent(event);
+    bool const isPan = (event->modifiers() & Qt::ShiftModifier) != 0;
+    if ((isPan || !m_hand.Press(event)) && LogicalPicture().contains(Position(event).toPoint()))
+        HandOn(event);
 }
 
 void RangePane::mouseMoveEvent(QMouseEvent * event)
 {
-    if (!m_hand.Move(event))
-        MarkerList::mouseMoveEvent(event);
+    if (m_pFrequencyAxis->IsDragged())
+        HandOn(event);
+    else
+        m_hand.Move(event);
 }
 
 void RangePane::mouseReleaseEvent(QMouseEvent * event)
 {
     if (!m_hand.Release(event))
-        MarkerList::mouseReleaseEvent(event);
+        HandOn(event);
 }
 
 //! The second press of a double click takes a marker as the first does.
 void RangePane::mouseDoubleClickEvent(QMouseEvent * event)
 {
-    if (!m_hand.Press(event))
-        MarkerList::mouseDoubleClickEvent(event);
+    if (!m_hand.Press(event) && LogicalPicture().contains(Position(event).toPoint()))
+        HandOn(event);
+}
+
+ResortPopupMenu * RangePane::GetContextMenu()
+{
+    QPoint const at = GetCurrentXYMenu();
+    int const index = m_hand.Under(at);
+    bool const isLevel = index >= 0 && (GetMarkerSpecial(index) & eSpecialY) != 0;
+    ScaleAxis & scale = isLevel ? *m_pLevelScale : static_cast<ScaleAxis &>(*m_pFrequencyAxis);
+    scale.SetCurrentXYMenu(index >= 0 ? scale.GetMarkPlace(index) : QPoint(at.x(), -1));
+    return scale.GetContextMenu();
 }
 
 void RangePane::keyPressEvent(QKeyEvent * event)
 {
-    if (!m_hand.KeyPress(event))
+    bool const taken = m_pFrequencyAxis->TakeKey(event) ||
+                       ((event->modifiers() & Qt::ControlModifier) != 0 && m_pLevelScale->TakeKey(event)) ||
+                       m_hand.KeyPress(event) || ScaleAxis::OpenMenuByKey(*this, event, LogicalPicture().center());
+    if (!taken)
         MarkerList::keyPressEvent(event);
 }
 
@@ -331,6 +369,7 @@ void RangePane::focusInEvent(QFocusEvent * event)
 void RangePane::focusOutEvent(QFocusEvent * event)
 {
     m_hand.LetGo();
+    m_pFrequencyAxis->DropDrag();
     MarkerList::focusOutEvent(event);
     update();
 }

@@ -12,12 +12,14 @@
 class FrameStats;
 class FrequencyAxis;
 class QImage;
+class ResortPopupMenu;
 class ScaleAxis;
 
 //! Base of the panes over a frequency range and a level range: a picture with its frequency scale below and its level
 //! scale beside it. The scales hold the ranges and follow values of the tree; the pane shows what they hold. Panes of
-//! one width and font have their pictures over each other. Markers cross the picture and can be dragged. All geometry
-//! is in device pixels unless it is said otherwise.
+//! one width and font have their pictures over each other. Markers cross the picture and can be dragged; what the mouse
+//! does beside them is for the frequency scale, as are the keys that zoom. All geometry is in device pixels unless it
+//! is said otherwise.
 class RangePane : public MarkerList
 {
     Q_OBJECT
@@ -71,6 +73,8 @@ public:
 
     double PixelToValue(int direction, int pixel) override;
     int ValueToPixel(int direction, double value) override;
+    //! That of the scale to which the place belongs: of the levels on a level marker, else of the frequencies.
+    ResortPopupMenu * GetContextMenu() override;
     void RepairDrawing() override;
     void updateWidget() override; //!< the markers are laid anew
     void GetCurrentStartStop(int direction, double & start, double & stop) override;
@@ -139,6 +143,7 @@ private:
     bool TakeLayout();
     void PlaceScales();
     void LayRulers();
+    void HandOn(QMouseEvent const * event);
 
     FrequencyAxis * m_pFrequencyAxis = nullptr; // a child, as the next
     ScaleAxis * m_pLevelScale = nullptr;

@@ -28,7 +28,9 @@ ScaleAxis::ScaleAxis(QWidget * parent, char const * name, unsigned int type, Sca
     , m_side(side)
     , m_hand(*this)
 {
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
+    SetAxisZoomEnable(true, true);
+    EnableContextMenu(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_strip.SetLabelText([this](double value, double) {
         QString text;
@@ -46,7 +48,16 @@ void ScaleAxis::SetPictureSpan(int first, int length)
         return;
     m_first = first;
     m_length = length;
+    TakeOffsets();
     RepairDrawing();
+}
+
+//! A band ends where the picture ends.
+void ScaleAxis::TakeOffsets()
+{
+    QRect const inner = innerRect();
+    m_leftTopOffset = m_first;
+    m_rightBottomOffset = RunsUp() ? height() - 1 - inner.bottom() : width() - 1 - inner.right();
 }
 
 QRect ScaleAxis::innerRect() const
@@ -175,6 +186,13 @@ void ScaleAxis::paintEvent(QPaintEvent * event)
     QPainter painter(this);
     painter.drawPixmap(0, 0, *m_pPixmap);
     PaintMarks(painter);
+    PaintBand(painter);
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(QPen(m_textPen.color(), 1.0, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
     painter.end();
     Q_EMIT AxisRepainted();
 }
@@ -189,6 +207,7 @@ void ScaleAxis::LayMarks()
         QRect const line =
             RunsUp() ? QRect(inner.left(), pixel, inner.width(), 1) : QRect(pixel, inner.top(), 1, inner.height());
         marker->SetRulerRect(pixel < 0 ? QRect() : line);
+        marker->SetRect(pixel < 0 ? QRect() : MarkAt(line).boundingRect().toAlignedRect());
     }
     SetMustRecalcRulers(false);
 }
@@ -208,6 +227,13 @@ QPolygonF ScaleAxis::MarkAt(QRect const & line) const
     double const tip = near ? scale.left() : scale.right();
     double const base = near ? tip + MarkDepth : tip - MarkDepth;
     return QPolygonF({ { tip, y }, { base, y - MarkHalfWidth }, { base, y + MarkHalfWidth } });
+}
+
+QPoint ScaleAxis::GetMarkPlace(int index) const
+{
+    Marker const * const marker = GetMarker(index);
+    bool const hasMark = marker && marker->GetRect().isValid();
+    return hasMark ? marker->GetRect().center() : QPoint(-1, -1);
 }
 
 void ScaleAxis::PaintMarks(QPainter & painter) const
@@ -233,6 +259,7 @@ void ScaleAxis::showEvent(QShowEvent * event)
 void ScaleAxis::resizeEvent(QResizeEvent * event)
 {
     AxisBase::resizeEvent(event);
+    TakeOffsets();
     RepairDrawing();
 }
 
@@ -253,32 +280,36 @@ void ScaleAxis::timerEvent(QTimerEvent * event)
 
 void ScaleAxis::mousePressEvent(QMouseEvent * event)
 {
-    if (!m_hand.Press(event))
-        AxisBase::mousePressEvent(event);
+    bool const isPan = (event->modifiers() & Qt::ShiftModifier) != 0;
+    if (isPan || !m_hand.Press(event))
+        TakeMouse(event);
 }
 
 void ScaleAxis::mouseMoveEvent(QMouseEvent * event)
 {
-    if (!m_hand.Move(event))
-        AxisBase::mouseMoveEvent(event);
+    if (IsDragged())
+        TakeMouse(event);
+    else
+        m_hand.Move(event);
 }
 
 void ScaleAxis::mouseReleaseEvent(QMouseEvent * event)
 {
     if (!m_hand.Release(event))
-        AxisBase::mouseReleaseEvent(event);
+        TakeMouse(event);
 }
 
 //! The second press of a double click takes a marker as the first does.
 void ScaleAxis::mouseDoubleClickEvent(QMouseEvent * event)
 {
     if (!m_hand.Press(event))
-        AxisBase::mouseDoubleClickEvent(event);
+        TakeMouse(event);
 }
 
 void ScaleAxis::keyPressEvent(QKeyEvent * event)
 {
-    if (!m_hand.KeyPress(event))
+    bool const taken = TakeKey(event) || m_hand.KeyPress(event) || OpenMenuByKey(*this, event, innerRect().center());
+    if (!taken)
         AxisBase::keyPressEvent(event);
 }
 
@@ -288,8 +319,22 @@ void ScaleAxis::keyReleaseEvent(QKeyEvent * event)
         AxisBase::keyReleaseEvent(event);
 }
 
+void ScaleAxis::focusInEvent(QFocusEvent * event)
+{
+    AxisBase::focusInEvent(event);
+    update();
+}
+
 void ScaleAxis::focusOutEvent(QFocusEvent * event)
 {
     m_hand.LetGo();
+    DropDrag();
     AxisBase::focusOutEvent(event);
+    update();
+}
+
+void ScaleAxis::hideEvent(QHideEvent * event)
+{
+    DropDrag();
+    AxisBase::hideEvent(event);
 }

@@ -4,14 +4,23 @@
 
 #include "axisbase.h"
 #include "markerhand.h"
+#include "rangestep.h"
 #include "scalestrip.h"
 
+#include <QPointer>
 #include <QRect>
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 //! Base of the scales beside a picture: paints tics, labels and unit at the resolution of the screen, and marks where
-//! the markers stand, which can be dragged there. The range follows values as in every axis.
+//! the markers stand, which can be dragged there. The range follows values as in every axis; what the operator does
+//! with it is a step of undo.
+//!
+//! A drag beside the markers zooms to a band, with Shift it pans; a double click shows the next range. Keys: plus and
+//! minus zoom around the current marker, else around the middle; Control with the arrows of the direction pans;
+//! Backspace goes back, Home does what a double click does, Escape abandons a drag.
 class ScaleAxis : public AxisBase
 {
     Q_OBJECT
@@ -47,12 +56,65 @@ public:
     //! Never -1.0, which means no value there.
     double PixelToValue(int section, int pixel) override;
 
+    bool SetZoomedRange(double start, double stop, bool record) override;
+    bool ZoomToDefault() override;
+    //! A vertical scale asks by signalBest() for a range. \return whether it is another one.
+    bool ZoomToBest() override;
+    void ZoomToDevice() override;
+    bool ZoomToBegin() override;
+    void UnZoom() override;
+
+    //! Lets axes that show one range go back together: the ranges that one of them can go back to are those of all.
+    static void ShareUnZoom(std::vector<ScaleAxis *> const & axes);
+
+    //! A band that is being dragged, px along the axis, both ends belong to it.
+    struct Band
+    {
+        int first;
+        int last;
+    };
+
+    std::optional<Band> GetBand() const;
+    //! Dims what lies beside the band in a picture that adjoins the axis; nothing without a band.
+    //! \param picture  px; along the axis they count as in the axis.
+    void DimBesideBand(QPainter & painter, QRect const & picture) const;
+
+    //! A place in the mark of a marker, px; -1, -1 when it has none.
+    QPoint GetMarkPlace(int index) const;
+
+    //! Takes a press, move, release or double click of the mouse as if it were on the axis beside all markers. The
+    //! picture beside hands on what is not for its markers; its pixels along the axis are those of the axis.
+    void TakeMouse(QMouseEvent const * event);
+
+    //! Whether a band or a pan is being dragged.
+    bool IsDragged() const { return m_mouseMode != MouseIdle; }
+
+    //! Ends a drag that has lost its mouse: a band is abandoned, a pan ends here.
+    void DropDrag();
+    //! \return whether the key was for the range.
+    bool TakeKey(QKeyEvent const * event);
+    //! Opens the context menu of a widget by the Menu key and by Shift+F10.
+    //! \param at  where it opens, px. \return whether the key was one of them.
+    static bool OpenMenuByKey(QWidget & widget, QKeyEvent const * event, QPoint at);
+
+Q_SIGNALS:
+    //! The band has begun, moved or ended.
+    void signalBand();
+    //! Asks for a range that shows the signal, which is to be set at once.
+    void signalBest();
+
 protected:
     //! Where the scale itself stands in the axis, px.
     virtual QRect ScaleRect() const { return innerRect(); }
 
+    //! What the operator reads of a step of undo that moves the range.
+    virtual QString RangeText() const { return tr("Change of the range"); }
+
     //! Where the unit stands beside the scale, px; null, as here, to have it among the labels.
     virtual QRect UnitRect() const { return {}; }
+
+    //! The tics that the scale shows: those of the axis.
+    virtual ScaleTics Tics() const;
 
     //! Paints beside the scale; nothing here.
     virtual void PaintBeside(QPainter & painter);
@@ -70,21 +132,39 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent * event) override;
     void keyPressEvent(QKeyEvent * event) override;
     void keyReleaseEvent(QKeyEvent * event) override;
+    void focusInEvent(QFocusEvent * event) override;
     void focusOutEvent(QFocusEvent * event) override;
+    void hideEvent(QHideEvent * event) override;
 
 private:
     void UpdateStrip();
     ScaleStrip::Look Look() const;
-    ScaleTics Tics() const;
     void LayMarks();
     void PaintMarks(QPainter & painter) const;
     QPolygonF MarkAt(QRect const & line) const;
+    void PaintBand(QPainter & painter) const;
+    void TakeOffsets();
+
+    bool ChangeRange(std::function<bool()> const & change);
+    void ShowNextRange(QMouseEvent * event);
+    void ZoomBy(double factor);
+    void PanBy(double part, bool isRepeat);
+    double HeldInLimits(double shift) const;
+    void PushRange(RangeStep::Range const & before, RangeStep::Range const & after, bool isRepeat);
+    int AlongOf(QMouseEvent const * event) const;
+    QMouseEvent CopyOf(QMouseEvent const * event, int along, Qt::KeyboardModifiers modifiers) const;
+    void BeginDrag(QMouseEvent const * event);
+    void DragOn(QMouseEvent const * event);
+    void EndDrag(QMouseEvent const * event);
+    bool CancelDrag();
 
     ScaleStrip::ELineSide m_side;
     ScaleStrip m_strip;
     MarkerHand m_hand;
     int m_first = 0; // px, of the picture beside
     int m_length = 0;
+    RangeStep::Range m_before{ 0.0, 0.0 };       // the drag
+    std::vector<QPointer<ScaleAxis>> m_partners; // show the same range
 };
 
 #endif

@@ -28,6 +28,8 @@ int ShadingBar::Thickness(QFontMetrics const & metrics)
     return BarGap + BarWidth + ScaleGap + TicsAndGaps + metrics.horizontalAdvance(QStringLiteral("-100.0"));
 }
 
+QString ShadingBar::RangeText() const { return tr("Change of the level range"); }
+
 QRect ShadingBar::ScaleRect() const { return innerRect().adjusted(BarGap + BarWidth + ScaleGap, 0, 0, 0); }
 
 QRect ShadingBar::GetBarRect() const

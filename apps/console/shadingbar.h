@@ -23,6 +23,7 @@ public:
 
 protected:
     QRect ScaleRect() const override;
+    QString RangeText() const override;
     void PaintBeside(QPainter & painter) override;
 };
 

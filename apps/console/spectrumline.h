@@ -14,6 +14,7 @@ struct SpectrumLine
 {
     quint64 number = 0;         //!< counts the lines of one player from 0 without gaps
     double seconds = 0.0;       //!< position in the recording of the line's middle, s
+    double time = 0.0;          //!< when it was made, us since 1970 in UTC; 0 when nobody tells
     double centre = 0.0;        //!< middle of the line, Hz
     double span = 0.0;          //!< width of the line, Hz
     std::vector<double> levels; //!< dBFS, ascending in frequency; LevelFloor or above, never NaN

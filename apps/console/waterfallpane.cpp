@@ -5,23 +5,19 @@
 #include "guibase.h"
 #include "levelgradients.h"
 #include "numbertexts.h"
-#include "rowtics.h"
 #include "shadingbar.h"
+#include "timeaxis.h"
 
 #include <QElapsedTimer>
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
-namespace {
-
-constexpr int TicLength = 4; // px, as all below
-constexpr int LabelGap = 4;
-
-} // namespace
-
-WaterfallPane::WaterfallPane(QWidget * parent) : RangePane(parent), m_pShadingBar(new ShadingBar(this))
+WaterfallPane::WaterfallPane(QWidget * parent)
+    : RangePane(parent)
+    , m_pShadingBar(new ShadingBar(this))
+    , m_pTimeAxis(new TimeAxis(this))
 {
     SetLevelScale(m_pShadingBar);
     setObjectName(QStringLiteral("waterfallPane"));
@@ -39,16 +35,12 @@ void WaterfallPane::AppendLines(std::vector<std::shared_ptr<SpectrumLine const>>
         if (line)
             AppendLine(*line);
     }
-    PaintTimes();
+    TellTimes();
     UpdateRows();
 }
 
-//! Has the rows and their times repainted, without the scales.
-void WaterfallPane::UpdateRows()
-{
-    QRect const picture = LogicalPicture();
-    update(0, 0, picture.right() + 1, picture.bottom() + 1);
-}
+//! Has the rows repainted, without the scales.
+void WaterfallPane::UpdateRows() { update(LogicalPicture()); }
 
 void WaterfallPane::AppendLine(SpectrumLine const & line)
 {
@@ -60,14 +52,14 @@ void WaterfallPane::AppendLine(SpectrumLine const & line)
     m_map.Reduce(line.levels.data(), m_columns.data());
     m_rowsHaveGaps = m_rowsHaveGaps || m_map.HasGaps();
     m_levelColors.Color(m_columns.data(), m_pixels.data(), count, m_map.HasGaps());
-    m_image.Append(m_columns.data(), m_pixels.data(), line.seconds);
+    m_image.Append(m_columns.data(), m_pixels.data(), line.time);
 }
 
 void WaterfallPane::Clear()
 {
     m_image.Clear(m_levelColors.GetGround());
     m_rowsHaveGaps = false;
-    PaintTimes();
+    TellTimes();
     update();
 }
 
@@ -83,6 +75,8 @@ void WaterfallPane::PlaceLevelScale(QRect const & picture)
 {
     m_pShadingBar->setGeometry(picture.right() + 1, 0, width() - picture.right() - 1, picture.bottom() + 1);
     m_pShadingBar->SetPictureSpan(picture.top(), picture.height());
+    m_pTimeAxis->setGeometry(0, 0, picture.left(), picture.bottom() + 1);
+    m_pTimeAxis->SetPictureSpan(picture.top(), picture.height());
 }
 
 QStringList WaterfallPane::FlagTexts(int index) const
@@ -100,7 +94,7 @@ void WaterfallPane::Rebuild()
         LayRows();
     else
         m_image.Recolor(m_levelColors.GetGround(), Colorer());
-    PaintTimes();
+    TellTimes();
     update();
 }
 
@@ -127,41 +121,12 @@ WaterfallImage::Colorer WaterfallPane::Colorer()
     };
 }
 
-void WaterfallPane::PaintTimes()
+void WaterfallPane::TellTimes()
 {
-    QRect const picture = GetPictureRect();
-    QSize const size(picture.left(), picture.height());
-    if (size.isEmpty()) {
-        m_times = QImage();
-        return;
-    }
-    if (m_times.size() != size)
-        m_times = QImage(size, QImage::Format_RGB32);
-    m_times.fill(GetColors().frame);
-    double const ratio = GetRatio();
-    QFontMetrics const metrics = fontMetrics();
-    int const extent = PaneLayout::ToDevice(metrics.height(), ratio);
-    int const line = std::max(1, PaneLayout::ToDevice(1, ratio));
-    std::vector<double> stamps(static_cast<std::size_t>(m_image.Filled()));
-    for (std::size_t row = 0; row < stamps.size(); ++row)
-        stamps[row] = m_image.Stamp(static_cast<int>(row));
-    m_times.setDevicePixelRatio(ratio);
-    QPainter painter(&m_times);
-    painter.setFont(font());
-    painter.setPen(GetColors().text);
-    for (RowTics::Tic const & tic : RowTics::Lay(stamps, 2 * extent)) {
-        int const y = picture.top() + tic.row;
-        painter.fillRect(
-            QRectF((size.width() - PaneLayout::ToDevice(TicLength, ratio)) / ratio, y / ratio, TicLength, line / ratio),
-            GetColors().text);
-        if (y < extent / 2 || y + extent / 2 >= size.height())
-            continue;
-        QRectF const box(0.0, (y - extent / 2) / ratio, size.width() / ratio - TicLength - LabelGap, extent / ratio);
-        if (metrics.horizontalAdvance(tic.label) <= box.width()) // none is cut
-            painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tic.label);
-    }
-    painter.end();
-    m_times.setDevicePixelRatio(1.0);
+    std::vector<double> times(static_cast<std::size_t>(m_image.Filled()));
+    for (std::size_t row = 0; row < times.size(); ++row)
+        times[row] = m_image.Stamp(static_cast<int>(row));
+    m_pTimeAxis->SetRows(std::move(times));
 }
 
 void WaterfallPane::CountPainted(qint64 nanoseconds)
@@ -189,8 +154,8 @@ void WaterfallPane::paintEvent(QPaintEvent * event)
     int const right = picture.left() + picture.width();
     int const below = picture.top() + picture.height();
     painter.fillRect(right, 0, size.width() - right, size.height(), GetColors().frame);
-    painter.fillRect(0, below, right, size.height() - below, GetColors().frame);
-    DrawPixels(painter, QPoint(0, 0), m_times);
+    painter.fillRect(0, 0, picture.left(), size.height(), GetColors().frame);
+    painter.fillRect(picture.left(), below, picture.width(), size.height() - below, GetColors().frame);
     m_image.Paint(painter, picture.topLeft());
     painter.restore();
     PaintOver(painter);

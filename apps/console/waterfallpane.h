@@ -7,15 +7,14 @@
 #include "spectrumline.h"
 #include "waterfallimage.h"
 
-#include <QImage>
-
 #include <memory>
 #include <vector>
 
 class ShadingBar;
+class TimeAxis;
 
-//! Shows spectrum lines as coloured rows, the newest on top, one device pixel each, with their times at the left and
-//! the colours of the levels, those of the central object, at the right.
+//! Shows spectrum lines as coloured rows, the newest on top, one device pixel each, with a time scale at the left
+//! and the colours of the levels, those of the central object, at the right.
 class WaterfallPane : public RangePane
 {
     Q_OBJECT
@@ -31,7 +30,9 @@ public:
 
     ShadingBar & GetShadingBar() { return *m_pShadingBar; }
 
-    //! The rows; row 0 is the topmost of the picture rectangle, its stamp the time of the line, s.
+    TimeAxis & GetTimeAxis() { return *m_pTimeAxis; }
+
+    //! The rows; row 0 is the topmost of the picture rectangle, its stamp the time of the line, us since 1970.
     WaterfallImage const & GetImage() const { return m_image; }
 
     //! Rows appended, and those of them that were painted.
@@ -54,12 +55,13 @@ private:
     WaterfallImage::Colorer Colorer();
     void AppendLine(SpectrumLine const & line);
     void LayRows();
-    void PaintTimes();
+    void TellTimes();
     void CountPainted(qint64 nanoseconds);
     void slotColorsChanged();
     void UpdateRows();
 
-    ShadingBar * m_pShadingBar = nullptr; // a child
+    ShadingBar * m_pShadingBar = nullptr; // a child, as the next
+    TimeAxis * m_pTimeAxis = nullptr;
     LevelColors m_levelColors;
     WaterfallImage m_image;
     FrequencyRange m_imageRange{ 0.0, 1.0 }; // of the rows
@@ -67,7 +69,6 @@ private:
     bool m_rowsHaveGaps = false;   // some kept row shows no level somewhere
     std::vector<double> m_columns; // dBFS, of the row being appended
     std::vector<QRgb> m_pixels;
-    QImage m_times; // left margin with the times
     quint64 m_rowsAppended = 0;
     quint64 m_rowsPainted = 0;
 };

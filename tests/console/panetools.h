@@ -25,13 +25,16 @@ using Line = std::shared_ptr<SpectrumLine const>;
 //! Colours that no blend of others gives.
 inline PaneColors Colors() { return { QColor(0, 0, 40), Qt::black, Qt::white, QColor(0, 60, 0), Qt::red, Qt::cyan }; }
 
-//! A line from \a start Hz on, 1 Hz a bin.
+constexpr double Noon = 1792670400e6; // us, 2026-10-22 12:00 UTC
+
+//! A line from \a start Hz on, 1 Hz a bin, made so many seconds after noon.
 inline Line LineOf(double start, std::vector<double> levels, double seconds = 0.0)
 {
     auto line = std::make_shared<SpectrumLine>();
     line->span = static_cast<double>(levels.size());
     line->centre = start + line->span / 2.0;
     line->seconds = seconds;
+    line->time = Noon + seconds * 1e6;
     line->levels = std::move(levels);
     return line;
 }

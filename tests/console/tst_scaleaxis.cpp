@@ -421,7 +421,7 @@ void tst_ScaleAxis::keysStepAMark()
     axis.SetMarker_ValuePath(eYellowX, QStringLiteral("/test/marker"));
     axis.show();
     Rendered(axis);
-    QCOMPARE(int(axis.focusPolicy()), int(Qt::ClickFocus));
+    QCOMPARE(int(axis.focusPolicy()), int(Qt::StrongFocus));
     QTest::keyClick(&axis, Qt::Key_Right);
     int const pixel = axis.ValueToPixel(ValueOf(QStringLiteral("marker"))->GetValue());
     QCOMPARE(pixel, First + 101);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "colorset.h"
 #include "framestats.h"
 #include "levelgradients.h"
 #include "markertools.h"
 #include "panetools.h"
 #include "shadingbar.h"
 #include "testmain.h"
+#include "timeaxis.h"
 #include "waterfallpane.h"
 
 #include <QCryptographicHash>
@@ -36,9 +38,7 @@ private Q_SLOTS:
     void clearEmptiesThePicture();
     void paintsOnceABatch();
     void everyFrameDiffers();
-    void timesAreLabelled();
-    void timesAreNeverCut_data();
-    void timesAreNeverCut();
+    void timesStandAtTheirRows();
     void tinyPaneSurvives_data();
     void tinyPaneSurvives();
     void meterBurstsStandAtTheirTimes_data();
@@ -288,52 +288,32 @@ void tst_WaterfallPane::everyFrameDiffers()
     QCOMPARE(frames.size(), std::size_t(count));
 }
 
-void tst_WaterfallPane::timesAreLabelled()
+void tst_WaterfallPane::timesStandAtTheirRows()
 {
     GreyPane pane(400, 200);
     std::vector<Line> lines;
-    for (int number = 0; number < 150; ++number)
+    for (int number = 0; number < 120; ++number)
         lines.push_back(Flat(-50.0, 0.1 * number));
     pane.AppendLines(lines);
+    // the newest row shows 11.9 s: tics every ten seconds
+    std::vector<TimeAxis::Tic> const tics = pane.GetTimeAxis().GetTimeTics();
+    QCOMPARE(tics.size(), std::size_t(1));
+    QCOMPARE(tics.front().row, 19);
+    QCOMPARE(tics.front().label, QStringLiteral("12:00:10"));
     QImage const image = Rendered(pane);
     QRect const picture = pane.GetPictureRect();
-    // a tic stands at the row that passes 10 s: the newest row shows 14.9 s
-    int tics = 0;
-    for (int row = 0; row < 150; ++row)
-        tics += image.pixelColor(picture.left() - 1, picture.top() + row) == Colors().text ? 1 : 0;
-    QVERIFY(tics >= 2);
-    QCOMPARE(image.pixelColor(picture.left() - 1, picture.top() + 49), Colors().text);
-    for (int y = picture.top(); y <= picture.bottom(); ++y)
-        QVERIFY(qGray(image.pixel(0, y)) < 100);
-}
-
-void tst_WaterfallPane::timesAreNeverCut_data()
-{
-    QTest::addColumn<double>("first");
-    QTest::addColumn<bool>("labelled");
-    QTest::newRow("10 minutes on") << 600.0 << true;
-    QTest::newRow("a thousand minutes on, with hundredths") << 60000.0 << false; // no room for 1000:00.05
-}
-
-void tst_WaterfallPane::timesAreNeverCut()
-{
-    QFETCH(double, first);
-    GreyPane pane(400, 200);
-    std::vector<Line> lines;
-    for (int number = 0; number < 150; ++number)
-        lines.push_back(Flat(-50.0, first + 0.001 * number));
-    pane.AppendLines(lines);
-    QImage const image = Rendered(pane);
-    QRect const picture = pane.GetPictureRect();
-    int inked = 0;
-    int tics = 0;
-    for (int y = picture.top(); y <= picture.bottom(); ++y) {
-        tics += image.pixelColor(picture.left() - 1, y) == Colors().text ? 1 : 0;
-        for (int x = 0; x < picture.left() - 5; ++x)
-            inked += image.pixelColor(x, y) != Colors().frame ? 1 : 0;
-    }
-    QVERIFY(tics >= 2);
-    QTEST(inked > 0, "labelled");
+    QColor const ink = ColorSet::Instance()[IColorBase::eColorAxisForeground];
+    for (int row = 0; row < 120; ++row)
+        QCOMPARE(image.pixelColor(picture.left() - 3, picture.top() + row) == ink, row == 19);
+    QCOMPARE(pane.GetTimeAxis().geometry(), QRect(0, 0, picture.left(), picture.bottom() + 1));
+    // one more row moves it down
+    pane.AppendLines({ Flat(-50.0, 12.0) });
+    QCOMPARE(pane.GetTimeAxis().GetTimeTics().front().row, 20);
+    pane.resize(400, 100);
+    pane.grab();
+    QCOMPARE(pane.GetTimeAxis().GetStart(), Noon + 12e6 - (pane.GetPictureRect().height() - 1) * 1e5);
+    pane.Clear();
+    QVERIFY(pane.GetTimeAxis().GetTimeTics().empty());
 }
 
 void tst_WaterfallPane::tinyPaneSurvives_data()

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "undobuttons.h"
+
+#include "guibase.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QKeySequence>
+#include <QToolButton>
+#include <QUndoStack>
+
+UndoButtons::UndoButtons(QWidget * parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("undoButtons"));
+    auto * const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    QUndoStack const * const stack = GuiBase::Instance().UndoStack();
+    QAction * const undo = stack->createUndoAction(this);
+    undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+    QAction * const redo = stack->createRedoAction(this);
+    redo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
+    AddButton("undo", tr("Undo"), undo);
+    AddButton("redo", tr("Redo"), redo);
+}
+
+UndoButtons::~UndoButtons() = default;
+
+//! The button keeps its text, so that the strip keeps its layout; the action's own names the change.
+void UndoButtons::AddButton(char const * name, QString const & text, QAction * action)
+{
+    addAction(action);
+    auto * const button = new QToolButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setText(text);
+    button->setAccessibleName(text);
+    auto const show = [button, action] {
+        button->setEnabled(action->isEnabled());
+        button->setToolTip(action->text() + QStringLiteral(" (") + action->shortcut().toString() + QLatin1Char(')'));
+    };
+    show();
+    connect(action, &QAction::changed, button, show);
+    connect(button, &QToolButton::clicked, action, &QAction::trigger);
+    layout()->addWidget(button);
+}
