@@ -58,6 +58,7 @@ public:
     using AxisBase::FindOutsideMarker;
     using AxisBase::GetAxisValues;
     using AxisBase::m_autoScaleCheckOnProperty;
+    using AxisBase::m_axisType;
     using AxisBase::m_bandEnd;
     using AxisBase::m_bandStart;
     using AxisBase::m_bgBrush;
