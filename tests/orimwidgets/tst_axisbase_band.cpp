@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -579,14 +578,11 @@ void tst_axisbase_band::outsideMarker()
                          { QRect(0, 0, 10, 2), 400.0 },
                          { QRect(0, 99, 10, 1), -400.0 } };
     TestMarkerList other; // markers of any list
-    std::vector<std::unique_ptr<TreeNumber>> numbers;
     ZoomProbe axis(AxisBase::AxisVertical, 20, height);
     int id = 0;
     for (Row const & row : rows) {
-        numbers.push_back(std::make_unique<TreeNumber>(QByteArray::number(id).constData(), row.value));
         Marker * const marker = other.AddMarker(id++);
-        marker->SetFactor(1.0);
-        marker->Set_ValuePath(numbers.back()->Path());
+        marker->SetValue(row.value);
         marker->SetRect(row.hit);
         axis.AddOutsideMarker(marker);
     }
@@ -626,10 +622,8 @@ void tst_axisbase_band::rangeTakesInAMarker()
     QFETCH(double, value);
     QFETCH(int, y);
     ZoomProbe axis(AxisBase::AxisVertical, 20, 100);
-    TreeNumber const number("number", value);
     Marker * const marker = axis.AddMarker(3);
-    marker->SetFactor(1.0);
-    marker->Set_ValuePath(number.Path());
+    marker->SetValue(value);
     marker->SetRect(QRect(0, 0, 10, 2));
     axis.AddOutsideMarker(marker);
     QSignalSpy const zoomed(&axis, &AxisBase::Zoomed);
