@@ -80,25 +80,23 @@ bool ClientWindow::Bind(T *& field, QString const & path)
 
 bool ClientWindow::SetStart_ValuePath(QString const & path, unsigned int id)
 {
-    QString const kept = path; // the argument may belong to a marker that is bound anew
     LifeWatch const life(GetObserverLifetime());
-    Bind(m_pStart, kept);
+    Bind(m_pStart, path);
     if (life.IsOver())
         return false;
     m_startId = MarkerId(id);
-    AddBorder(m_startId, true, kept);
+    AddBorder(m_startId, true, path);
     return !life.IsOver() && m_pStart;
 }
 
 bool ClientWindow::SetStop_ValuePath(QString const & path, unsigned int id)
 {
-    QString const kept = path;
     LifeWatch const life(GetObserverLifetime());
-    Bind(m_pStop, kept);
+    Bind(m_pStop, path);
     if (life.IsOver())
         return false;
     m_stopId = MarkerId(id);
-    AddBorder(m_stopId, false, kept);
+    AddBorder(m_stopId, false, path);
     return !life.IsOver() && m_pStop;
 }
 

@@ -3,6 +3,9 @@
 
 #include "errorhandler.h"
 #include "guibase.h"
+#include "resultmarker.h"
+#include "resultmarkerlist.h"
+#include "resultscene.h"
 #include "testmain.h"
 #include "testmarkerlist.h"
 
@@ -18,6 +21,26 @@ namespace {
 using Indices = std::vector<int>;
 
 IColorBase::ECOLOR Color(int number) { return static_cast<IColorBase::ECOLOR>(number); }
+
+//! The way to a member that only its class may name: an explicit instantiation may name it too.
+template <auto Member>
+struct Opened
+{
+    friend auto & MarkersOf(MarkerList & list) { return list.*Member; }
+};
+
+auto & MarkersOf(MarkerList & list);
+
+template struct Opened<&MarkerList::m_markers>;
+
+//! A marker that is never disabled, and says so.
+class StubbornMarker : public Marker
+{
+public:
+    void setEnabled(bool enabled) override { m_asked.push_back(enabled); }
+
+    std::vector<bool> m_asked;
+};
 
 } // namespace
 
@@ -35,6 +58,7 @@ private Q_SLOTS:
     void showMarker();
     void showResultFlag();
     void enableMarker();
+    void enableMarkerOfItsOwnMind();
     void value();
     void offset();
     void color();
@@ -63,6 +87,20 @@ private Q_SLOTS:
     void resetPixels_data();
     void resetPixels();
     void outsideMarkers();
+    void addResultMarker_data();
+    void addResultMarker();
+    void addResultMarkerAtABadId_data();
+    void addResultMarkerAtABadId();
+    void resultMarkerIsNotShownYet();
+    void occupiedByAResultMarker();
+    void occupiedByAPlainMarker();
+    void resultMarkerTellsOthers();
+    void resultMarkerEndsWhileTold_data();
+    void resultMarkerEndsWhileTold();
+    void removeResultMarker();
+    void valueOfAResultMarker();
+    void createResultMarkerList();
+    void earlierResultMarkerListGoesOn();
 };
 
 void tst_markerlist_markers::badIndex_data()
@@ -176,6 +214,21 @@ void tst_markerlist_markers::enableMarker()
     QCOMPARE(list.m_calls, QStringList{ QStringLiteral("RepairDrawing") });
     QVERIFY(list.SetEnableMarker(3, true));
     QVERIFY(list.GetMarker(3)->isEnabled());
+    QCOMPARE(list.m_calls.size(), 2);
+}
+
+//! The drawing is repaired although the class of the marker does otherwise.
+void tst_markerlist_markers::enableMarkerOfItsOwnMind()
+{
+    TestMarkerList list;
+    auto owned = std::make_unique<StubbornMarker>();
+    StubbornMarker * const marker = owned.get();
+    MarkersOf(list)[3] = std::move(owned);
+    QVERIFY(!list.SetEnableMarker(3, false));
+    QCOMPARE(marker->m_asked, std::vector<bool>{ false });
+    QVERIFY(marker->isEnabled());
+    QCOMPARE(list.m_calls, QStringList{ QStringLiteral("RepairDrawing") });
+    QVERIFY(list.SetEnableMarker(3, true));
     QCOMPARE(list.m_calls.size(), 2);
 }
 
@@ -609,6 +662,186 @@ void tst_markerlist_markers::outsideMarkers()
     list.ClearOutsideMarkers();
     QVERIFY(list.GetOutsideMarkers().empty());
     QVERIFY(list.GetMarker(3));
+}
+
+void tst_markerlist_markers::addResultMarker_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<bool>("on");
+    QTest::newRow("first id") << 0 << true;
+    QTest::newRow("first id, hidden and fixed") << 0 << false;
+    QTest::newRow("last id") << 42 << true;
+}
+
+void tst_markerlist_markers::addResultMarker()
+{
+    QFETCH(int, id);
+    QFETCH(bool, on);
+    TestMarkerList list;
+    list.SetMustRecalcRulers(false);
+    ResultMarker * const marker = list.AddResultMarker(id, on, Color(90), on, 0x408, QStringLiteral("/test/name"));
+    QVERIFY(marker);
+    QCOMPARE(list.GetMarker(id), marker);
+    QCOMPARE(marker->GetParent(), &list);
+    QCOMPARE(marker->GetShowMarkerFlag(), on);
+    QCOMPARE(marker->GetColor(), Color(90));
+    QCOMPARE(marker->GetMoveable(), on);
+    QCOMPARE(marker->GetSpecial(), 0x408U);
+    QCOMPARE(marker->GetMarkerName(), QStringLiteral("/test/name"));
+    QCOMPARE(marker->GetValuePath(), QStringLiteral("/test/name"));
+    QVERIFY(!marker->GetIValueNumeric());
+    QVERIFY(list.GetMustRecalcRulers());
+}
+
+void tst_markerlist_markers::addResultMarkerAtABadId_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::newRow("behind the last") << 43;
+    QTest::newRow("negative") << -1;
+    QTest::newRow("highest") << std::numeric_limits<int>::max();
+    QTest::newRow("lowest") << std::numeric_limits<int>::min();
+}
+
+void tst_markerlist_markers::addResultMarkerAtABadId()
+{
+    QFETCH(int, id);
+    TestMarkerList list;
+    list.SetMustRecalcRulers(false);
+    QVERIFY(!list.AddResultMarker(id, true, Color(90), true, 0, QString()));
+    QVERIFY(!list.GetMustRecalcRulers());
+    QVERIFY(list.m_calls.isEmpty());
+}
+
+void tst_markerlist_markers::resultMarkerIsNotShownYet()
+{
+    TestMarkerList list;
+    list.AddResultMarker(3, true, Color(90), true, 0, QString());
+    QVERIFY(list.GetShownMarkers().empty());
+    list.RebuildMarkerList();
+    QCOMPARE(list.GetShownIndices(), Indices{ 3 });
+}
+
+void tst_markerlist_markers::occupiedByAResultMarker()
+{
+    TestMarkerList list;
+    ResultMarker * const marker = list.AddResultMarker(3, true, Color(90), true, 0x8, QStringLiteral("name"));
+    list.SetMustRecalcRulers(false);
+    list.Forget();
+    QCOMPARE(list.AddResultMarker(3, false, Color(91), false, 0x4, QStringLiteral("other")), marker);
+    QVERIFY(marker->GetShowMarkerFlag());
+    QCOMPARE(marker->GetColor(), Color(90));
+    QVERIFY(marker->GetMoveable());
+    QCOMPARE(marker->GetSpecial(), 0x8U);
+    QCOMPARE(marker->GetMarkerName(), QStringLiteral("name"));
+    QVERIFY(!list.GetMustRecalcRulers());
+    QVERIFY(list.m_calls.isEmpty());
+}
+
+void tst_markerlist_markers::occupiedByAPlainMarker()
+{
+    TestMarkerList list;
+    Marker * const plain = list.AddMarker(3);
+    QVERIFY(!list.AddResultMarker(3, false, Color(91), true, 0x4, QStringLiteral("other")));
+    QCOMPARE(list.GetMarker(3), plain);
+    QVERIFY(plain->GetShowMarkerFlag());
+    QCOMPARE(plain->GetColor(), IColorBase::eColorMarker);
+    QVERIFY(plain->GetMarkerName().isEmpty());
+}
+
+void tst_markerlist_markers::resultMarkerTellsOthers()
+{
+    TestMarkerList list;
+    QSignalSpy const states(&list, &MarkerList::signalSetState);
+    list.AddResultMarker(3, true, Color(90), true, 0, QStringLiteral("shown"));
+    QCOMPARE(states.count(), 0);
+    list.AddResultMarker(4, false, Color(90), true, 0, QStringLiteral("hidden"));
+    QCOMPARE(states.count(), 1);
+    QCOMPARE(StateText(states[0]), QStringLiteral("hidden 0 0"));
+}
+
+void tst_markerlist_markers::resultMarkerEndsWhileTold_data()
+{
+    QTest::addColumn<bool>("list");
+    QTest::newRow("with its list") << true;
+    QTest::newRow("alone") << false;
+}
+
+void tst_markerlist_markers::resultMarkerEndsWhileTold()
+{
+    QFETCH(bool, list);
+    auto * const markers = new TestMarkerList;
+    connect(markers, &MarkerList::signalSetState, this, [=] {
+        if (list)
+            delete markers;
+        else
+            markers->DeleteMarker(3);
+    });
+    QVERIFY(!markers->AddResultMarker(3, false, Color(90), true, 0, QStringLiteral("name")));
+    if (!list)
+        delete markers;
+}
+
+void tst_markerlist_markers::removeResultMarker()
+{
+    TestMarkerList list;
+    list.AddResultMarker(3, true, Color(90), true, 0, QString());
+    list.RemoveResultMarker(3);
+    QVERIFY(!list.isIndexValid(3));
+    delete list.AddResultMarker(3, true, Color(90), true, 0, QString()); // by somebody else
+    QVERIFY(!list.isIndexValid(3));
+}
+
+void tst_markerlist_markers::valueOfAResultMarker()
+{
+    TestMarkerList list;
+    ResultMarker * const marker = list.AddResultMarker(3, true, Color(90), true, 0, QString());
+    QCOMPARE(list.GetMarkerValue(3), -1.0);
+    BearingResult const result = ResultFrom(10.0);
+    marker->SetMarkerValue(&result, false);
+    QCOMPARE(list.GetMarkerValue(3), 12.0);
+    QVERIFY(!list.SetEnableMarker(3, false));
+    QVERIFY(!marker->isEnabled());
+}
+
+void tst_markerlist_markers::createResultMarkerList()
+{
+    TestMarkerList list;
+    QVERIFY(!list.GetResultMarkerList());
+    ResultMarkerList * const results =
+        list.CreateResultMarkerList(20, true, Color(90), true, 0x408, QStringLiteral("Result %1"));
+    QVERIFY(results);
+    QCOMPARE(list.GetResultMarkerList(), results);
+    QCOMPARE(results->GetParent(), &list);
+    QVERIFY(!list.isIndexValid(20)); // it makes markers later
+    results->Resize(2);
+    QCOMPARE(list.GetMarker(21)->GetMarkerName(), QStringLiteral("Result 1"));
+    QCOMPARE(list.GetMarker(21)->GetColor(), Color(90));
+    QCOMPARE(list.GetMarker(21)->GetSpecial(), 0x408U);
+    QVERIFY(list.GetMarker(21)->GetMoveable());
+}
+
+void tst_markerlist_markers::earlierResultMarkerListGoesOn()
+{
+    TreeValue<ResultList> const values("results");
+    ResultMarkerList * earlier = nullptr;
+    {
+        TestMarkerList list;
+        list.show();
+        earlier = list.CreateResultMarkerList(10, true, Color(90), true, 0, QStringLiteral("earlier"));
+        QVERIFY(earlier->Set_ValuePath(values.Path()));
+        ResultMarkerList * const later =
+            list.CreateResultMarkerList(20, true, Color(90), true, 0, QStringLiteral("later"));
+        QVERIFY(later != earlier);
+        QCOMPARE(list.GetResultMarkerList(), later);
+        QVERIFY(!later->GetConnected());
+        QVERIFY(earlier->GetConnected());
+        values->SetEntries(Results(1), nullptr);
+        QCOMPARE(list.GetMarker(10)->GetMarkerName(), QStringLiteral("earlier"));
+        QVERIFY(!list.isIndexValidConnected(10)); // connected is asked of the later one
+    }
+    values->SetEntries(Results(2), nullptr); // it outlives the list
+    QVERIFY(!earlier->GetParent());
+    QVERIFY(earlier->Set_ValuePath(QString()) == false);
 }
 
 ORIM_TEST_MAIN(tst_markerlist_markers)
