@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "axisbase.h"
 
+#include "axisaccessible.h"
 #include "axistext.h"
 #include "clientwindow.h"
 #include "colorset.h"
@@ -33,6 +34,7 @@ AxisBase::AxisBase(QWidget * parent, char const * name, unsigned int axisType, i
     , m_shadingColor((axisType & AxisShading) != 0 ? VC::eShadingLevel : VC::eShadingNone)
 {
     setMouseTracking(true);
+    AxisAccessible::Install();
     GuiCentral::Instance(); // the colours must be there before the first axis
     QString const family = GuiBase::Instance().GetFontFamily();
     m_font = QFont(family, fontPointSize);
