@@ -49,6 +49,7 @@ private Q_SLOTS:
 
     void boolOperation_data();
     void boolOperation();
+    void doubleOperandIsNotRounded();
     void boolOperationIsKept();
     void boolOperationGoesWithItsResult();
     void boolOperationWithoutSource();
@@ -120,6 +121,16 @@ void tst_GuiCentralOperations::boolOperation()
         given << result->GetValue();
     }
     QCOMPARE(given, answers);
+}
+
+void tst_GuiCentralOperations::doubleOperandIsNotRounded()
+{
+    GuiCentralAccess central;
+    Insert<Whole>("source")->SetValue(5, nullptr);
+    QVERIFY(Find<Flag>(central.CreateBoolOperation(Path("source"), 5.5, BoolOperation::eLess))->GetValue());
+    QList<double> const several{ 5.5, 6.5 };
+    QVERIFY(Find<Flag>(central.CreateBoolOperation(Path("source"), several, BoolOperation::eLess))->GetValue());
+    QVERIFY(!Find<Flag>(central.CreateBoolOperation(Path("source"), several, BoolOperation::eEqual))->GetValue());
 }
 
 void tst_GuiCentralOperations::boolOperationIsKept()

@@ -24,6 +24,9 @@ class tst_PseudoMarkerList : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+
+    void initTestCase() { qRegisterMetaType<EMarkerState>("EMarkerState"); }
+
     void construction();
     void noValue_data();
     void noValue();
