@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A session of some hundred steps on an axis with six client windows and result markers. After each (every seventh in the
-// short form) of the events and notifications that it causes, one at a time, the axis, its parent, its windows, one of
-// the values or a marker is deleted, and the session goes on with what is left. Qt does not outlive a widget that ends
-// while it is shown, resized or painted: then the widget goes right afterwards.
+// A session of some hundred steps on an axis with six client windows and result markers. After each (every seventh in
+// the short form) of the events and notifications that it causes, one at a time, the axis, its parent, its windows, one
+// of the values or a marker is deleted, and the session goes on with what is left. Qt does not outlive a widget that
+// ends while it is shown, resized or painted: then the widget goes right afterwards.
 
 #include "axisbase.h"
 #include "clientwindow.h"
