@@ -32,6 +32,7 @@ int AxisBase::PixelOf(QMouseEvent const * event) const
     return toInt(std::round(IsHorizontal() ? position.x() : position.y()));
 }
 
+//! Comes last: who hears of the cursor may delete this.
 void AxisBase::ShowBandCursor()
 {
     if (HasDirection())
@@ -58,8 +59,8 @@ void AxisBase::StartBand(int pixel)
 {
     m_mouseMode = MouseBand;
     m_pressPixel = pixel;
+    m_bandStart = pixel;
     ShowBandCursor();
-    m_bandStart = m_pressPixel;
 }
 
 void AxisBase::mouseMoveEvent(QMouseEvent * event)
@@ -71,11 +72,10 @@ void AxisBase::mouseMoveEvent(QMouseEvent * event)
         PanTo(pixel);
     if (m_mouseMode != MouseBand)
         return;
-    if (HasDirection()) {
+    if (HasDirection())
         m_bandEnd = ZoomBand::Clamp(GetSpan(), pixel);
-        ShowBandCursor();
-    }
     update();
+    ShowBandCursor();
 }
 
 void AxisBase::PanTo(int pixel)
@@ -116,8 +116,8 @@ void AxisBase::mouseReleaseEvent(QMouseEvent * event)
     if (m_mouseMode == MouseBand && !EndBand(PixelOf(event)))
         return;
     m_mouseMode = MouseIdle;
-    setCursor(Qt::ArrowCursor);
     update();
+    setCursor(Qt::ArrowCursor);
 }
 
 //! Zooms to the band, or tells of a click. \return whether this still lives.
