@@ -69,7 +69,7 @@ void AxisBase::mouseMoveEvent(QMouseEvent * event)
         return;
     int const pixel = PixelOf(event);
     if (m_mouseMode == MousePan && IsShiftHeld(event))
-        PanTo(pixel);
+        return PanTo(pixel);
     if (m_mouseMode != MouseBand)
         return;
     if (HasDirection())
