@@ -2,43 +2,25 @@
 #include "parkinglist.h"
 
 #include <QObject>
-#include <QPointer>
 
-#include <vector>
-
-namespace {
-
-struct Lot
+ParkingList::Lot::~Lot()
 {
-    std::vector<QPointer<QObject>> objects;
-    std::vector<std::function<void()>> releases;
-
-    ~Lot()
-    {
-        for (auto & object : objects)
-            if (object && !object->parent())
-                delete object.data();
-        for (auto & release : releases)
-            release();
-    }
-};
-
-Lot & TheLot()
-{
-    static Lot lot;
-    return lot;
+    // what is freed may park something else
+    for (std::size_t i = 0; i < m_objects.size(); ++i)
+        if (QObject * const object = m_objects[i]; object && !object->parent())
+            delete object;
+    for (std::size_t i = 0; i < m_releases.size(); ++i)
+        std::function<void()>(std::move(m_releases[i]))();
 }
 
-} // namespace
-
-void ParkingList::Park(QObject * object)
+void ParkingList::Lot::Add(QObject * object)
 {
     if (object)
-        TheLot().objects.emplace_back(object);
+        m_objects.emplace_back(object);
 }
 
-void ParkingList::Park(std::function<void()> release)
+void ParkingList::Lot::Add(std::function<void()> release)
 {
     if (release)
-        TheLot().releases.push_back(std::move(release));
+        m_releases.push_back(std::move(release));
 }

@@ -33,7 +33,11 @@ int Child()
     auto * const early = new Speaker("early");
     ParkingList::Park(early);
     delete early;
-    ParkingList::Park([] { std::puts("released"); });
+    ParkingList::Park([] {
+        for (int i = 0; i < 100; ++i)
+            ParkingList::Park([i] { std::fputs(i == 99 ? "late\n" : "", stdout); });
+        std::puts("released");
+    });
     ParkingList::Park(static_cast<QObject *>(nullptr));
     ParkingList::Park(std::function<void()>());
     std::puts("main ends");
@@ -48,7 +52,7 @@ void tst_ParkingList::freedAtExit()
     child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--child") });
     QVERIFY(child.waitForFinished(10000));
     QCOMPARE(child.exitCode(), 0);
-    QCOMPARE(child.readAllStandardOutput(), QByteArray("early\nmain ends\nparked\nreleased\n"));
+    QCOMPARE(child.readAllStandardOutput(), QByteArray("early\nmain ends\nparked\nreleased\nlate\n"));
 }
 
 int main(int argc, char * argv[])

@@ -125,6 +125,19 @@ void InsertOperation()
     result->AddObserver(&Central());
 }
 
+//! One path of each way to unique values; the numbers count on.
+QStringList MakeUniqueValues()
+{
+    GuiCentral & central = Central();
+    return { central.CreateUniqueValueBoolean(true),
+             central.CreateUniqueValueFloat(1.0, 0.0, 2.0, 0.0),
+             central.CreateUniqueAgeingStepsSelection(),
+             central.CreateBoolOperation(QStringLiteral("/life/source"), 0, BoolOperation::eEqual),
+             central.CreateNumericOperation(QStringLiteral("/life/source"), 1.0, NumericOperation::eAdd),
+             central.CreateNumericCoupler(QStringLiteral("/life/source"), 1.0, NumericCoupler::eOffset),
+             central.CreateSelectionCoupledToBool(QStringLiteral("/life/result"), false) };
+}
+
 int NeverTold()
 {
     Program const program;
@@ -265,6 +278,8 @@ public:
         Expect(!Tree::Instance(), "the tree has gone");
         Expect(!Central().GetValuePath4ID(static_cast<VC::ID>(3)), "no value without a tree");
         Expect(GuiCentralAccess::BoolOperations(Central()).empty(), "the operation went with its result");
+        Expect(MakeUniqueValues().last() == QLatin1String("/GuiCentral/unique/selection/UNIQUE_SELECTION_3"),
+               "paths without a tree");
         Central().slotRestoreDefaultPersistant();
         Mark(1);
     }
@@ -275,6 +290,7 @@ int TreeEndsFirst()
     Central();
     static BetweenThem const between;
     InsertOperation();
+    MakeUniqueValues();
     return 0;
 }
 
@@ -283,6 +299,7 @@ int TreeEndsLast()
     Tree::Instance();
     Mark(1);
     InsertOperation();
+    MakeUniqueValues();
     return 0;
 }
 
@@ -291,8 +308,10 @@ int ToldWithOperations()
     Program program;
     Mark(1);
     InsertOperation();
+    MakeUniqueValues();
     int const code = program.Run();
     Expect(GuiCentralAccess::BoolOperations(Central()).empty(), "no operation is left");
+    Expect(Tree::Instance()->GetPaths(QStringLiteral("/GuiCentral/unique")).isEmpty(), "no unique value is left");
     return code;
 }
 

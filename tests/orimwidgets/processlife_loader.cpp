@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -178,6 +180,25 @@ int UnloadedWithCentralObject()
     return 0;
 }
 
+int UnloadedWithAParkedFilter()
+{
+    Program program;
+    QByteArray contracts(library);
+    contracts.replace("OrimWidgets", "OrimContracts");
+    Expect(dlopen(contracts.constData(), RTLD_NOW | RTLD_LOCAL), "somebody else uses the library below");
+    void * const handle = Load();
+    // a Control without a widget, whose event filter nobody owns, by the names in the library
+    auto const build = reinterpret_cast<void (*)(void *)>(dlsym(handle, "_ZN7ControlC1Ev"));
+    auto const end = reinterpret_cast<void (*)(void *)>(dlsym(handle, "_ZN7ControlD1Ev"));
+    Expect(build && end, "the library has controls");
+    alignas(std::max_align_t) std::array<unsigned char, 4096> room{};
+    build(room.data());
+    end(room.data());
+    Unload(handle);
+    program.Run();
+    return 0; // what the library left behind does not outlive its code
+}
+
 struct Life
 {
     char const * name;
@@ -195,6 +216,7 @@ constexpr Life Lives[] = {
     { "no application", NoApplication },
     { "left open", LeftOpen },
     { "unloaded with its central object", UnloadedWithCentralObject },
+    { "unloaded with a parked filter", UnloadedWithAParkedFilter },
 };
 
 } // namespace

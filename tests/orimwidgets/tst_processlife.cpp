@@ -114,6 +114,7 @@ void tst_ProcessLife::loads_data()
     QTest::newRow("no application") << 0;
     QTest::newRow("left open") << 0;
     QTest::newRow("unloaded with its central object") << 0;
+    QTest::newRow("unloaded with a parked filter") << 0;
 }
 
 void tst_ProcessLife::loads()
