@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator.h"
 
+#include "seedmix.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -98,23 +100,11 @@ constexpr bool AreOnGrid()
 
 static_assert(AreOnGrid(), "a carrier goes on from block to block");
 
-//! A number that looks random of two numbers.
-quint64 Mix(quint64 seed, quint64 number)
-{
-    quint64 z = seed + (number + 1) * 0x9E3779B97F4A7C15ULL;
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
-    return z ^ (z >> 31);
-}
-
 //! A number from 0 to below \a limit.
 qint64 MixBelow(quint64 seed, quint64 number, qint64 limit)
 {
-    return static_cast<qint64>(Mix(seed, number) % static_cast<quint64>(limit));
+    return static_cast<qint64>(SeedMix::Mix(seed, number) % static_cast<quint64>(limit));
 }
-
-//! A number above 0, at most 1.
-double MixPart(quint64 seed, quint64 number) { return (static_cast<double>(Mix(seed, number) >> 11) + 1.0) * 0x1p-53; }
 
 double Amplitude(double level) { return std::pow(10.0, level / 20.0); }
 
@@ -254,7 +244,7 @@ void Simulator::Signals::MakeStanding()
             AmModulator(row.deviation).Modulate(message, baseband.data());
         else
             FmModulator(row.deviation).Modulate(message, baseband.data());
-        AddStanding(row, baseband, MixPart(m_seed, i));
+        AddStanding(row, baseband, SeedMix::Part(m_seed, i));
     }
 }
 
@@ -277,10 +267,10 @@ void Simulator::Signals::AddStanding(EmitterRow const & row, std::vector<Sample>
 void Simulator::Signals::MakeNoise()
 {
     m_noise.resize(NoiseSamples);
-    quint64 const seed = Mix(m_seed, 101);
+    quint64 const seed = SeedMix::Mix(m_seed, 101);
     for (unsigned int n = 0; n < NoiseSamples; ++n) {
-        double const radius = Amplitude(NoiseLevel) * std::sqrt(-std::log(MixPart(seed, 2 * n)));
-        double const angle = 2.0 * Pi * MixPart(seed, 2 * n + 1);
+        double const radius = Amplitude(NoiseLevel) * std::sqrt(-std::log(SeedMix::Part(seed, 2 * n)));
+        double const angle = 2.0 * Pi * SeedMix::Part(seed, 2 * n + 1);
         m_noise[n] = { static_cast<float>(radius * std::cos(angle)), static_cast<float>(radius * std::sin(angle)) };
     }
 }
@@ -289,14 +279,15 @@ void Simulator::Signals::Make(qint64 block, Sample * out)
 {
     auto const number = static_cast<quint64>(block);
     Sample const * const standing = m_standing.data() + (block % CycleBlocks) * BlockSamples;
-    Sample const * const noise = m_noise.data() + MixBelow(Mix(m_seed, 102), number, NoiseSamples - BlockSamples);
+    Sample const * const noise =
+        m_noise.data() + MixBelow(SeedMix::Mix(m_seed, 102), number, NoiseSamples - BlockSamples);
     for (unsigned int n = 0; n < BlockSamples; ++n)
         out[n] = standing[n] + noise[n];
     for (EmitterRow const & row : Rows) {
         if (row.kind == eBurst)
-            AddBurst(row, block, Mix(m_seed, 103), out);
+            AddBurst(row, block, SeedMix::Mix(m_seed, 103), out);
         else if (row.kind == eHopper)
-            AddHopper(row, block, Mix(m_seed, 104), out);
+            AddHopper(row, block, SeedMix::Mix(m_seed, 104), out);
         else if (row.kind == eChirp)
             AddChirp(row, block, out);
     }
@@ -309,7 +300,7 @@ void Simulator::Signals::AddBurst(EmitterRow const & row, qint64 block, quint64 
     qint64 const start = MixBelow(seed, 2 * period + 1, BurstPeriod - length);
     qint64 const at = block % BurstPeriod;
     if (at >= start && at < start + length)
-        AddData(row, row.offset, m_burst, Mix(seed ^ 1, static_cast<quint64>(block)), out);
+        AddData(row, row.offset, m_burst, SeedMix::Mix(seed ^ 1, static_cast<quint64>(block)), out);
 }
 
 void Simulator::Signals::AddHopper(EmitterRow const & row, qint64 block, quint64 seed, Sample * out)
@@ -318,7 +309,7 @@ void Simulator::Signals::AddHopper(EmitterRow const & row, qint64 block, quint64
         return;
     qint64 const channel = MixBelow(seed, static_cast<quint64>(block / HopBlocks), HopChannels) - HopChannels / 2;
     double const offset = row.offset + static_cast<double>(channel) * HopSpacing;
-    AddData(row, offset, m_hopper, Mix(seed ^ 1, static_cast<quint64>(block)), out);
+    AddData(row, offset, m_hopper, SeedMix::Mix(seed ^ 1, static_cast<quint64>(block)), out);
 }
 
 void Simulator::Signals::AddChirp(EmitterRow const & row, qint64 block, Sample * out)

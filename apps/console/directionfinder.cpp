@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "directionfinder.h"
+
+#include "seedmix.h"
+#include "toint.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double FullCircle = 360.0;       // deg
+constexpr double Zenith = 90.0;            // deg
+constexpr double BestQuality = 100.0;      // %
+constexpr double LeastError = 0.3;         // deg of the bearing, at quality 100
+constexpr double QualityError = 3.0;       // %
+constexpr double ClearLevel = 20.0;        // dB above the noise: a weaker one loses quality
+constexpr double QualityLoss = 1.5;        // % a dB
+constexpr double LevelMargin = 3.0;        // dB: a bin that stands higher above its emitter is another's
+constexpr int Guard = 3;                   // bins beside an emitter that its window spreads it into
+constexpr quint64 NumbersAMeasurement = 6; // random ones
+
+//! From -1 to 1, mostly near 0.
+double Error(quint64 seed, quint64 number)
+{
+    return SeedMix::Part(seed, 2 * number) - SeedMix::Part(seed, 2 * number + 1);
+}
+
+double Median(std::vector<double> levels)
+{
+    auto const middle = levels.begin() + static_cast<std::ptrdiff_t>(levels.size() / 2);
+    std::nth_element(levels.begin(), middle, levels.end());
+    return *middle;
+}
+
+double OnCircle(double bearing)
+{
+    double const turned = std::fmod(std::fmod(bearing, FullCircle) + FullCircle, FullCircle);
+    return turned < FullCircle ? turned : 0.0;
+}
+
+void SortByFrequency(std::vector<BearingResult> & results)
+{
+    std::stable_sort(results.begin(), results.end(), [](BearingResult const & a, BearingResult const & b) {
+        return a.GetValue(DirectionFinder::eFrequency) < b.GetValue(DirectionFinder::eFrequency);
+    });
+}
+
+} // namespace
+
+//! The bins of a line, of which each is given to one emitter.
+class DirectionFinder::Channels
+{
+public:
+    explicit Channels(SpectrumLine const & line)
+        : m_line(line)
+        , m_step(line.span / static_cast<double>(line.levels.size()))
+        , m_taken(line.levels.size(), false)
+    {}
+
+    double FrequencyOf(int bin) const { return m_line.centre - m_line.span / 2.0 + bin * m_step; }
+
+    double LevelOf(int bin) const { return m_line.levels[static_cast<std::size_t>(bin)]; }
+
+    //! Highest free bin of an emitter that is not higher than it can be; -1 for none. The bins around are then its own.
+    int Take(SimulatedEmitter const & emitter)
+    {
+        double const half = emitter.bandwidth / 2.0;
+        int const first = BinOf(emitter.frequency - half);
+        int const last = BinOf(emitter.frequency + half);
+        int best = -1;
+        for (int bin = std::max(0, first); bin <= std::min(last, Count() - 1); ++bin) {
+            bool const possible =
+                !m_taken[static_cast<std::size_t>(bin)] && LevelOf(bin) <= emitter.level + LevelMargin;
+            if (possible && (best < 0 || LevelOf(bin) > LevelOf(best)))
+                best = bin;
+        }
+        for (int bin = std::max(0, first - Guard); bin <= std::min(last + Guard, Count() - 1); ++bin)
+            m_taken[static_cast<std::size_t>(bin)] = true;
+        return best;
+    }
+
+private:
+    int Count() const { return static_cast<int>(m_line.levels.size()); }
+
+    //! Nearest bin; one before the first or behind the last, by more than the guard, for a frequency out there.
+    int BinOf(double frequency) const
+    {
+        double const bin = std::round((frequency - m_line.centre + m_line.span / 2.0) / m_step);
+        return toInt(std::clamp(bin, -2.0 * Guard, Count() + 2.0 * Guard));
+    }
+
+    SpectrumLine const & m_line;
+    double m_step; // Hz
+    std::vector<bool> m_taken;
+};
+
+DirectionFinder::DirectionFinder(std::vector<SimulatedEmitter> emitters, quint64 seed)
+    : m_emitters(std::move(emitters))
+    , m_seed(seed)
+{
+    std::stable_sort(m_emitters.begin(), m_emitters.end(),
+                     [](SimulatedEmitter const & a, SimulatedEmitter const & b) { return a.bandwidth < b.bandwidth; });
+}
+
+std::vector<BearingResult> DirectionFinder::Measure(SpectrumLine const & line) const
+{
+    std::vector<BearingResult> results;
+    if (line.levels.empty() || !std::isfinite(line.centre) || !std::isfinite(line.span) || !(line.span > 0.0))
+        return results;
+    double const noise = Median(line.levels);
+    Channels channels(line);
+    for (std::size_t i = 0; i < m_emitters.size(); ++i) {
+        int const bin = channels.Take(m_emitters[i]);
+        if (bin < 0 || !(channels.LevelOf(bin) >= noise + Threshold))
+            continue;
+        bool const isChannel = m_emitters[i].bandwidth <= WidestChannel;
+        double const frequency = isChannel ? m_emitters[i].frequency : channels.FrequencyOf(bin);
+        results.push_back(ResultOf(i, line, frequency, channels.LevelOf(bin), noise));
+    }
+    SortByFrequency(results);
+    return results;
+}
+
+BearingResult DirectionFinder::ResultOf(std::size_t emitter, SpectrumLine const & line, double frequency, double level,
+                                        double noise) const
+{
+    SimulatedEmitter const & source = m_emitters[emitter];
+    quint64 const seed = SeedMix::Mix(m_seed, line.number);
+    quint64 const number = emitter * NumbersAMeasurement;
+    double const loss = std::max(0.0, ClearLevel - (level - noise)) * QualityLoss;
+    double const quality = std::clamp(source.quality - loss + QualityError * Error(seed, number), 0.0, BestQuality);
+    double const width = LeastError + (LargestError - LeastError) * (1.0 - source.quality / BestQuality);
+    double const bearing = OnCircle(source.bearing + width * Error(seed, number + 1));
+    double const elevation = std::clamp(source.elevation + width / 2.0 * Error(seed, number + 2), -Zenith, Zenith);
+    BearingResult result(std::vector<double>(eNumberCount), source.name);
+    result.SetValue(eBearing, bearing);
+    result.SetValue(eElevation, elevation);
+    result.SetValue(eFrequency, frequency);
+    result.SetValue(eQuality, std::round(quality));
+    result.SetValue(eLevel, level);
+    return result;
+}
+
+bool DirectionFinder::Take(SpectrumLine const & line, double now)
+{
+    if (!std::isfinite(now))
+        return false;
+    bool const isBack = m_hasMeasured && now < m_last;
+    if (m_hasMeasured && !isBack && now - m_last < Period)
+        return false;
+    if (isBack)
+        m_sightings.clear();
+    m_hasMeasured = true;
+    m_last = now;
+    for (BearingResult & result : Measure(line)) {
+        auto const same = std::find_if(m_sightings.begin(), m_sightings.end(), [&result](Sighting const & sighting) {
+            return sighting.result.GetText() == result.GetText();
+        });
+        if (same != m_sightings.end())
+            *same = { std::move(result), now };
+        else
+            m_sightings.push_back({ std::move(result), now });
+    }
+    m_sightings.erase(std::remove_if(m_sightings.begin(), m_sightings.end(),
+                                     [now](Sighting const & sighting) { return now - sighting.seen > Hold; }),
+                      m_sightings.end());
+    return true;
+}
+
+std::vector<BearingResult> DirectionFinder::GetResults() const
+{
+    std::vector<BearingResult> results;
+    results.reserve(m_sightings.size());
+    for (Sighting const & sighting : m_sightings)
+        results.push_back(sighting.result);
+    SortByFrequency(results);
+    return results;
+}
