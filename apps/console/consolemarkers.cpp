@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "consolemarkers.h"
 
+#include "connectmarkervisibilityflags.h"
 #include "consolevalues.h"
 #include "frequencyaxis.h"
 #include "shadingbar.h"
@@ -54,9 +55,9 @@ ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, WaterfallPane & waterfal
             AddTo(*list, false);
         if (isScale || list == &spectrum)
             AddTo(*list, true);
-        connect(list, &MarkerList::signalSetState, this,
-                [this, list](QString const & path, EMarkerState m, bool on) { slotState(list, path, m, on); });
+        connect(list, &MarkerList::signalSetState, this, &ConsoleMarkers::slotState);
     }
+    ConnectMarkerVisibilityFlags(m_lists[0], m_lists[1], m_lists[2], m_lists[3], m_lists[4], m_lists[5]);
     for (std::size_t row = 0; row < Count; ++row) {
         m_shown.push_back(std::make_unique<ValueFollower>([this, row] { Show(row, m_shown[row]->Flag(false)); }));
         m_shown.back()->Bind(QLatin1String(MarkerRows[row].shownPath));
@@ -133,12 +134,8 @@ void ConsoleMarkers::slotLineShown()
     }
 }
 
-void ConsoleMarkers::slotState(MarkerList * sender, QString const & path, EMarkerState state, bool value)
+void ConsoleMarkers::slotState(QString const & path, EMarkerState state, bool value)
 {
-    for (MarkerList * const list : m_lists) {
-        if (list != sender)
-            list->slotSetState(path, state, value);
-    }
     for (MarkerRow const & row : MarkerRows) {
         if (state == eMarkerShow && path == QLatin1String(row.path))
             ConsoleValues::SetFlag(row.shownPath, value);

@@ -40,7 +40,7 @@ private:
     void Show(std::size_t row, bool on);
     void Place(std::size_t row);
     bool IsInView(std::size_t row) const;
-    void slotState(MarkerList * sender, QString const & path, EMarkerState state, bool value);
+    void slotState(QString const & path, EMarkerState state, bool value);
 
     SpectrumPane & m_spectrum;
     std::vector<MarkerList *> m_lists; // borrowed

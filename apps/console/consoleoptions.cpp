@@ -19,7 +19,7 @@ struct OptionRow
     char const * letter = nullptr; // second name
 };
 
-constexpr std::array<OptionRow, 15> OptionRows{ {
+constexpr std::array<OptionRow, 16> OptionRows{ {
     { "simulate", nullptr, "Show the simulated receiver. This is the default without a file." },
     { "seed", "NUMBER", "Seed of the simulated receiver, a whole number. Default 1." },
     { "speed", "FACTOR", "Play this many times as fast, 0.01 to 100. Default 1." },
@@ -28,6 +28,7 @@ constexpr std::array<OptionRow, 15> OptionRows{ {
     { "range", "MIN:MAX", "Level range in dBFS, for example -120:0." },
     { "colors", "SET", "Colour set: day, night or contrast." },
     { "markers", nullptr, "Show the markers, placed on the highest signals." },
+    { "windows", nullptr, "Mark the five highest signals with windows." },
     { "size", "WxH", "Size of the window, for example 1280x800." },
     { "screenshot", "FILE.png", "Write a picture of the window to this file, then end." },
     { "after", "SECONDS", "Time before the picture is written. Default 2." },
@@ -239,6 +240,7 @@ void ReadValues(QCommandLineParser const & parser, ConsoleOptions & options)
         reader.Refuse("screenshot", QStringLiteral("the name of a file is wanted"));
     options.verbose = reader.IsSet("verbose");
     options.markers = reader.IsSet("markers");
+    options.windows = reader.IsSet("windows");
     if (reader.IsSet("after") && !reader.IsSet("screenshot"))
         reader.RefuseOption("after", QStringLiteral("needs --screenshot"));
     if (reader.IsSet("seconds") && reader.IsSet("screenshot"))

@@ -43,6 +43,7 @@ struct ConsoleOptions
     double speed = 1.0;
     bool verbose = false;
     bool markers = false; //!< all markers are shown from the start
+    bool windows = false; //!< all windows mark signals from the start
 
     QString screenshot;         //!< picture to write; empty for none
     double after = 2.0;         //!< s until it is written

@@ -3,6 +3,7 @@
 
 #include "colorset.h"
 #include "consolewindow.h"
+#include "signalwindows.h"
 #include "toint.h"
 
 #include <QCoreApplication>
@@ -82,6 +83,8 @@ void ConsoleRun::ApplyOptions()
         if (m_options.markers)
             ConsoleValues::SetFlag(shown, true);
     }
+    if (m_options.windows)
+        m_window.Windows().MarkWhenShown();
     if (m_options.rate)
         ConsoleValues::Set(ConsolePaths::LineRate, *m_options.rate);
     if (m_options.bins)

@@ -4,6 +4,7 @@
 #include "levelgradients.h"
 #include "spectrumengine.h"
 #include "tree.h"
+#include "valuelist.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
 
@@ -25,7 +26,7 @@ struct NumberRow
     double start;
 };
 
-constexpr std::array<NumberRow, 16> NumberRows{ {
+constexpr std::array<NumberRow, 17> NumberRows{ {
     { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
     { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
     { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },
@@ -42,6 +43,7 @@ constexpr std::array<NumberRow, 16> NumberRows{ {
     { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
     { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },
     { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
+    { ConsolePaths::SelectedBearing, -1.0, 7.0, 1.0, -1.0 },
 } };
 
 constexpr double LowestLevel = -160.0; // dBFS
@@ -153,6 +155,8 @@ void ConsoleValues::InsertFlags()
     for (char const * const path :
          { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
         m_paths.push_back(Insert(path, std::make_unique<Value<bool>>(Split(path).second)));
+    m_paths.push_back(Insert(ConsolePaths::Bearings,
+                             std::make_unique<ValueList<BearingResult>>(Split(ConsolePaths::Bearings).second)));
 }
 
 void ConsoleValues::SetBand(FrequencyRange band)
@@ -248,6 +252,7 @@ void ConsoleValues::LimitToBand()
         if (ValueNumeric<double> * const value = Number(path))
             value->SetMinMax(m_band.start, m_band.start + m_band.span, 0.0, nullptr);
     }
+    m_windows.SetBand(m_band);
 }
 
 //! Centre and span have moved: the ends follow, in the order that keeps the start below the stop.

@@ -4,6 +4,7 @@
 
 #include "linecolumns.h"
 #include "valuefollower.h"
+#include "windowvalues.h"
 
 #include <QString>
 
@@ -37,6 +38,9 @@ constexpr char const * LevelMarker = "/console/markers/level";         // dBFS
 constexpr char const * Marker1Shown = "/console/markers/marker1Shown"; // flag, as those below
 constexpr char const * Marker2Shown = "/console/markers/marker2Shown";
 constexpr char const * LevelMarkerShown = "/console/markers/levelShown";
+
+constexpr char const * Bearings = "/console/bearings/results";         // list, by rising frequency
+constexpr char const * SelectedBearing = "/console/bearings/selected"; // number in that list; -1 for none
 
 } // namespace ConsolePaths
 
@@ -87,6 +91,7 @@ private:
     FrequencyRange m_band{ 0.0, 1.0 }; // Hz
     bool m_coupling = false;           // the one form of the frequency range is being told by the other
     std::vector<QString> m_paths;      // what was put into the tree
+    WindowValues m_windows;
     ValueFollower m_levelMin;
     ValueFollower m_levelMax;
     ValueFollower m_centre;

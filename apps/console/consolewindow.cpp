@@ -12,6 +12,7 @@
 #include "numbertexts.h"
 #include "panecolors.h"
 #include "positionbar.h"
+#include "signalwindows.h"
 #include "spectrumpane.h"
 #include "statusline.h"
 #include "toint.h"
@@ -34,6 +35,7 @@ namespace {
 constexpr int StatusPeriod = 1000; // ms
 constexpr QSize StartSize(1100, 760);
 constexpr double Megahertz = 1e6;
+constexpr double MillisecondsASecond = 1e3;
 constexpr double Kilohertz = 1e3;
 constexpr double FullScale = 0.0; // dBFS
 
@@ -63,6 +65,7 @@ ConsoleWindow::ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const &
     FollowValues();
     BindPanes();
     m_pMarkers = new ConsoleMarkers(*m_pSpectrum, *m_pWaterfall, this);
+    m_pWindows = new SignalWindows(*m_pSpectrum, *m_pWaterfall, this);
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ConsoleWindow::slotColorsChanged);
     slotColorsChanged();
     resize(StartSize);
@@ -103,6 +106,12 @@ void ConsoleWindow::BuildControls()
     m_pControls->AddNumber(QStringLiteral("speed"), tr("Speed"), path(ConsolePaths::Speed),
                            { 1.0, " x", 2, 0.25, nullptr });
     m_pControls->AddSelection(QStringLiteral("gradient"), tr("Waterfall"), path(ConsolePaths::Gradient));
+    auto * const mark = new QToolButton(m_pControls);
+    mark->setObjectName(QStringLiteral("mark"));
+    mark->setText(tr("Mark"));
+    mark->setToolTip(tr("Mark the highest signal with a window (Insert)"));
+    connect(mark, &QToolButton::clicked, this, [this] { m_pWindows->Mark(); });
+    m_pControls->AddControl(QString(), mark);
     m_pControls->AddSwitches(tr("Markers"),
                              { { QStringLiteral("marker1"), tr("M1"), path(ConsolePaths::Marker1Shown) },
                                { QStringLiteral("marker2"), tr("M2"), path(ConsolePaths::Marker2Shown) },
@@ -157,6 +166,7 @@ void ConsoleWindow::BindPanes()
         ScaleAxis & levels = pane->GetLevelScale();
         levels.SetDefaultRange(LevelFloor, FullScale);
         connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
+        pane->BindResults();
     }
     ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetFrequencyAxis(), &m_pWaterfall->GetFrequencyAxis() });
     ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetLevelScale(), &m_pWaterfall->GetLevelScale() });
@@ -180,6 +190,12 @@ void ConsoleWindow::FollowValues()
     });
     follow(ConsolePaths::Gradient,
            [] { LevelGradients::Choose(static_cast<int>(ConsoleValues::GetKey(ConsolePaths::Gradient))); });
+}
+
+void ConsoleWindow::FindDirections(std::vector<SimulatedEmitter> emitters, quint64 seed)
+{
+    m_bearings.Find(std::move(emitters), seed);
+    m_clock.start();
 }
 
 void ConsoleWindow::FitLevelRange()
@@ -233,6 +249,9 @@ void ConsoleWindow::slotLines()
     m_pWaterfall->AppendLines(m_batch);
     m_pSpectrum->SetLine(m_batch.back());
     m_pMarkers->slotLineShown();
+    m_pWindows->slotLineShown();
+    if (m_clock.isValid())
+        m_bearings.Take(*m_batch.back(), static_cast<double>(m_clock.elapsed()) / MillisecondsASecond);
     m_stats.AddWork(clock.nsecsElapsed());
 }
 

@@ -2,6 +2,7 @@
 #ifndef ORIM_CONSOLEWINDOW_H
 #define ORIM_CONSOLEWINDOW_H
 
+#include "consolebearings.h"
 #include "consolefigures.h"
 #include "consolevalues.h"
 #include "framestats.h"
@@ -9,6 +10,7 @@
 #include "spectrumline.h"
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <memory>
@@ -20,6 +22,7 @@ class LinePlayer;
 class PositionBar;
 class QComboBox;
 class QSplitter;
+class SignalWindows;
 class SpectrumPane;
 class StatusLine;
 class WaterfallPane;
@@ -39,6 +42,11 @@ public:
 
     //! Fits the level range to the latest line, or to the first one when there is none yet.
     void FitLevelRange();
+
+    //! Has a direction finder look for emitters in the lines.
+    void FindDirections(std::vector<SimulatedEmitter> emitters, quint64 seed);
+
+    SignalWindows & Windows() { return *m_pWindows; }
 
     ConsoleFigures Figures() const;
 
@@ -93,6 +101,9 @@ private:
     PositionBar * m_pPosition = nullptr;
     StatusLine * m_pStatus = nullptr;
     ConsoleMarkers * m_pMarkers = nullptr;
+    SignalWindows * m_pWindows = nullptr;
+    ConsoleBearings m_bearings;
+    QElapsedTimer m_clock; // of the direction finder
 };
 
 #endif

@@ -6,6 +6,7 @@
 #include "memorycfg.h"
 #include "opensource.h"
 #include "persistant.h"
+#include "simulator.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -83,6 +84,8 @@ int main(int argc, char * argv[])
     QApplication::setStyle(QStringLiteral("Fusion"));
     ChooseStore(options);
     ConsoleWindow window(std::make_unique<LinePlayer>(std::move(source)), SourceName(options));
+    if (options.file.isEmpty())
+        window.FindDirections(Simulator::Emitters(), options.seed);
     ConsoleRun run(window, options);
     if (!run.Start())
         return CodeRefused;

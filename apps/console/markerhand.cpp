@@ -37,6 +37,12 @@ bool MarkerHand::CanBeTaken(int index) const
     return marker && marker->GetShowMarker() && marker->GetMoveable();
 }
 
+//! Whether keys choose and step a marker: borders of windows move with these.
+bool MarkerHand::IsRuler(int index) const
+{
+    return CanBeTaken(index) && (m_list.GetMarkerSpecial(index) & eSpecialWindowBorder) == 0;
+}
+
 void MarkerHand::Hold(int index)
 {
     s_held += (index >= 0 ? 1 : 0) - (m_held >= 0 ? 1 : 0);
@@ -139,7 +145,7 @@ void MarkerHand::Cancel()
 //! The marker that a key steps: the current one, else the first that lies so.
 int MarkerHand::ToStep(bool level)
 {
-    auto const fits = [this, level](int index) { return CanBeTaken(index) && IsLevel(index) == level; };
+    auto const fits = [this, level](int index) { return IsRuler(index) && IsLevel(index) == level; };
     int const current = m_list.GetCurrentMarker();
     if (fits(current))
         return current;
@@ -156,7 +162,8 @@ void MarkerHand::MakeCurrent(int index)
 
 void MarkerHand::MakeNextCurrent()
 {
-    std::vector<int> const shown = m_list.GetShownIndices();
+    std::vector<int> shown = m_list.GetShownIndices();
+    shown.erase(std::remove_if(shown.begin(), shown.end(), [this](int index) { return !IsRuler(index); }), shown.end());
     if (shown.empty())
         return;
     auto const current = std::find(shown.begin(), shown.end(), m_list.GetCurrentMarker());

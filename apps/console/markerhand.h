@@ -55,6 +55,7 @@ private:
     void Cancel();
     void MakeCurrent(int index);
     void MakeNextCurrent();
+    bool IsRuler(int index) const;
     int ToStep(bool level);
 
     static int s_held; // markers, in all lists

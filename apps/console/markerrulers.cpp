@@ -18,6 +18,7 @@ namespace {
 constexpr int FlagGap = 2; // px, as all below
 constexpr int FlagSide = 4;
 constexpr int FlagTop = 1;
+constexpr int StubLength = 16;   // of a result without a flag
 constexpr int CasingAlpha = 150; // of 255
 
 QSize FlagSize(QStringList const & texts, QFontMetrics const & metrics)
@@ -50,17 +51,21 @@ void MarkerRulers::Lay(MarkerList & list, Frame const & frame, QFontMetrics cons
         marker->SetRulerRect(QRect());
         if (line < 0)
             continue;
-        bool const strong = marker->GetCurrentMarker() || marker->IsMoving();
+        Kind const kind = source.kind ? source.kind(index) : Kind::eMarker;
+        bool const strong =
+            kind == Kind::eMarker ? marker->GetCurrentMarker() || marker->IsMoving() : kind == Kind::eSelectedResult;
         m_rulers.push_back({ index, level, line, QRect(), source.texts(index), marker->GetQColor(),
-                             marker->GetTextPen()->color(), strong });
-        marker->SetRulerRect(LineRect(m_rulers.back()));
+                             marker->GetTextPen()->color(), strong, kind == Kind::eResult ? StubLength : 0 });
     }
     // the current one is placed first, and painted last
     std::stable_partition(m_rulers.begin(), m_rulers.end(), [](Ruler const & ruler) { return ruler.strong; });
     PlaceFlags(metrics);
+    GrowStubs();
     for (Ruler const & ruler : m_rulers) {
+        Marker * const marker = list.GetMarker(ruler.index);
+        marker->SetRulerRect(LineRect(ruler));
         if (!ruler.flag.isNull())
-            list.GetMarker(ruler.index)->SetRect(ruler.flag);
+            marker->SetRect(ruler.flag);
     }
     std::reverse(m_rulers.begin(), m_rulers.end());
 }
@@ -83,6 +88,16 @@ void MarkerRulers::PlaceFlags(QFontMetrics const & metrics)
     }
 }
 
+//! A short line reaches down to its flag.
+void MarkerRulers::GrowStubs()
+{
+    int const top = ToLogical(m_frame.picture.top(), m_frame.ratio);
+    for (Ruler & ruler : m_rulers) {
+        if (ruler.stub > 0 && !ruler.flag.isNull())
+            ruler.stub = ruler.flag.bottom() + 1 - top;
+    }
+}
+
 //! The line in logical pixels.
 QRect MarkerRulers::LineRect(Ruler const & ruler) const
 {
@@ -90,7 +105,8 @@ QRect MarkerRulers::LineRect(Ruler const & ruler) const
     int const left = ToLogical(picture.left(), m_frame.ratio);
     int const top = ToLogical(picture.top(), m_frame.ratio);
     int const right = ToLogical(picture.right(), m_frame.ratio);
-    int const bottom = ToLogical(picture.bottom(), m_frame.ratio);
+    int const below = ToLogical(picture.bottom(), m_frame.ratio);
+    int const bottom = ruler.stub > 0 ? std::min(below, top + ruler.stub - 1) : below;
     int const line = ToLogical(ruler.line, m_frame.ratio);
     return ruler.level ? QRect(QPoint(left, line), QPoint(right, line))
                        : QRect(QPoint(line, top), QPoint(line, bottom));
@@ -109,8 +125,9 @@ void MarkerRulers::PaintLine(QPainter & painter, Ruler const & ruler) const
 {
     QRect const & picture = m_frame.picture;
     int const width = std::max(1, PaneLayout::ToDevice(1, m_frame.ratio));
+    int const height = ruler.stub > 0 ? PaneLayout::ToDevice(ruler.stub, m_frame.ratio) : picture.height();
     QRect const line = ruler.level ? QRect(picture.left(), ruler.line, picture.width(), width)
-                                   : QRect(ruler.line, picture.top(), width, picture.height());
+                                   : QRect(ruler.line, picture.top(), width, height);
     QRect const casing = ruler.level ? line.adjusted(0, -width, 0, width) : line.adjusted(-width, 0, width, 0);
     QColor around = ruler.ink;
     around.setAlpha(CasingAlpha);

@@ -25,8 +25,17 @@ public:
         QRect flag; // logical pixels; null when it has no room
         QStringList texts;
         QColor color;
-        QColor ink;  // on that colour
-        bool strong; // the current one and those that move
+        QColor ink;   // on that colour
+        bool strong;  // the current one, those that move, and the selected result
+        int stub = 0; // px of a line that does not cross the picture, from its top; 0 for one that does
+    };
+
+    //! How a ruler is painted.
+    enum class Kind
+    {
+        eMarker,
+        eResult,        // a short line
+        eSelectedResult // strong, across the picture
     };
 
     //! Where rulers are painted.
@@ -43,6 +52,7 @@ public:
     {
         std::function<int(bool level, double value)> line; // device pixels; -1 outside the picture
         std::function<QStringList(int index)> texts;       // of the flag; none: no flag
+        std::function<Kind(int index)> kind = nullptr;     // null: all are markers
     };
 
     //! Lays the shown markers of a list. Each learns its pixel, its label and its line, by which it can be taken.
@@ -58,6 +68,7 @@ private:
     void PaintLine(QPainter & painter, Ruler const & ruler) const;
     void PaintFlag(QPainter & painter, Ruler const & ruler, QColor const & ground, QColor const & text) const;
     QRect LineRect(Ruler const & ruler) const;
+    void GrowStubs();
 
     Frame m_frame{ {}, 1.0, {}, {} };
     std::vector<Ruler> m_rulers;

@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "rangepane.h"
 
+#include "consolebearings.h"
+#include "consolevalues.h"
 #include "frequencyaxis.h"
+#include "numbertexts.h"
 #include "qtcompat.h"
+#include "resultmarker.h"
+#include "resultmarkerlist.h"
 #include "shadingbar.h"
 #include "toint.h"
+#include "tree.h"
+#include "windowvalues.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -30,6 +37,10 @@ RangePane::RangePane(QWidget * parent)
     , m_pFrequencyAxis(new FrequencyAxis(this))
     , m_colors{ Qt::black, Qt::black, Qt::white, Qt::darkGray, Qt::green, Qt::yellow }
     , m_hand(*this)
+    , m_frames(*this)
+    , m_windowHand(*this)
+    , m_resultHand(*this)
+    , m_selected([this] { HighlightResult(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
@@ -110,7 +121,8 @@ void RangePane::AskForRebuild()
 void RangePane::updateWidget()
 {
     SetMustRecalcRulers(true);
-    MarkerList::updateWidget();
+    update(LogicalPicture());
+    update(LevelFlagRoom());
 }
 
 void RangePane::RepairDrawing()
@@ -131,6 +143,7 @@ void RangePane::Refresh()
     layout.first = m_pictureRect.left();
     layout.last = m_pictureRect.right();
     m_columns = PixelMap(layout);
+    m_windowHand.SetRoom(LogicalPicture());
     SetMustRecalcRulers(true);
     Rebuild();
 }
@@ -238,12 +251,75 @@ void RangePane::LayRulers()
     QRect const picture = LogicalPicture();
     MarkerRulers::Frame const frame{ m_pictureRect, m_ratio,
                                      picture.adjusted(FlagInset, FlagInset, -FlagInset, -FlagInset), LevelFlagRoom() };
-    MarkerRulers::Source const source{ [this](bool level, double value) {
-                                          return level ? RowOf(value) : ColumnOf(value);
-                                      },
-                                       [this](int index) { return FlagTexts(index); } };
+    MarkerRulers::Source const source{
+        [this](bool level, double value) { return level ? RowOf(value) : ColumnOf(value); },
+        [this](int index) { return TextsOf(index); }, [this](int index) { return KindOf(index); }
+    };
     m_rulers.Lay(*this, frame, fontMetrics(), source);
     SetMustRecalcRulers(false);
+}
+
+bool RangePane::BindResults()
+{
+    CreateResultMarkerList(eFree33, true, IColorBase::eColorResult, false, eSpecialX, QStringLiteral("R%1"));
+    FollowResults();
+    return GetResultMarkerList()->GetConnected();
+}
+
+//! Binds anew: the markers catch up with what they missed while this was hidden.
+void RangePane::FollowResults()
+{
+    ResultMarkerList * const results = GetResultMarkerList();
+    if (!results)
+        return;
+    results->SetSelector_ValuePath(QLatin1String(ConsolePaths::SelectedBearing));
+    results->Set_ValuePath(QLatin1String(ConsolePaths::Bearings));
+    m_selected.Bind(QLatin1String(ConsolePaths::SelectedBearing)); // after those, to hear of a change after them
+}
+
+//! The markers take their colours with the next change of the list, which may be far off.
+void RangePane::HighlightResult()
+{
+    Tree const * const tree = Tree::Instance();
+    auto * const list = tree ? tree->FindAs<ValueList<BearingResult>>(QLatin1String(ConsolePaths::Bearings)) : nullptr;
+    if (GetResultMarkerList() && list)
+        GetResultMarkerList()->Update(list, eItemsChanged);
+}
+
+MarkerRulers::Kind RangePane::KindOf(int index) const
+{
+    int const result = ResultHand::ResultOf(index);
+    if (result < 0)
+        return MarkerRulers::Kind::eMarker;
+    return result == ConsoleBearings::Selected() ? MarkerRulers::Kind::eSelectedResult : MarkerRulers::Kind::eResult;
+}
+
+QStringList RangePane::TextsOf(int index) const
+{
+    int const result = ResultHand::ResultOf(index);
+    auto const * const marker = result < 0 ? nullptr : dynamic_cast<ResultMarker const *>(GetMarker(index));
+    if (marker)
+        return ResultTexts(*marker, result == ConsoleBearings::Selected());
+    return WindowHand::WindowOf(index) < 0 ? FlagTexts(index) : BorderTexts(index);
+}
+
+QStringList RangePane::ResultTexts(ResultMarker const & marker, bool selected) const
+{
+    Q_UNUSED(marker)
+    Q_UNUSED(selected)
+    return {};
+}
+
+//! The window in focus tells where it stands: the frequency at its lower border, its width at the other.
+QStringList RangePane::BorderTexts(int index) const
+{
+    int const window = WindowHand::WindowOf(index);
+    if (window != WindowValues::Focused())
+        return {};
+    FrequencyRange const range = WindowValues::RangeOf(window);
+    QString const width = QStringLiteral("\u0394 ") + NumberTexts::FrequencyWithUnit(range.span, HertzAPixel());
+    QString const place = NumberTexts::FrequencyWithUnit(GetMarkerValue(index), HertzAPixel());
+    return GetMarkerValue(index) > range.start ? QStringList{ place, width } : QStringList{ place };
 }
 
 void RangePane::PaintOver(QPainter & painter)
@@ -252,10 +328,12 @@ void RangePane::PaintOver(QPainter & painter)
         LayRulers();
     painter.setFont(font());
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_frames.Paint(painter, LogicalPicture());
     m_pFrequencyAxis->DimBesideBand(painter, LogicalPicture());
     if (RowOf(m_levelMin) >= 0) // levels have rows here
         m_pLevelScale->DimBesideBand(painter, LogicalPicture());
     m_rulers.Paint(painter, m_colors.ground, m_colors.text);
+    m_frames.PaintLabels(painter, m_colors.ground, m_colors.text);
     if (!hasFocus() || m_pictureRect.isEmpty())
         return;
     painter.setPen(QPen(m_colors.text, 1.0, Qt::DotLine));
@@ -272,6 +350,7 @@ void RangePane::resizeEvent(QResizeEvent * event)
 void RangePane::showEvent(QShowEvent * event)
 {
     MarkerList::showEvent(event);
+    FollowResults();
     ResetAllPixelValues(0); // values may have moved while they were hidden
     SetMustRecalcRulers(true);
     Refresh();
@@ -307,10 +386,18 @@ void RangePane::HandOn(QMouseEvent const * event)
         unsetCursor();
 }
 
+//! Markers of the operator come before results, and these before windows. \return whether one was taken.
+bool RangePane::TakePress(QMouseEvent const * event)
+{
+    int const marker = m_hand.Under(Position(event).toPoint());
+    bool const isResult = marker < 0 && m_resultHand.Press(event);
+    return isResult || m_windowHand.Press(event, marker) || m_hand.Press(event);
+}
+
 void RangePane::mousePressEvent(QMouseEvent * event)
 {
     bool const isPan = (event->modifiers() & Qt::ShiftModifier) != 0;
-    if ((isPan || !m_hand.Press(event)) && LogicalPicture().contains(Position(event).toPoint()))
+    if ((isPan || !TakePress(event)) && LogicalPicture().contains(Position(event).toPoint()))
         HandOn(event);
 }
 
@@ -318,20 +405,20 @@ void RangePane::mouseMoveEvent(QMouseEvent * event)
 {
     if (m_pFrequencyAxis->IsDragged())
         HandOn(event);
-    else
+    else if (!m_windowHand.Move(event))
         m_hand.Move(event);
 }
 
 void RangePane::mouseReleaseEvent(QMouseEvent * event)
 {
-    if (!m_hand.Release(event))
+    if (!m_windowHand.Release(event) && !m_hand.Release(event))
         HandOn(event);
 }
 
 //! The second press of a double click takes a marker as the first does.
 void RangePane::mouseDoubleClickEvent(QMouseEvent * event)
 {
-    if (!m_hand.Press(event) && LogicalPicture().contains(Position(event).toPoint()))
+    if (!TakePress(event) && LogicalPicture().contains(Position(event).toPoint()))
         HandOn(event);
 }
 
@@ -347,16 +434,21 @@ ResortPopupMenu * RangePane::GetContextMenu()
 
 void RangePane::keyPressEvent(QKeyEvent * event)
 {
+    if (event->key() == Qt::Key_Insert) {
+        Q_EMIT signalMark();
+        return;
+    }
     bool const taken = m_pFrequencyAxis->TakeKey(event) ||
                        ((event->modifiers() & Qt::ControlModifier) != 0 && m_pLevelScale->TakeKey(event)) ||
-                       m_hand.KeyPress(event) || ScaleAxis::OpenMenuByKey(*this, event, LogicalPicture().center());
+                       m_resultHand.KeyPress(event) || m_windowHand.KeyPress(event) || m_hand.KeyPress(event) ||
+                       ScaleAxis::OpenMenuByKey(*this, event, LogicalPicture().center());
     if (!taken)
         MarkerList::keyPressEvent(event);
 }
 
 void RangePane::keyReleaseEvent(QKeyEvent * event)
 {
-    if (!m_hand.KeyRelease(event))
+    if (!m_windowHand.KeyRelease(event) && !m_hand.KeyRelease(event))
         MarkerList::keyReleaseEvent(event);
 }
 
@@ -368,6 +460,7 @@ void RangePane::focusInEvent(QFocusEvent * event)
 
 void RangePane::focusOutEvent(QFocusEvent * event)
 {
+    m_windowHand.LetGo();
     m_hand.LetGo();
     m_pFrequencyAxis->DropDrag();
     MarkerList::focusOutEvent(event);

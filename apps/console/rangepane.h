@@ -8,11 +8,16 @@
 #include "markerrulers.h"
 #include "panelayout.h"
 #include "pixelmap.h"
+#include "resulthand.h"
+#include "valuefollower.h"
+#include "windowframes.h"
+#include "windowhand.h"
 
 class FrameStats;
 class FrequencyAxis;
 class QImage;
 class ResortPopupMenu;
+class ResultMarker;
 class ScaleAxis;
 
 //! Base of the panes over a frequency range and a level range: a picture with its frequency scale below and its level
@@ -63,6 +68,12 @@ public:
     //! Device pixels a logical pixel.
     double GetRatio() const { return m_ratio; }
 
+    //! Shows the results of the direction finder from now on. \return whether they were found.
+    bool BindResults();
+
+    //! The windows that mark signals.
+    WindowFrames & GetWindowFrames() { return m_frames; }
+
     FrequencyAxis & GetFrequencyAxis() { return *m_pFrequencyAxis; }
 
     //! The scale of the levels: it stands beside the picture.
@@ -80,6 +91,10 @@ public:
     void GetCurrentStartStop(int direction, double & start, double & stop) override;
     void slotSetState(QString path, EMarkerState m, bool value) override;
 
+Q_SIGNALS:
+    //! The operator wants a signal marked with a window.
+    void signalMark();
+
 protected:
     //! Where level and scales stand around the picture.
     virtual PaneMargins Margins() const = 0;
@@ -93,6 +108,8 @@ protected:
     virtual double LevelAt(double row) const;
     //! Texts of the flag of a marker; none: it has no flag.
     virtual QStringList FlagTexts(int index) const = 0;
+    //! Texts of the flag of a result; none here.
+    virtual QStringList ResultTexts(ResultMarker const & marker, bool selected) const;
     //! Where flags of level lines may stand, logical pixels; nowhere here.
     virtual QRect LevelFlagRoom() const;
 
@@ -144,6 +161,12 @@ private:
     void PlaceScales();
     void LayRulers();
     void HandOn(QMouseEvent const * event);
+    bool TakePress(QMouseEvent const * event);
+    MarkerRulers::Kind KindOf(int index) const;
+    QStringList TextsOf(int index) const;
+    QStringList BorderTexts(int index) const;
+    void FollowResults();
+    void HighlightResult();
 
     FrequencyAxis * m_pFrequencyAxis = nullptr; // a child, as the next
     ScaleAxis * m_pLevelScale = nullptr;
@@ -159,6 +182,10 @@ private:
     PixelMap m_columns; // device pixels of the pane
     MarkerRulers m_rulers;
     MarkerHand m_hand;
+    WindowFrames m_frames;
+    WindowHand m_windowHand;
+    ResultHand m_resultHand;
+    ValueFollower m_selected; // number of the selected result
 };
 
 #endif

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "spectrumpane.h"
 
+#include "bearingtexts.h"
+#include "consolebearings.h"
 #include "framestats.h"
 #include "frequencyaxis.h"
 #include "levelaxis.h"
 #include "numbertexts.h"
+#include "resultmarker.h"
+#include "signalextent.h"
 #include "traceraster.h"
 
 #include <QElapsedTimer>
@@ -23,6 +27,8 @@ constexpr int ReadOutGap = 2;   // px, as all below
 constexpr int FlagGap = 3;
 constexpr int PeakMark = 4;       // half the width of the mark over the peak
 constexpr double FillPart = 0.28; // of the trace colour in the ground below it
+constexpr int LeastMark = 12;     // px, of a window around a signal
+constexpr int ReadOutSpace = 16;  // px, between two read-outs
 constexpr double LevelStep = 0.1; // dB, of what is read out
 
 SpectrumPane::Peak NoPeak()
@@ -217,6 +223,21 @@ SpectrumPane::Peak SpectrumPane::FindPeakBeside(double frequency, double distanc
     return best;
 }
 
+FrequencyRange SpectrumPane::FindSignalBeside(std::vector<FrequencyRange> const & ranges) const
+{
+    FrequencyRange const view = GetFrequencyRange();
+    double const step = view.span / static_cast<double>(std::max<std::size_t>(1, m_levels.size()));
+    std::vector<bool> taken(m_levels.size());
+    for (std::size_t column = 0; column < taken.size(); ++column) {
+        double const left = view.start + step * static_cast<double>(column);
+        taken[column] = std::any_of(ranges.begin(), ranges.end(), [left, step](FrequencyRange const & range) {
+            return left <= range.start + range.span && left + step >= range.start;
+        });
+    }
+    SignalExtent const signal = FindSignal(m_levels, taken, PaneLayout::ToDevice(LeastMark, GetRatio()));
+    return { view.start + step * signal.first, step * (signal.last + 1 - signal.first) };
+}
+
 double SpectrumPane::ReadLevelAt(double frequency) const
 {
     int const column = ColumnOf(frequency) - GetPictureRect().left();
@@ -253,6 +274,34 @@ QString SpectrumPane::DeltaText(int index) const
         text += QStringLiteral("  %1%2 dB")
                     .arg(rise < 0.0 ? QString() : QStringLiteral("+"), NumberTexts::Level(rise, LevelStep));
     return text;
+}
+
+QStringList SpectrumPane::ResultTexts(ResultMarker const & marker, bool selected) const
+{
+    double const bearing = marker.GetValue(DirectionFinder::eBearing);
+    if (!selected)
+        return { BearingTexts::Bearing(bearing, 0) };
+    return { BearingTexts::Bearing(bearing, 1),
+             NumberTexts::FrequencyWithUnit(marker.GetValue(DirectionFinder::eFrequency), HertzAPixel()) };
+}
+
+QString SpectrumPane::BearingReadOut() const
+{
+    BearingResult const * const result = ConsoleBearings::At(ConsoleBearings::Selected());
+    if (!result)
+        return {};
+    QString const bearing = BearingTexts::Bearing(result->GetValue(DirectionFinder::eBearing), 1);
+    QString const elevation = BearingTexts::Elevation(result->GetValue(DirectionFinder::eElevation));
+    QString const quality = BearingTexts::Quality(result->GetValue(DirectionFinder::eQuality));
+    int const peak = std::isnan(m_peak.level) ? 0 : fontMetrics().horizontalAdvance(PeakText()) + ReadOutSpace;
+    int const room = LogicalPicture().width() - peak;
+    for (QString const & text :
+         { tr("%1  bearing %2  elevation %3  quality %4").arg(result->GetText(), bearing, elevation, quality),
+           tr("%1  el %2  q %3").arg(bearing, elevation, quality), bearing }) {
+        if (fontMetrics().horizontalAdvance(text) <= room)
+            return text;
+    }
+    return {};
 }
 
 QString SpectrumPane::PeakText() const
@@ -294,6 +343,15 @@ void SpectrumPane::PaintReadOut(QPainter & painter) const
     painter.drawText(strip, Qt::AlignRight | Qt::AlignVCenter, text);
 }
 
+//! Stands at the left of the same strip.
+void SpectrumPane::PaintBearing(QPainter & painter) const
+{
+    QString const text = BearingReadOut();
+    QRect const picture = LogicalPicture();
+    painter.setPen(ColorSet::Instance()[IColorBase::eColorReadOut]);
+    painter.drawText(QRect(picture.left(), 0, picture.width(), picture.top()), Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
 void SpectrumPane::paintEvent(QPaintEvent * event)
 {
     Q_UNUSED(event)
@@ -306,6 +364,7 @@ void SpectrumPane::paintEvent(QPaintEvent * event)
     DrawPixels(painter, QPoint(0, 0), m_picture);
     painter.restore();
     PaintOver(painter);
+    PaintBearing(painter);
     painter.end();
     if (Stats())
         Stats()->AddWork(clock.nsecsElapsed());

@@ -39,6 +39,13 @@ public:
     //! there is none.
     Peak FindPeakBeside(double frequency, double distance) const;
 
+    //! The highest signal of the line shown outside some ranges; no wider than 0 when there is none.
+    FrequencyRange FindSignalBeside(std::vector<FrequencyRange> const & ranges) const;
+
+    //! What is read out of the selected result of the direction finder, as far as it fits beside the peak; empty when
+    //! none is selected.
+    QString BearingReadOut() const;
+
     //! Id of the timer of the read-out.
     int GetPeakTimerId() const { return m_peakTimer.timerId(); }
 
@@ -59,6 +66,7 @@ protected:
     int RowOf(double level) const override;
     double LevelAt(double row) const override;
     QStringList FlagTexts(int index) const override;
+    QStringList ResultTexts(ResultMarker const & marker, bool selected) const override;
     QRect LevelFlagRoom() const override;
     void paintEvent(QPaintEvent * event) override;
     void timerEvent(QTimerEvent * event) override;
@@ -70,6 +78,7 @@ private:
     void PaintTrace();
     void PaintPeak(QPainter & painter) const;
     void PaintReadOut(QPainter & painter) const;
+    void PaintBearing(QPainter & painter) const;
     void PaintPicture();
     void FindPeak();
     int BinAt(int column) const;

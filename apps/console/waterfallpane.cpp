@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "waterfallpane.h"
 
+#include "bearingtexts.h"
+#include "directionfinder.h"
 #include "framestats.h"
 #include "guibase.h"
 #include "levelgradients.h"
 #include "numbertexts.h"
+#include "resultmarker.h"
 #include "shadingbar.h"
 #include "timeaxis.h"
 
@@ -83,6 +86,13 @@ QStringList WaterfallPane::FlagTexts(int index) const
 {
     QString const value = NumberTexts::FrequencyWithUnit(GetMarkerValue(index), HertzAPixel());
     return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') + value };
+}
+
+//! The newest rows lie where flags hang: only the selected result has one.
+QStringList WaterfallPane::ResultTexts(ResultMarker const & marker, bool selected) const
+{
+    return selected ? QStringList{ BearingTexts::Bearing(marker.GetValue(DirectionFinder::eBearing), 1) }
+                    : QStringList();
 }
 
 void WaterfallPane::Rebuild()

@@ -49,6 +49,7 @@ protected:
     PaneMargins Margins() const override;
     void PlaceLevelScale(QRect const & picture) override;
     QStringList FlagTexts(int index) const override;
+    QStringList ResultTexts(ResultMarker const & marker, bool selected) const override;
     void paintEvent(QPaintEvent * event) override;
 
 private:
