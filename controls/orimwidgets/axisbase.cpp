@@ -2,6 +2,7 @@
 #include "axisbase.h"
 
 #include "axisaccessible.h"
+#include "axisrangedisplay.h"
 #include "axistext.h"
 #include "clientwindow.h"
 #include "colorset.h"
@@ -233,8 +234,11 @@ void AxisBase::resizeEvent(QResizeEvent * event)
     SetMustRecalcRulers(true);
     if (m_pPixPerSecondValue)
         SetStopValue(TimeSpanEnd());
-    if (!life.IsOver())
-        Q_EMIT redrawBars();
+    if (life.IsOver())
+        return;
+    if (IsAxisRangeVisible())
+        m_pAxisRangeDisplay->resize(event->size());
+    Q_EMIT redrawBars();
 }
 
 // Look

@@ -28,6 +28,7 @@
 #include <vector>
 
 class AxisPropertyPage;
+class AxisRangeDisplay;
 class ClientWindow;
 class QIcon;
 class QPainter;
@@ -340,6 +341,15 @@ public:
     //! An empty text; the argument is ignored.
     QString TimeString4Value(int value);
 
+    //! The range display that belongs to this axis; not owned. A display registers itself, and takes itself off again.
+    //! Its time format follows the range, and its size that of the axis while it is visible. \param display  null for
+    //! none.
+    void SetAxisRangeDisplay(AxisRangeDisplay * display);
+    //! Null without one, and once it has gone.
+    AxisRangeDisplay * GetAxisRangeDisplay() const;
+    //! Whether there is one and it is visible.
+    bool IsAxisRangeVisible() const;
+
     // Menu and settings page
 
     //! Builds the context menu anew: the markers with eSpecialInMenu, the ranges to zoom to when zooming is enabled,
@@ -441,6 +451,9 @@ public Q_SLOTS:
     void slotAcceptPropertyChanges() override;
     //! Takes the colours anew, finds the tics and drops the picture.
     void slotRefreshPixmapNow();
+    //! Shows the range display, or hides it. \return false without one, and while this axis itself is hidden.
+    virtual bool slotShowAxisRangeDisplay(bool show = true);
+    virtual bool slotHideAxisRangeDisplay();
     //! Shows the settings in a modal dialog, and returns when that is closed. The axis may end meanwhile.
     virtual void slotShowProperties();
     //! Shows a marker of the pane of the menu when it is hidden, or hides it; all lists hear of it. One with
@@ -591,7 +604,8 @@ protected:
     ValueNumeric<double> * m_pDefaultStop = nullptr;
     ValueNumeric<double> * m_pDeviceStart = nullptr;
     ValueNumeric<double> * m_pDeviceStop = nullptr;
-    int m_timeFormat = eTimeFormat11; // any number that was set
+    int m_timeFormat = eTimeFormat11;               // any number that was set
+    QPointer<AxisRangeDisplay> m_pAxisRangeDisplay; // borrowed
     int m_resultPanelPixel = -1;
     double m_resultPanelValue = 0.0;
     QPointer<ResortPopupMenu> m_pSingleMarkerMenu; // child of the widget

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "axisbase.h"
 
+#include "axisrangedisplay.h"
+
 void AxisBase::SetTimeDisplayFormat(AxisBase::TimeFormat format)
 {
     m_timeFormat = format;
@@ -9,6 +11,8 @@ void AxisBase::SetTimeDisplayFormat(AxisBase::TimeFormat format)
     m_unitText = QString::fromLatin1(texts.label);
     if (texts.date)
         m_dateFormatString = QString::fromLatin1(texts.date);
+    if (m_pAxisRangeDisplay)
+        m_pAxisRangeDisplay->SetFormatString(m_timeFormatString);
     m_showUnit = true;
 }
 
@@ -20,8 +24,11 @@ int AxisBase::GetAxisValues4TimeStamps(double * start, double * stop, int * mino
         return 0;
     bool const isOther = row->format != m_timeFormat;
     m_timeFormat = row->format; // where there are no tics, the texts of the format before stay
-    if (row->step == 0)
+    if (row->step == 0) {
+        if (isOther && m_pAxisRangeDisplay)
+            m_pAxisRangeDisplay->SetFormatString(m_timeFormatString);
         return 0;
+    }
     if (isOther)
         SetTimeDisplayFormat(static_cast<TimeFormat>(row->format));
     TimeTics::Tics const tics = TimeTics::Find(*start, *stop, row->step);
@@ -39,3 +46,22 @@ int AxisBase::GetAxisValues4TimeStamps(double * start, double * stop, int * mino
 }
 
 QString AxisBase::TimeString4Value(int /*value*/) { return {}; }
+
+// The range display
+
+void AxisBase::SetAxisRangeDisplay(AxisRangeDisplay * display) { m_pAxisRangeDisplay = display; }
+
+AxisRangeDisplay * AxisBase::GetAxisRangeDisplay() const { return m_pAxisRangeDisplay; }
+
+bool AxisBase::IsAxisRangeVisible() const { return m_pAxisRangeDisplay && m_pAxisRangeDisplay->isVisible(); }
+
+bool AxisBase::slotShowAxisRangeDisplay(bool show)
+{
+    if (!m_pAxisRangeDisplay || isHidden())
+        return false;
+    if (m_pAxisRangeDisplay->isHidden() == show)
+        m_pAxisRangeDisplay->setVisible(show);
+    return true;
+}
+
+bool AxisBase::slotHideAxisRangeDisplay() { return slotShowAxisRangeDisplay(false); }

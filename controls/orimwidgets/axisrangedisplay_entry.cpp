@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "axisrangedisplay.h"
+
+#include "axisbase.h"
+#include "axistext.h"
+#include "datetime.h"
+#include "guibase.h"
+#include "suffixeddouble.h"
+#include "undorecording.h"
+#include "vclabel.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int WidestField = 100;
+constexpr int MostDigits = 17;
+constexpr double MicrosecondsOfSecond = 1e6;
+
+//! Reads a span of time, us: "12.5" (s), "1:30", "1:02:03.5".
+bool ReadSpan(QString const & text, double & span)
+{
+    QStringList const parts = text.split(QLatin1Char(':'));
+    if (parts.size() > 3)
+        return false;
+    double seconds = 0.0;
+    for (QString const & part : parts) {
+        bool ok = false;
+        double const number = QLocale::c().toDouble(part.trimmed(), &ok);
+        if (!ok || !std::isfinite(number))
+            return false;
+        seconds = seconds * 60.0 + number;
+    }
+    span = seconds * MicrosecondsOfSecond;
+    return std::isfinite(span);
+}
+
+} // namespace
+
+// Format
+
+QString AxisRangeDisplay::SpanFormat() { return QStringLiteral("mm:ss.zzz"); }
+
+void AxisRangeDisplay::SetPixelToValueServer(AxisBase * axis)
+{
+    m_server = Watch(axis);
+    ShowValues();
+}
+
+void AxisRangeDisplay::SetConverter(SuffixedDouble * converter)
+{
+    m_pConverter = converter;
+    ShowValues();
+}
+
+void AxisRangeDisplay::SetFormat(int width, int precision)
+{
+    m_width = std::clamp(width, -WidestField, WidestField);
+    m_precision = std::clamp(precision, 0, MostDigits);
+    ShowValues();
+}
+
+void AxisRangeDisplay::SetFormatString(QString const & format)
+{
+    m_formatString = format;
+    ShowValues();
+}
+
+void AxisRangeDisplay::SetFormatStringForFixedSize(QString const & format)
+{
+    m_fixedFormat = format;
+    AdaptFontSize();
+    SetFormatString(format);
+}
+
+SuffixedDouble const * AxisRangeDisplay::Converter() const
+{
+    AxisBase const * const server = m_server.Get();
+    return m_pConverter ? m_pConverter : server ? server->GetConverter() : nullptr;
+}
+
+double AxisRangeDisplay::DisplayFactor() const
+{
+    AxisBase const * const server = m_server.Get();
+    return server ? server->GetDisplayFactor() : 1.0;
+}
+
+void AxisRangeDisplay::write(VCLabel * label, double value)
+{
+    if (!label)
+        return;
+    double const shown = value * DisplayFactor();
+    if (!std::isfinite(shown))
+        label->setText(QStringLiteral("---"));
+    else if (SuffixedDouble const * const converter = Converter())
+        label->setText(converter->GetSignificantStringNoSuffix(shown));
+    else
+        label->setText(QStringLiteral("%1").arg(shown, m_width, 'f', m_precision));
+}
+
+QString AxisRangeDisplay::TimeText(double value, QString const & format, bool isSpan) const
+{
+    long long const zone = isSpan ? 0 : GuiBase::Instance().GetTimeZoneValue();
+    return Orim::DateTime(AxisText::TimeStamp(value)).toString(format, zone);
+}
+
+// Entry
+
+bool AxisRangeDisplay::eventFilter(QObject * watched, QEvent * event)
+{
+    QEvent::Type const type = event->type();
+    int const key = type == QEvent::KeyPress ? static_cast<QKeyEvent *>(event)->key() : 0;
+    if (watched == m_pEntry) {
+        if (key != Qt::Key_Escape)
+            return false;
+        CloseEntry();
+        return true;
+    }
+    bool const isOpening =
+        type == QEvent::MouseButtonDblClick || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2;
+    if (!isOpening || !(watched == m_pDifference || watched == m_pCenter))
+        return QWidget::eventFilter(watched, event);
+    OpenEntry(watched == m_pCenter ? m_pCenter : m_pDifference);
+    return true;
+}
+
+void AxisRangeDisplay::OpenEntry(VCLabel * label)
+{
+    if (!IsReady())
+        return;
+    m_pEntered = label;
+    m_pEntry->setGeometry(label->geometry());
+    m_pEntry->setText(EntryText(label == m_pCenter));
+    m_pEntry->show();
+    m_pEntry->raise();
+    m_pEntry->selectAll();
+    m_pEntry->setFocus();
+}
+
+void AxisRangeDisplay::CloseEntry()
+{
+    VCLabel * const label = m_pEntered;
+    m_pEntered = nullptr; // so that what the loss of the focus finishes is not taken
+    bool const hadFocus = m_pEntry->hasFocus();
+    m_pEntry->hide();
+    if (label && hadFocus)
+        label->setFocus();
+}
+
+void AxisRangeDisplay::TakeEntry()
+{
+    VCLabel const * const label = m_pEntered;
+    bool const isModified = m_pEntry->isModified();
+    QString const text = m_pEntry->text();
+    if (!label)
+        return;
+    CloseEntry();
+    Binding const & binding = label == m_pCenter ? m_center : m_difference;
+    if (!isModified || !binding.Get())
+        return;
+    double value = 0.0;
+    if (!ReadEntry(label == m_pCenter, text, value)) {
+        QApplication::beep();
+        return;
+    }
+    GuiUndoRecordingHelper const recording(nullptr, tr("Move the rulers"));
+    binding.Get()->SetNumericValue(value, nullptr);
+}
+
+QString AxisRangeDisplay::EntryText(bool isCenter) const
+{
+    double const value = (isCenter ? m_center : m_difference).Get()->GetNumericValue();
+    if (isCenter && ShowsTimeStamps())
+        return TimeText(value, QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"), false);
+    if (IsTimeAxis())
+        return TimeText(std::fabs(value), QStringLiteral("hh:mm:ss.zzz"), true);
+    double const shown = value * DisplayFactor();
+    SuffixedDouble const * const converter = Converter();
+    return converter ? converter->GetSignificantStringNoSuffix(shown) : QString::number(shown, 'g', 12);
+}
+
+bool AxisRangeDisplay::ReadEntry(bool isCenter, QString const & text, double & value) const
+{
+    if (isCenter && ShowsTimeStamps()) {
+        Orim::DateTime time;
+        time.setOffsetFromUTC(GuiBase::Instance().GetTimeZoneValue());
+        value = static_cast<double>(time.fromString(text));
+        return value > 0.0; // a text that is no time leaves it at the start
+    }
+    if (IsTimeAxis())
+        return ReadSpan(text, value);
+    bool ok = false;
+    SuffixedDouble const * const converter = Converter();
+    double const shown = converter ? converter->GetValue(text, &ok) : QLocale::c().toDouble(text.trimmed(), &ok);
+    value = shown / DisplayFactor();
+    return ok && std::isfinite(value);
+}
