@@ -230,7 +230,7 @@ void AxisRangeDisplay::showEvent(QShowEvent * event)
     PaintArrows();
     PlaceParts();
     ShowValues();
-    QMetaObject::invokeMethod(this, &AxisRangeDisplay::Refresh, Qt::QueuedConnection); // a write may end this
+    RefreshLater(); // a write may end this
 }
 
 void AxisRangeDisplay::hideEvent(QHideEvent * event)
@@ -256,18 +256,22 @@ void AxisRangeDisplay::MakeValue(Binding & binding, OwnValue & own)
 
 bool AxisRangeDisplay::Bind(Binding & binding, QString const & path)
 {
-    LifeWatch const life(GetObserverLifetime());
+    m_isBinding = true;
     bool const isBound = binding.BindPath(path);
-    if (life.IsOver())
-        return false;
     for (Binding * const other : Bindings()) { // one that shared the value before is no longer heard
         IValueNumeric * const value = other->Get();
         if (value && !value->HasObserver(this))
             other->Bind(value);
-        if (life.IsOver())
-            return false;
     }
-    return isBound;
+    m_isBinding = false;
+    if (!IsReady() || !isVisible())
+        return isBound;
+    LifeWatch const life(GetObserverLifetime());
+    if (AreCrossed())
+        RefreshLater(); // the other ruler may be bound next
+    else
+        Refresh();
+    return isBound && !life.IsOver() && binding.Get();
 }
 
 bool AxisRangeDisplay::SetRuler1_ValuePath(QString const & path) { return Bind(m_ruler1, path); }
@@ -293,7 +297,7 @@ void AxisRangeDisplay::Update(Observable * subject, TChangeCode code)
             binding->Hears(subject, code); // lets go of a value that goes away, in every role that it has
         return;
     }
-    if (!IsReady() || !isVisible())
+    if (m_isBinding || !IsReady() || !isVisible())
         return;
     bool isDone = true;
     if (code == eValueChanged || code == eInterimChanged) {
@@ -306,7 +310,14 @@ void AxisRangeDisplay::Update(Observable * subject, TChangeCode code)
         ShowValues();
 }
 
-//! Takes over what changed while this was hidden.
+bool AxisRangeDisplay::AreCrossed() { return m_ruler2.Get()->GetNumericValue() < m_ruler1.Get()->GetNumericValue(); }
+
+void AxisRangeDisplay::RefreshLater()
+{
+    QMetaObject::invokeMethod(this, &AxisRangeDisplay::Refresh, Qt::QueuedConnection);
+}
+
+//! Takes over what changed while this was hidden, or bound to other values.
 void AxisRangeDisplay::Refresh()
 {
     if (IsReady() && isVisible() && FollowRulers(eValueChanged))

@@ -47,8 +47,9 @@ public:
     //! Takes its own values out of the tree.
     ~AxisRangeDisplay() override;
 
-    // Binding. Each operation lets go of the value before, which stays in the tree.
-    // Returned is whether there is a number at the path; without one, nothing is shown until it is bound again.
+    // Binding. Each operation lets go of the value before, which stays in the tree. Rulers that are found crossed are
+    // put in order by the event loop, so that both can be bound first. Returned is whether there is a number at the
+    // path; without one, nothing is shown until it is bound again.
 
     bool SetRuler1_ValuePath(QString const & path);
     bool SetRuler2_ValuePath(QString const & path);
@@ -133,6 +134,8 @@ private:
     std::array<Binding *, 4> Bindings();
     bool Bind(Binding & binding, QString const & path);
     bool IsReady();
+    bool AreCrossed();
+    void RefreshLater();
     void Refresh();
     bool FollowRulers(TChangeCode code);
     bool MoveRulers(TChangeCode code);
@@ -159,8 +162,9 @@ private:
     int m_precision = 1;
     SuffixedDouble * m_pConverter = nullptr; // borrowed
     QString m_formatString;
-    QString m_fixedFormat;   // empty: none was set
-    unsigned int m_turn = 0; // counts what was computed: an inner computation makes an outer one stop
+    QString m_fixedFormat;    // empty: none was set
+    bool m_isBinding = false; // what is replayed is taken over at the end
+    unsigned int m_turn = 0;  // counts what was computed: an inner computation makes an outer one stop
 
     Binding m_ruler1{ this };
     Binding m_ruler2{ this };

@@ -65,7 +65,8 @@ AxisRangeLayout AxisRangeLayout::Of(QSize const & size, Look const & look)
     };
     auto const fits = [&](Choice const & choice) {
         long long const ends = choice.rulers && look.rulers ? 2 * (readOut + Gap) : 0;
-        return middleOf(choice) + ends <= row.Length();
+        bool const hasBreadth = look.horizontal || !choice.button || look.button <= size.width();
+        return hasBreadth && middleOf(choice) + ends <= row.Length();
     };
     auto const found = std::find_if(Choices.begin(), Choices.end(), fits);
     Choice const & choice = found != Choices.end() ? *found : Choices.back();

@@ -23,7 +23,8 @@ struct ORIMWIDGETS_EXPORT AxisRangeLayout
     };
 
     //! The parts that fit into a display of a size; without room the button goes first, then the centre, then the
-    //! rulers, then the arrows. The difference is cut to what room there is.
+    //! rulers, then the arrows. A button that is too wide for a vertical display is left out, too. The difference is
+    //! cut to what room there is.
     static AxisRangeLayout Of(QSize const & size, Look const & look);
 
     // a part that is left out has a rectangle that is not valid
