@@ -7,6 +7,7 @@
 #include "valueselection.h"
 
 #include <QSignalSpy>
+#include <QToolButton>
 
 #include <cmath>
 #include <functional>
@@ -63,6 +64,20 @@ Binding const Stop{ [](AxisProbe & axis, QString const & path) { return axis.Set
                     [](AxisProbe & axis) -> ValueBase * { return axis.m_pStop; } };
 Binding const PixPerSecond{ [](AxisProbe & axis, QString const & path) { return axis.SetPixPerSecond_ValuePath(path); },
                             [](AxisProbe & axis) -> ValueBase * { return axis.m_pPixPerSecondValue; } };
+Binding const Center{ [](AxisProbe & axis, QString const & path) { return axis.SetCenter_ValuePath(path); },
+                      [](AxisProbe & axis) -> ValueBase * { return axis.m_pCenter; } };
+Binding const HalfWidth{ [](AxisProbe & axis, QString const & path) { return axis.SetHalfWidth_ValuePath(path); },
+                         [](AxisProbe & axis) -> ValueBase * { return axis.m_pHalfWidth; } };
+Binding const AutoScale{ [](AxisProbe & axis, QString const & path) { return axis.SetAutoScale_ValuePath(path); },
+                         [](AxisProbe & axis) -> ValueBase * { return axis.GetAutoScaleBoolean(); } };
+Binding const DefaultStart{ [](AxisProbe & axis, QString const & path) { return axis.SetDefaultStart_ValuePath(path); },
+                            [](AxisProbe & axis) -> ValueBase * { return axis.m_pDefaultStart; } };
+Binding const DefaultStop{ [](AxisProbe & axis, QString const & path) { return axis.SetDefaultStop_ValuePath(path); },
+                           [](AxisProbe & axis) -> ValueBase * { return axis.m_pDefaultStop; } };
+Binding const DeviceStart{ [](AxisProbe & axis, QString const & path) { return axis.SetDeviceStart_ValuePath(path); },
+                           [](AxisProbe & axis) -> ValueBase * { return axis.m_pDeviceStart; } };
+Binding const DeviceStop{ [](AxisProbe & axis, QString const & path) { return axis.SetDeviceStop_ValuePath(path); },
+                          [](AxisProbe & axis) -> ValueBase * { return axis.m_pDeviceStop; } };
 Binding const Offset{ [](AxisProbe & axis, QString const & path) { return axis.SetOffset_ValuePath(path); },
                       [](AxisProbe & axis) -> ValueBase * { return axis.m_pOffset; } };
 Binding const Azimuth{ [](AxisProbe & axis, QString const & path) { return axis.SetDisplayAzimuth_ValuePath(path); },
@@ -107,6 +122,16 @@ private Q_SLOTS:
     void newShadingColor();
     void chosenShadingColor();
     void newForceRebuildValue();
+    void newCenter();
+    void newNamedRange();
+    void stopOfANamedRangeAlone();
+    void onlyRepairs_data();
+    void onlyRepairs();
+    void firstLineWins_data();
+    void firstLineWins();
+    void unitBeforeShading();
+    void scrollBar();
+    void focusProxy();
     void otherSourcesAndCodes();
     void stateThatStays();
     void forwardedToAPaneThatEnded();
@@ -118,23 +143,32 @@ private Q_SLOTS:
 void tst_axisbase_binding::every_data()
 {
     QTest::addColumn<Binding>("binding");
-    QTest::addColumn<bool>("selection");
-    QTest::newRow("start") << Start << false;
-    QTest::newRow("stop") << Stop << false;
-    QTest::newRow("speed") << PixPerSecond << false;
-    QTest::newRow("offset") << Offset << false;
-    QTest::newRow("display azimuth") << Azimuth << true;
-    QTest::newRow("shading colour") << Shading << true;
-    QTest::newRow("force rebuild 0") << ForceRebuild<0>() << false;
-    QTest::newRow("force rebuild 1") << ForceRebuild<1>() << false;
-    QTest::newRow("force rebuild 2") << ForceRebuild<2>() << true;
+    QTest::addColumn<QString>("path");
+    QString const number = QStringLiteral("/axis/number");
+    QString const choice = QStringLiteral("/axis/choice");
+    QTest::newRow("start") << Start << number;
+    QTest::newRow("stop") << Stop << number;
+    QTest::newRow("speed") << PixPerSecond << number;
+    QTest::newRow("offset") << Offset << number;
+    QTest::newRow("centre") << Center << number;
+    QTest::newRow("half width") << HalfWidth << number;
+    QTest::newRow("auto scale") << AutoScale << QStringLiteral("/axis/flag");
+    QTest::newRow("default start") << DefaultStart << number;
+    QTest::newRow("default stop") << DefaultStop << number;
+    QTest::newRow("device start") << DeviceStart << number;
+    QTest::newRow("device stop") << DeviceStop << number;
+    QTest::newRow("display azimuth") << Azimuth << choice;
+    QTest::newRow("shading colour") << Shading << choice;
+    QTest::newRow("force rebuild 0") << ForceRebuild<0>() << number;
+    QTest::newRow("force rebuild 1") << ForceRebuild<1>() << number;
+    QTest::newRow("force rebuild 2") << ForceRebuild<2>() << choice;
 }
 
 //! What all bindings share.
 void tst_axisbase_binding::every()
 {
     QFETCH(Binding, binding);
-    QFETCH(bool, selection);
+    QFETCH(QString, path);
     CodeProbe axis;
     QVERIFY(!binding.bind(axis, QString()));
     QVERIFY(!binding.bind(axis, QStringLiteral("/axis/unknown")));
@@ -143,13 +177,13 @@ void tst_axisbase_binding::every()
 
     Planted<ValueSelection> choice("choice");
     Planted<Number> number("number");
+    Planted<Value<bool>> flag("flag");
     Planted<Value<QString>> text("text");
-    ValueBase * const value = selection ? static_cast<ValueBase *>(choice.Get()) : number.Get();
-    QString const path = value->GetPathName();
+    ValueBase * const value = Tree::Instance()->Find(path);
     QVERIFY(binding.bind(axis, path));
     QVERIFY(binding.held(axis) == value);
     QVERIFY(value->HasObserver(&axis));
-    QCOMPARE(axis.m_codes, selection ? SelectionCodes : NumberCodes);
+    QCOMPARE(axis.m_codes, value == choice.Get() ? SelectionCodes : NumberCodes);
     QVERIFY(axis.m_source == value);
 
     bool const takesAll = !binding.bind(axis, QStringLiteral("/axis/none")) && binding.bind(axis, text.Path());
@@ -504,6 +538,206 @@ void tst_axisbase_binding::newForceRebuildValue()
     QCOMPARE(axis.m_start, 7.0);
 }
 
+void tst_axisbase_binding::newCenter()
+{
+    Planted<Number> center("center");
+    AxisProbe axis;
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    QVERIFY(axis.SetCenter_ValuePath(center.Path()));
+    QVERIFY(axis.m_unZoom.empty()); // as told on binding
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    axis.m_repairs = axis.m_calculations = 0;
+    center->SetValue(5.0, nullptr);
+    QVERIFY(axis.m_unZoom.empty());
+    QCOMPARE(axis.m_repairs, 1);
+    QCOMPARE(axis.m_calculations, 0);
+}
+
+void tst_axisbase_binding::newNamedRange()
+{
+    Planted<Number> start("start");
+    Planted<Number> stop("stop");
+    start->SetValue(10.0, nullptr);
+    stop->SetValue(20.0, nullptr);
+    AxisProbe axis;
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    QVERIFY(axis.SetDeviceStart_ValuePath(start.Path()));
+    QCOMPARE(axis.m_deviceStart, -1.0);
+    QVERIFY(axis.SetDeviceStop_ValuePath(stop.Path()));
+    QCOMPARE(axis.m_deviceStart, 10.0); // as told on binding
+    QCOMPARE(axis.m_deviceStop, 20.0);
+    QVERIFY(!axis.m_unZoom.empty());
+    QVERIFY(axis.SetDefaultStart_ValuePath(start.Path()));
+    QCOMPARE(axis.m_defaultStart, -1.0);
+    QVERIFY(!axis.SetDeviceStop_ValuePath(QString()));
+    QVERIFY(axis.SetDefaultStop_ValuePath(stop.Path()));
+    QCOMPARE(axis.m_defaultStart, 10.0);
+    QCOMPARE(axis.m_defaultStop, 20.0);
+    QVERIFY(axis.m_unZoom.empty()); // another default range forgets the history
+    QVERIFY(axis.SetDeviceStop_ValuePath(stop.Path()));
+
+    Planted<Number> device("device");
+    QVERIFY(axis.SetDeviceStop_ValuePath(device.Path()));
+    axis.m_repairs = 0;
+    start->SetValue(11.0, nullptr); // a new start alone changes neither
+    QCOMPARE(axis.m_defaultStart, 10.0);
+    QCOMPARE(axis.m_deviceStart, 10.0);
+    QCOMPARE(axis.m_repairs, 1);
+    stop->SetValue(21.0, nullptr); // the stop takes both over
+    QCOMPARE(axis.m_defaultStart, 11.0);
+    QCOMPARE(axis.m_defaultStop, 21.0);
+    QCOMPARE(axis.m_deviceStart, 10.0);
+    QCOMPARE(axis.m_deviceStop, 0.0);
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    device->SetValue(30.0, nullptr);
+    QCOMPARE(axis.m_deviceStart, 11.0);
+    QCOMPARE(axis.m_deviceStop, 30.0);
+    QVERIFY(!axis.m_unZoom.empty());
+    QCOMPARE(axis.m_repairs, 1); // and neither repairs
+}
+
+void tst_axisbase_binding::stopOfANamedRangeAlone()
+{
+    Planted<Number> stop("stop");
+    AxisProbe axis;
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    QVERIFY(axis.SetDefaultStop_ValuePath(stop.Path()));
+    stop->SetValue(3.0, nullptr);
+    QVERIFY(!axis.SetDefaultStop_ValuePath(QString()) && axis.SetDeviceStop_ValuePath(stop.Path()));
+    stop->SetValue(4.0, nullptr);
+    for (double const unset : { axis.m_defaultStart, axis.m_defaultStop, axis.m_deviceStart, axis.m_deviceStop })
+        QCOMPARE(unset, -1.0);
+    QVERIFY(!axis.m_unZoom.empty());
+    QCOMPARE(axis.m_repairs, 0);
+}
+
+void tst_axisbase_binding::onlyRepairs_data()
+{
+    QTest::addColumn<Binding>("binding");
+    QTest::newRow("half width") << HalfWidth;
+    QTest::newRow("default start") << DefaultStart;
+    QTest::newRow("device start") << DeviceStart;
+    QTest::newRow("auto scale") << AutoScale;
+}
+
+void tst_axisbase_binding::onlyRepairs()
+{
+    QFETCH(Binding, binding);
+    Planted<Number> number("number");
+    Planted<Value<bool>> flag("flag");
+    AxisProbe axis;
+    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
+    QVERIFY(binding.bind(axis, number.Path()) || binding.bind(axis, flag.Path()));
+    axis.m_repairs = axis.m_calculations = 0;
+    axis.SetMustRecalcRulers(false);
+    number->SetValue(4.0, nullptr);
+    flag->SetValue(true, nullptr);
+    QCOMPARE(axis.m_repairs, 1);
+    QVERIFY(axis.GetMustRecalcRulers());
+    QCOMPARE(axis.m_calculations, 0);
+    QVERIFY(axis.m_pPixmap && !axis.m_unZoom.empty());
+    QCOMPARE(axis.m_start, 0.0);
+    QCOMPARE(axis.m_defaultStart, -1.0);
+    QCOMPARE(axis.m_deviceStart, -1.0);
+}
+
+void tst_axisbase_binding::firstLineWins_data()
+{
+    QTest::addColumn<Binding>("first");
+    QTest::addColumn<Binding>("other");
+    QTest::newRow("start, stop") << Start << Stop;
+    QTest::newRow("stop, centre") << Stop << Center;
+    QTest::newRow("start, speed") << Start << PixPerSecond;
+    QTest::newRow("centre, speed") << Center << PixPerSecond;
+    QTest::newRow("centre, offset") << Center << Offset;
+    QTest::newRow("centre, device stop") << Center << DeviceStop;
+    QTest::newRow("centre, default stop") << Center << DefaultStop;
+    QTest::newRow("speed, offset") << PixPerSecond << Offset;
+    QTest::newRow("speed, device stop") << PixPerSecond << DeviceStop;
+    QTest::newRow("offset, default stop") << Offset << DefaultStop;
+    QTest::newRow("default stop, device stop") << DefaultStop << DeviceStop;
+    QTest::newRow("stop, half width") << Stop << HalfWidth;
+    QTest::newRow("device stop, device start") << DeviceStop << DeviceStart;
+    QTest::newRow("default stop, force rebuild") << DefaultStop << ForceRebuild<0>();
+    QTest::newRow("start, default start") << Start << DefaultStart;
+}
+
+//! What a new value of two fields leaves is what it leaves of the first alone.
+void tst_axisbase_binding::firstLineWins()
+{
+    QFETCH(Binding, first);
+    QFETCH(Binding, other);
+    auto const outcome = [&](QList<Binding> const & bindings) {
+        Planted<Number> number("number");
+        AxisProbe axis(AxisBase::AxisVertical); // on which speed and offset move nothing
+        for (Binding const & binding : bindings)
+            if (!binding.bind(axis, number.Path()))
+                return QStringLiteral("not bound");
+        axis.m_pDefaultStart = axis.m_pDeviceStart = number.Get();
+        axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
+        axis.m_start = axis.m_stop = axis.m_offset = axis.m_pixPerSecond = 1.0;
+        axis.m_defaultStop = axis.m_deviceStop = 1.0;
+        axis.m_repairs = 0;
+        number->SetValue(7.0, nullptr);
+        return QStringLiteral("start %1 stop %2 speed %3 offset %4 default %5 device %6 history %7 repairs %8")
+            .arg(axis.m_start)
+            .arg(axis.m_stop)
+            .arg(axis.m_pixPerSecond)
+            .arg(axis.m_offset)
+            .arg(axis.m_defaultStop)
+            .arg(axis.m_deviceStop)
+            .arg(axis.m_unZoom.size())
+            .arg(axis.m_repairs);
+    };
+    QString const alone = outcome({ first });
+    QVERIFY(alone != QStringLiteral("not bound"));
+    QCOMPARE(outcome({ first, other }), alone);
+    QCOMPARE(outcome({ other, first }), alone);
+}
+
+void tst_axisbase_binding::unitBeforeShading()
+{
+    Planted<ValueSelection> both("both");
+    both->AddItems({ { QStringLiteral("a"), 0.0, 0 }, { QStringLiteral("b"), 0.0, 2 } });
+    AxisProbe axis;
+    QVERIFY(axis.SetShadingColor_ValuePath(both.Path()));
+    axis.m_pUnitSelection = both.Get();
+    axis.m_repairs = 0;
+    both->Select(2L, nullptr);
+    QCOMPARE(int(axis.GetShadingColor()), 0);
+    QCOMPARE(axis.m_repairs, 1);
+}
+
+void tst_axisbase_binding::scrollBar()
+{
+    Planted<Number> number("number");
+    AxisProbe axis;
+    QVERIFY(!axis.SetScrollBar_ValuePath(number.Path())); // no buttons
+    axis.m_pScrollButtons = std::make_unique<VCScrollButtons>();
+    QVERIFY(!axis.SetScrollBar_ValuePath(QStringLiteral("/nowhere")));
+    QVERIFY(axis.SetScrollBar_ValuePath(number.Path()));
+    QVERIFY(!number->HasObserver(&axis));
+    axis.GetScrollButtons()->slotStepUp();
+    QCOMPARE(number->GetValue(), axis.GetScrollButtons()->GetStep());
+}
+
+void tst_axisbase_binding::focusProxy()
+{
+    QWidget proxy;
+    AxisProbe axis;
+    axis.setFocusProxy(&proxy);
+    QVERIFY(axis.focusProxy() == &proxy);
+    axis.m_pScrollButtons = std::make_unique<VCScrollButtons>();
+    axis.setFocusProxy(&proxy);
+    auto const buttons = axis.m_pScrollButtons->findChildren<QToolButton *>();
+    QCOMPARE(static_cast<int>(buttons.size()), 2);
+    for (QToolButton const * const button : buttons)
+        QVERIFY(button->focusProxy() == &proxy);
+    axis.setFocusProxy(nullptr);
+    QVERIFY(!axis.focusProxy() && !buttons.first()->focusProxy());
+}
+
 void tst_axisbase_binding::otherSourcesAndCodes()
 {
     Planted<Number> number("number");
@@ -627,6 +861,11 @@ void tst_axisbase_binding::endsQuietly()
     Planted<ValueSelection> choice("choice");
     Planted<ValueSelection> shading("shading");
     Planted<ValueSelection> unit("unit");
+    Planted<Number> center("center");
+    Planted<Number> half("half");
+    Planted<Number> from("from");
+    Planted<Number> to("to");
+    Planted<Value<bool>> automatic("automatic");
     ValueSelection const * const zone = GuiBase::Instance().GetTimeZone();
     int const zoneObservers = zone->GetObserverCount();
     {
@@ -635,6 +874,10 @@ void tst_axisbase_binding::endsQuietly()
         QVERIFY(axis.SetStart_ValuePath(number.Path()) && axis.SetDisplayAzimuth_ValuePath(choice.Path()));
         QVERIFY(axis.SetStop_ValuePath(stop.Path()) && axis.SetPixPerSecond_ValuePath(speed.Path()));
         QVERIFY(axis.SetOffset_ValuePath(offset.Path()) && axis.SetShadingColor_ValuePath(shading.Path()));
+        QVERIFY(axis.SetCenter_ValuePath(center.Path()) && axis.SetHalfWidth_ValuePath(half.Path()));
+        QVERIFY(axis.SetDefaultStart_ValuePath(from.Path()) && axis.SetDefaultStop_ValuePath(to.Path()));
+        QVERIFY(axis.SetDeviceStart_ValuePath(from.Path()) && axis.SetDeviceStop_ValuePath(to.Path()));
+        QVERIFY(axis.SetAutoScale_ValuePath(automatic.Path()));
         axis.m_pOffset2 = whole.Get();
         whole->AddObserver(&axis);
         axis.m_pUnitSelection = unit.Get();
@@ -644,6 +887,9 @@ void tst_axisbase_binding::endsQuietly()
         axis.m_pScrollButtons = std::make_unique<VCScrollButtons>();
         QVERIFY(axis.GetScrollButtons() == axis.m_pScrollButtons.get());
     }
+    for (Number const * const value : { center.Get(), half.Get(), from.Get(), to.Get() })
+        QCOMPARE(value->GetObserverCount(), 0);
+    QCOMPARE(automatic->GetObserverCount(), 0);
     QCOMPARE(number->GetObserverCount(), 0);
     QCOMPARE(choice->GetObserverCount(), 0);
     QCOMPARE(stop->GetObserverCount(), 0);
