@@ -4,6 +4,7 @@
 #include "control.h"
 #include "resortpopupmenu.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QPointer>
 
@@ -39,16 +40,21 @@ bool ControlEventFilter::eventFilter(QObject * object, QEvent * event)
     return QObject::eventFilter(object, event);
 }
 
-//! The menu is asked for once more: a control that rebuilds it shows the second one.
+//! The menu is asked for once more: a control that rebuilds it shows the second one. Another menu of the widget that is
+//! still open closes.
 bool ControlEventFilter::OpenMenu(QContextMenuEvent const & event)
 {
     Control * const control = GetControl();
     if (!control)
         return false;
     control->SetCurrentXYMenu(event.pos());
-    ResortPopupMenu * const menu = control->GetContextMenu();
+    QPointer<ResortPopupMenu> const menu(control->GetContextMenu());
     if (!menu)
         return false;
-    menu->popup(event.globalPos());
+    auto * const open = qobject_cast<ResortPopupMenu *>(QApplication::activePopupWidget());
+    if (open && open != menu && open->parent() == menu->parent())
+        open->close();
+    if (menu)
+        menu->popup(event.globalPos());
     return true;
 }

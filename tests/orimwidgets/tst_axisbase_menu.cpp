@@ -183,6 +183,7 @@ private Q_SLOTS:
     void eachOpeningBuildsItAnew();
     void singleMenuRebuiltWhileShown();
     void rightClickOpensIt();
+    void anotherClosesTheFirst();
 
     // what the items do
     void showsAndHides_data();
@@ -944,6 +945,26 @@ void tst_axisbase_menu::rightClickOpensIt()
     QCOMPARE(click(QPoint(90, 2)), QStringLiteral("AxisMenu"));
     axis.EnableContextMenu(false);
     QCOMPARE(click(QPoint(90, 2)), QString());
+}
+
+void tst_axisbase_menu::anotherClosesTheFirst()
+{
+    TestMarkerList pane;
+    MenuAxis axis;
+    axis.SetMenuMarkerPane(&pane);
+    AddRuler(axis, eRedX, "red")->SetRect(QRect(20, 0, 5, 5));
+    axis.BuildMenu();
+    axis.show();
+    QPointer<ResortPopupMenu> earlier;
+    for (QPoint const at : { QPoint(22, 2), QPoint(90, 2), QPoint(22, 2), QPoint(22, 2) }) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, at, axis.mapToGlobal(at));
+        QCoreApplication::sendEvent(&axis, &event);
+        QVERIFY(!earlier || !earlier->isVisible());
+        earlier = qobject_cast<ResortPopupMenu *>(QApplication::activePopupWidget());
+        QVERIFY(earlier);
+    }
+    earlier->close();
+    QVERIFY(!QApplication::activePopupWidget());
 }
 
 // What the items do
