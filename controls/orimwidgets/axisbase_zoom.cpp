@@ -68,7 +68,8 @@ bool AxisBase::SetZoomedRange(double start, double stop, bool record)
 //! NaN is too narrow.
 bool AxisBase::IsTooNarrow(double start, double stop) const
 {
-    bool const isWide = !IsFrequencyAxis() || stop - start >= width() / PixelsForOneUnit;
+    int const least = width() / PixelsForOneUnit; // units
+    bool const isWide = !IsFrequencyAxis() || stop - start >= least;
     return !isWide || !(stop > start + LeastRange);
 }
 
