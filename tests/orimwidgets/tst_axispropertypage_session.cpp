@@ -2,7 +2,7 @@
 // A session of some hundred steps with a page. After each of the events that it causes, one at a time, the page, its
 // parent, its provider, the selection of modes, an edit, the box or the central selection of modes is deleted, and the
 // session goes on. Where Qt itself is on its way through a widget, and does not outlive its end, the widget goes right
-// afterwards.
+// afterwards. Then pages come and go, and leave nothing behind.
 
 #include "axispropertypage.h"
 
@@ -14,8 +14,11 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QPointer>
+
+#include <unistd.h>
 
 #include <cstdio>
 #include <memory>
@@ -38,6 +41,15 @@ char const * const Names[eTargets] = { "page", "parent", "provider", "selection"
 
 constexpr int Steps = 22;
 constexpr int Rounds = 4;
+
+//! Memory of this process that is in use, KiB.
+long long ResidentSize()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) / 1024;
+}
 
 class Session : public QObject
 {
@@ -245,10 +257,13 @@ private Q_SLOTS:
 
     void deletedAfterEachEvent_data();
     void deletedAfterEachEvent();
+    void leavesNothingBehind();
     void cleanupTestCase();
 
 private:
     long long m_sessions = 0;
+    int m_pages = 0;
+    long long m_grown = 0; // KiB, in the last three quarters of the pages
 };
 
 void tst_axispropertypage_session::deletedAfterEachEvent_data()
@@ -278,9 +293,38 @@ void tst_axispropertypage_session::deletedAfterEachEvent()
     }
 }
 
+void tst_axispropertypage_session::leavesNothingBehind()
+{
+    int const turns = static_cast<int>(TestStage::Turns(TestStage::Sanitized() ? 200 : 1000, 20000));
+    QString const folder = QStringLiteral("/GuiCentral/unique/selection");
+    AzimuthMode(5);
+    QStringList const before = Tree::Instance()->GetPaths(folder);
+    WatchedProvider provider;
+    long long warm = 0;
+    for (int turn = 0; turn < turns; ++turn) {
+        AxisPropertyPage page(nullptr, "page", static_cast<IUnitTextProvider *>(&provider), true);
+        page.SetStart(turn, 0.0, 100.0, AxisPropertyPage::NoLimit);
+        page.SetAzimuthMode(turn % 2 == 0);
+        page.show();
+        QTest::keyClicks(page.GetStartEdit(), QStringLiteral("5"));
+        page.DoKillFocus();
+        QVERIFY(page.GetDirty());
+        page.hide();
+        QCoreApplication::processEvents(); // what Qt keeps for later would count as left behind
+        if (turn == turns / 4)
+            warm = ResidentSize();
+    }
+    m_grown = ResidentSize() - warm;
+    m_pages = turns;
+    QCOMPARE(Tree::Instance()->GetPaths(folder), before);
+    if (!TestStage::Sanitized())
+        QVERIFY2(m_grown <= 256, qPrintable(QStringLiteral("%1 KiB in %2 pages").arg(m_grown).arg(turns)));
+}
+
 void tst_axispropertypage_session::cleanupTestCase()
 {
-    std::printf("figures: %lld sessions with a page, each with one deletion\n", m_sessions);
+    std::printf("figures: %lld sessions with a page, each with one deletion; %d pages came and went, %lld KiB more\n",
+                m_sessions, m_pages, m_grown);
 }
 
 ORIM_TEST_MAIN(tst_axispropertypage_session)
