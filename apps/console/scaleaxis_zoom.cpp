@@ -22,8 +22,9 @@
 namespace {
 
 constexpr double BandOpacity = 0.6; // of what covers the part beside a band
-constexpr double ZoomStep = 0.5;    // range after a key by the range before
-constexpr double PanStep = 0.1;     // part of the range that a key moves it by
+constexpr double ShadeOpacity = 0.15;
+constexpr double ZoomStep = 0.5; // range after a key by the range before
+constexpr double PanStep = 0.1;  // part of the range that a key moves it by
 
 constexpr double Lowest = std::numeric_limits<double>::lowest();
 constexpr double Highest = std::numeric_limits<double>::max();
@@ -188,10 +189,14 @@ void ScaleAxis::DimBesideBand(QPainter & painter, QRect const & picture) const
         low.setRight(band->first - 1);
         high.setLeft(band->last + 1);
     }
+    ColorSet & colors = ColorSet::Instance();
     painter.save();
-    painter.setOpacity(BandOpacity);
-    for (QRect const & beside : { low, high })
-        painter.fillRect(beside.intersected(picture), ColorSet::Instance()[IColorBase::eColorAxisBackground]);
+    for (QRect const & beside : { low, high }) {
+        painter.setOpacity(BandOpacity);
+        painter.fillRect(beside.intersected(picture), colors[IColorBase::eColorAxisBackground]);
+        painter.setOpacity(ShadeOpacity); // seen on an empty ground too
+        painter.fillRect(beside.intersected(picture), colors[IColorBase::eColorAxisForeground]);
+    }
     painter.restore();
 }
 
