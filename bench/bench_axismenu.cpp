@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Opening the context menu of an axis with ten markers: asking for it, as a right click does, twice; bringing it up to
-// date; and showing it. The limit shows a plain menu of the same items that was made before.
+// date; and showing it. The limit is a plain menu of the same items.
 
 #include "axisbase.h"
 #include "marker.h"
@@ -70,18 +70,32 @@ void Ours(benchmark::State & state)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-//! What Qt asks for a menu of the same items.
-void Limit(benchmark::State & state)
+void AddItems(QMenu & menu, int rulers, QIcon const & icon)
 {
-    QMenu menu;
-    QIcon const icon(AxisBase::GetAxisMenuPixmap(true, IColorBase::eColorMarker));
-    int const rulers = state.range(0) == 0 ? Rulers : 1;
     for (int index = 0; index < rulers; ++index)
         menu.addAction(icon, QStringLiteral("Ruler %1").arg(index))->setCheckable(true);
-    for (int index = 0; state.range(0) == 0 && index < 8; ++index)
-        menu.addAction(QStringLiteral("Maximum Range"));
-    for (auto _ : state)
-        Show(menu);
+}
+
+//! What Qt asks for: showing a menu of the same items, and for that of one marker making it twice.
+void Limit(benchmark::State & state)
+{
+    QIcon const icon(AxisBase::GetAxisMenuPixmap(true, IColorBase::eColorMarker));
+    QMenu general;
+    AddItems(general, Rulers, icon);
+    for (int index = 0; index < 8; ++index)
+        general.addAction(QStringLiteral("Maximum Range"));
+    bool const isGeneral = state.range(0) == 0;
+    for (auto _ : state) {
+        if (isGeneral) {
+            Show(general);
+            continue;
+        }
+        QMenu first;
+        AddItems(first, 1, icon);
+        QMenu second;
+        AddItems(second, 1, icon);
+        Show(second);
+    }
 }
 
 //! Bringing the items up to date alone.

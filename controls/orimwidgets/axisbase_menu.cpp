@@ -9,6 +9,7 @@
 #include "resortpopupmenu.h"
 #include "tabdialog.h"
 
+#include <QAction>
 #include <QIcon>
 #include <QKeySequence>
 #include <QPixmap>
@@ -122,12 +123,16 @@ void AxisBase::UpdateMenu(ResortPopupMenu * /*menu*/)
     ResortPopupMenu * const menu = Control::GetContextMenu();
     if (!menu || !m_pMenuMarkerPane)
         return;
-    for (int index = 0; index < MarkerCount; ++index) {
+    for (QAction * const item : menu->actions()) {
+        int const id = menu->GetItemId(item);
+        if (id < ShowRulerId || id >= ShowRulerId + MarkerCount)
+            continue;
+        int const index = id - ShowRulerId;
         bool const inMenu = (GetMarkerSpecial(index) & eSpecialInMenu) != 0;
         if (!isIndexValid(index))
-            menu->setItemEnabled(ShowRulerId + index, false);
+            item->setEnabled(false);
         else if (inMenu && m_pMenuMarkerPane->isIndexValid(index))
-            menu->setItemChecked(ShowRulerId + index, m_pMenuMarkerPane->GetShowMarker(index));
+            menu->setItemChecked(id, m_pMenuMarkerPane->GetShowMarker(index));
     }
     menu->setItemEnabled(UnZoomId, IsUnZoomAvailable());
     menu->setItemEnabled(DefaultRangeId, m_start != m_defaultStart || m_stop != m_defaultStop);
