@@ -282,7 +282,8 @@ void tst_ConsoleBearings::keysSelect_data()
 void tst_ConsoleBearings::keysSelect()
 {
     QFETCH(bool, waterfall);
-    SetResults({ ResultAt(QStringLiteral("A"), 0.2), ResultAt(QStringLiteral("B"), 0.5) });
+    SetResults(
+        { ResultAt(QStringLiteral("A"), 0.2), ResultAt(QStringLiteral("B"), 0.5), ResultAt(QStringLiteral("C"), 0.7) });
     RangePane & pane = *Panes()[waterfall ? 1 : 0];
     QTest::keyClick(&pane, Qt::Key_R);
     QCOMPARE(ConsoleBearings::Selected(), 0);

@@ -45,6 +45,7 @@ void tst_ConsoleOptions::startsWithDefaults()
     QCOMPARE(options.speed, 1.0);
     QVERIFY(!options.verbose);
     QVERIFY(!options.markers);
+    QVERIFY(!options.windows);
     QVERIFY(options.screenshot.isEmpty());
     QCOMPARE(options.after, 2.0);
     QCOMPARE(options.runSeconds, 0.0);
@@ -54,9 +55,9 @@ void tst_ConsoleOptions::startsWithDefaults()
 
 void tst_ConsoleOptions::readsEveryOption()
 {
-    ConsoleOptions const options =
-        Parse(QStringLiteral("a.sigmf-meta --speed 2.5 --bins 4096 --rate 50 --range -130:10 --colors contrast "
-                             "--size 640x480 --screenshot out.png --after 0.5 --seed 77 --verbose --markers"));
+    ConsoleOptions const options = Parse(
+        QStringLiteral("a.sigmf-meta --speed 2.5 --bins 4096 --rate 50 --range -130:10 --colors contrast "
+                       "--size 640x480 --screenshot out.png --after 0.5 --seed 77 --verbose --markers --windows"));
     QCOMPARE(options.message, QString());
     QVERIFY(options.action == Action::eRun);
     QCOMPARE(options.file, QStringLiteral("a.sigmf-meta"));
@@ -73,6 +74,7 @@ void tst_ConsoleOptions::readsEveryOption()
     QCOMPARE(options.seed, quint64(77));
     QVERIFY(options.verbose);
     QVERIFY(options.markers);
+    QVERIFY(options.windows);
     QCOMPARE(Parse(QStringLiteral("--seconds 60")).runSeconds, 60.0);
 }
 
@@ -225,7 +227,7 @@ void tst_ConsoleOptions::helpNamesEveryOption()
     QVERIFY(options.action == Action::eHelp);
     for (char const * const name :
          { "FILE.sigmf-meta", "--simulate", "--seed", "--speed", "--bins", "--rate", "--range", "--colors", "--size",
-           "--screenshot", "--after", "--seconds", "--verbose", "--markers", "--help", "--version" })
+           "--screenshot", "--after", "--seconds", "--verbose", "--markers", "--windows", "--help", "--version" })
         QVERIFY2(options.help.contains(QLatin1String(name)), name);
 }
 

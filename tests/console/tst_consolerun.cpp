@@ -25,6 +25,7 @@ private Q_SLOTS:
     void optionsReachEverything();
     void withoutOptions();
     void markersAreShown();
+    void windowsAreShown();
     void windowTooSmall_data();
     void windowTooSmall();
     void seedReachesTheSimulator();
@@ -109,6 +110,19 @@ void tst_ConsoleRun::markersAreShown()
         for (char const * const path :
              { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
             QCOMPARE(ConsoleValues::GetFlag(path), wanted);
+    }
+}
+
+void tst_ConsoleRun::windowsAreShown()
+{
+    for (bool const wanted : { true, false }) {
+        auto const window = Window();
+        ConsoleRun run(*window, Parse(wanted ? QStringLiteral("--windows --seconds 60")
+                                             : QStringLiteral("--markers --seconds 60")));
+        QVERIFY(run.Start());
+        QTRY_VERIFY(window->Figures().taken > 1);
+        for (int index = 0; index < WindowValues::Count; ++index)
+            QCOMPARE(WindowValues::IsVisible(index), wanted);
     }
 }
 

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void linesArePainted_data();
     void linesArePainted();
     void flagsArePainted();
+    void resultsHaveShortLines();
 
 private:
     std::unique_ptr<PlainList> m_list;
@@ -276,6 +277,38 @@ void tst_MarkerRulers::flagsArePainted()
     };
     QVERIFY(holds(plain, Qt::white)); // the text
     QVERIFY(holds(strong, m_list->GetMarker(B)->GetTextPen()->color()));
+}
+
+void tst_MarkerRulers::resultsHaveShortLines()
+{
+    using Kind = MarkerRulers::Kind;
+    m_list->SetMarkerValue(A, 20.0);
+    m_list->SetMarkerValue(B, 120.0);
+    m_list->SetCurrentMarker(A, true); // says nothing of a result
+    for (Kind const kind : { Kind::eResult, Kind::eSelectedResult }) {
+        MarkerRulers::Source source = SourceOf(*m_list, 1.0);
+        source.kind = [kind](int index) { return index == Y ? Kind::eMarker : kind; };
+        source.texts = [this](int index) {
+            return index == A ? QStringList{ m_list->GetMarker(A)->GetMarkerName() } : QStringList();
+        };
+        MarkerRulers rulers;
+        rulers.Lay(*m_list, FrameOf(1.0), Metrics(), source);
+        bool const selected = kind == Kind::eSelectedResult;
+        QImage const image = Painted(rulers, 1.0);
+        for (int const index : { int(A), int(B) }) {
+            MarkerRulers::Ruler const & ruler = RulerOf(rulers, index);
+            QCOMPARE(ruler.strong, selected);
+            QRect const line = m_list->GetMarker(index)->GetRulerRect();
+            int const end = selected     ? 109
+                            : index == A ? ruler.flag.bottom() // it carries its flag
+                                         : 25;
+            QCOMPARE(line.top(), 10);
+            QCOMPARE(line.bottom(), end);
+            QCOMPARE(image.pixelColor(ruler.line, end), ruler.color);
+            QVERIFY(image.pixelColor(ruler.line, end + 1) != ruler.color);
+        }
+        QCOMPARE(RulerOf(rulers, Y).stub, 0);
+    }
 }
 
 ORIM_TEST_MAIN(tst_MarkerRulers)
