@@ -242,6 +242,7 @@ void tst_timetics::countIsThatOfAdding_data()
     QTest::newRow("the end before a tic") << 0.0 << 4999999.0 << 6;
     QTest::newRow("the end behind a tic") << 1.0 << 5000001.0 << 6;
     QTest::newRow("the end a neighbour before a tic") << 0.0 << std::nextafter(5e6, 0.0) << 6;
+    QTest::newRow("a sum that is rounded up to a tic") << 0.0 << std::nextafter(26062 * 86400e6, 0.0) << 26063;
     QTest::newRow("30 seconds") << 7e6 << 37e6 << 4;
     QTest::newRow("3 days and a bit") << 0.0 << 259200000001.0 << 5;
     QTest::newRow("below 1970") << -3e6 << -1e6 << 0;
