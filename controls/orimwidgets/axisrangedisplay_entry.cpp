@@ -34,7 +34,7 @@ bool ReadSpan(QString const & text, double & span)
     for (QString const & part : parts) {
         bool ok = false;
         double const number = QLocale::c().toDouble(part.trimmed(), &ok);
-        if (!ok || !std::isfinite(number))
+        if (!ok)
             return false;
         seconds = seconds * 60.0 + number;
     }
