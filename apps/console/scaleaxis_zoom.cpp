@@ -328,23 +328,32 @@ bool ScaleAxis::TakeKey(QKeyEvent const * event)
     int const toLower = RunsUp() ? Qt::Key_Down : Qt::Key_Left;
     if (key == Qt::Key_Escape)
         return CancelDrag();
-    if (control && (key == toHigher || key == toLower))
-        PanBy(key == toHigher ? PanStep : -PanStep, event->isAutoRepeat());
-    else if (control)
-        return false;
-    else if (key == Qt::Key_Plus || key == Qt::Key_Equal)
+    if (control) {
+        bool const isPan = key == toHigher || key == toLower;
+        if (isPan)
+            PanBy(key == toHigher ? PanStep : -PanStep, event->isAutoRepeat());
+        return isPan;
+    }
+    switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
         ZoomBy(ZoomStep);
-    else if (key == Qt::Key_Minus)
+        return true;
+    case Qt::Key_Minus:
         ZoomBy(1.0 / ZoomStep);
-    else if (key == Qt::Key_Backspace)
+        return true;
+    case Qt::Key_Backspace:
         UnZoom();
-    else if (key == Qt::Key_Home) {
+        return true;
+    case Qt::Key_Home: {
         QMouseEvent twice(QEvent::MouseButtonDblClick, QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton,
                           Qt::NoModifier);
         ShowNextRange(&twice);
-    } else
+        return true;
+    }
+    default:
         return false;
-    return true;
+    }
 }
 
 bool ScaleAxis::OpenMenuByKey(QWidget & widget, QKeyEvent const * event, QPoint at)

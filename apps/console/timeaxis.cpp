@@ -119,7 +119,7 @@ void TimeAxis::PaintBeside(QPainter & painter)
     for (Tic const & tic : GetTimeTics()) {
         double const y = inner.top() + tic.row / ratio;
         painter.fillRect(QRectF(inner.right() + 1 - TicLength, y, TicLength, GetTicWidth() / ratio), m_textPen.color());
-        QRectF const box(0.0, y - height / 2, inner.right() + 1 - TicLength - LabelGap, height);
+        QRectF const box(0.0, y - height / 2.0, inner.right() + 1 - TicLength - LabelGap, height);
         if (fontMetrics().horizontalAdvance(tic.label) <= box.width()) // none is cut
             painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tic.label);
     }
