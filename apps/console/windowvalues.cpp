@@ -67,7 +67,7 @@ WindowValues::WindowValues()
             std::unique_ptr<ValueBase> value = Make(window, static_cast<Item>(item));
             if (!tree->Insert(FolderOf(window), value.get()))
                 continue;
-            value.release(); // the tree owns it
+            static_cast<void>(value.release()); // the tree owns it
             m_paths.push_back(PathOf(window, static_cast<Item>(item)));
         }
     }
