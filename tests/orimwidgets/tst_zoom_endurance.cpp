@@ -41,7 +41,11 @@ long long Steps()
     return TestStage::Turns(1'000'000 / divisor, 100'000'000);
 }
 
+using Way = std::function<void(QuietAxis &)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Way)
 
 void * operator new(std::size_t size)
 {
@@ -111,7 +115,6 @@ void tst_zoom_endurance::historyGrowsByTheStep()
 
 void tst_zoom_endurance::everyWayFreesIt_data()
 {
-    using Way = std::function<void(QuietAxis &)>;
     QTest::addColumn<Way>("way");
     QTest::newRow("ClearUnZoom") << Way([](QuietAxis & axis) { axis.ClearUnZoom(); });
     QTest::newRow("SetDefaultRange") << Way([](QuietAxis & axis) { axis.SetDefaultRange(0.0, 1.0); });
@@ -134,7 +137,7 @@ void tst_zoom_endurance::everyWayFreesIt_data()
 
 void tst_zoom_endurance::everyWayFreesIt()
 {
-    QFETCH(std::function<void(QuietAxis &)>, way);
+    QFETCH(Way, way);
     QuietAxis axis;
     axis.SetAxisZoomEnable(true, false);
     axis.SetRange(0.0, 100.0);
