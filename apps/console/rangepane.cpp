@@ -121,8 +121,7 @@ void RangePane::AskForRebuild()
 void RangePane::updateWidget()
 {
     SetMustRecalcRulers(true);
-    update(LogicalPicture());
-    update(LevelFlagRoom());
+    MarkerList::updateWidget();
 }
 
 void RangePane::RepairDrawing()

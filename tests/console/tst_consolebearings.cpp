@@ -79,7 +79,7 @@ SpectrumLine LineAt(double part)
 
 SimulatedEmitter EmitterAt(QString const & name, double part)
 {
-    return { name, Start + part * ToneSource::Rate, 10.0, -20.0, 100.0, 5.0, 90 };
+    return { name, Start + part * ToneSource::Rate, 10.0, 0.0, 100.0, 5.0, 90 };
 }
 
 //! Counts the paint events of a widget.
