@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -78,27 +79,30 @@ bool ClientWindow::Bind(T *& field, QString const & path)
     return !life.IsOver() && field;
 }
 
-bool ClientWindow::SetStart_ValuePath(QString const & path, unsigned int id)
+bool ClientWindow::BindBorder(bool isStart, QString const & path, unsigned int id)
 {
+    IValueNumeric *& value = isStart ? m_pStart : m_pStop;
+    int & own = isStart ? m_startId : m_stopId;
+    int & other = isStart ? m_stopId : m_startId;
+    (isStart ? m_startPixel : m_stopPixel) = -1; // until the value tells
     LifeWatch const life(GetObserverLifetime());
-    Bind(m_pStart, path);
+    Bind(value, path);
     if (life.IsOver())
         return false;
-    m_startId = MarkerId(id);
-    AddBorder(m_startId, true, path);
-    return !life.IsOver() && m_pStart;
+    int const earlier = std::exchange(own, MarkerId(id));
+    if (own == other && own != -1) { // the borders had been switched
+        other = earlier;
+        if (GetParent())
+            GetParent()->SetMarkerColor(other, ColorOf(!isStart));
+    }
+    if (!life.IsOver())
+        AddBorder(own, isStart, path);
+    return !life.IsOver() && value;
 }
 
-bool ClientWindow::SetStop_ValuePath(QString const & path, unsigned int id)
-{
-    LifeWatch const life(GetObserverLifetime());
-    Bind(m_pStop, path);
-    if (life.IsOver())
-        return false;
-    m_stopId = MarkerId(id);
-    AddBorder(m_stopId, false, path);
-    return !life.IsOver() && m_pStop;
-}
+bool ClientWindow::SetStart_ValuePath(QString const & path, unsigned int id) { return BindBorder(true, path, id); }
+
+bool ClientWindow::SetStop_ValuePath(QString const & path, unsigned int id) { return BindBorder(false, path, id); }
 
 bool ClientWindow::SetVisible_ValuePath(QString const & path) { return Bind(m_pVisible, path); }
 
@@ -233,10 +237,18 @@ void ClientWindow::Show(bool show)
     if (m_pVisible)
         m_pVisible->SetValue(show, this);
     if (!life.IsOver())
-        ShowMarkers(show);
+        ShowMarkers(m_pVisible ? m_pVisible->GetValue() : show);
 }
 
-//! Writes the border first that keeps start at or below stop.
+//! Whether start would be above stop, were one of them written.
+bool ClientWindow::WouldCross(bool isStop, double value) const
+{
+    IValueNumeric const * const other = isStop ? m_pStart : m_pStop;
+    return other && (isStop ? other->GetNumericValue() > value : value > other->GetNumericValue());
+}
+
+//! Writes the border first that keeps start at or below stop. The second write is left out when it would put start
+//! above stop: who heard of the first has set them anew.
 void ClientWindow::WriteBorders(double a, double b)
 {
     if (!m_pStart || !m_pStop || std::isnan(a) || std::isnan(b))
@@ -250,6 +262,8 @@ void ClientWindow::WriteBorders(double a, double b)
     for (bool const isStop : { stopFirst, !stopFirst }) {
         IValueNumeric * const border = life.IsOver() ? nullptr : isStop ? m_pStop : m_pStart;
         double const value = isStop ? high : low;
+        if (border && isStop != stopFirst && WouldCross(isStop, value))
+            return;
         if (border && !sameValue(border->GetNumericValue(), value))
             border->SetNumericValue(value, this);
     }
@@ -297,7 +311,10 @@ void ClientWindow::MovePixelOffset(int offset)
         return parent->PixelToValue(m_direction, static_cast<int>(std::clamp(wanted, 0LL, edge)));
     };
     LifeWatch const life(GetObserverLifetime());
-    WriteBorders(moved(m_startPixel), moved(m_stopPixel));
+    double const start = moved(m_startPixel);
+    double const stop = moved(m_stopPixel);
+    if (std::isfinite(start) && std::isfinite(stop)) // an axis of one pixel tells no values
+        WriteBorders(start, stop);
     if (!life.IsOver())
         RecalcBorders();
 }
@@ -305,7 +322,7 @@ void ClientWindow::MovePixelOffset(int offset)
 void ClientWindow::DrawFrame(int a, int b, IColorBase::ECOLOR color, QPainter * painter)
 {
     RecalcBorders();
-    if (!painter || m_startPixel == -1 || m_stopPixel == -1)
+    if (!painter || !GetParent() || m_startPixel == -1 || m_stopPixel == -1)
         return;
     Stretch const along(Edge(m_startPixel), Edge(m_stopPixel));
     Stretch const across(Edge(a), Edge(b));

@@ -35,7 +35,8 @@ public:
 
     //! Binds a number as start, and makes the marker \a id of the parent its border: shown, moveable, in the first
     //! colour of client windows for X and the second for Y, and bound to the same path.
-    //! \param id  an EMarkerID; above 42 there is no marker.
+    //! \param id  an EMarkerID; above 42 there is no marker. When it is the stop's, as after SwitchBorders(), the stop
+    //!            gets the marker that the start had.
     bool SetStart_ValuePath(QString const & path, unsigned int id);
     //! The same for the stop, with the other colour.
     bool SetStop_ValuePath(QString const & path, unsigned int id);
@@ -85,20 +86,21 @@ public:
 
     // Moving and drawing
 
-    //! Writes the visible value, and shows or hides both markers.
+    //! Writes the visible value, and shows or hides both markers as it then says.
     void Show(bool show);
     //! Writes the lower value as start and the higher as stop, in an order in which start never exceeds stop, finds
     //! their pixels, and shows or hides the window. Nothing is written when a value is NaN, when the limits of the
-    //! bound values would put start above stop, and unless both are bound. A value outside the range has no pixel.
+    //! bound values would put start above stop, and unless both are bound. Who hears of the first write and sets both
+    //! anew is not put out of order by the second. A value outside the range has no pixel.
     void SetStartStop(double a, double b, bool show);
     //! Finds the pixels of the lower and the higher value, each moved into the range of the axis. Nothing happens
     //! unless both are bound.
     void RecalcBorders();
     //! Moves both pixels, to no further than the edges of the parent, and writes the values they show as SetStartStop()
-    //! does. Nothing happens while a pixel is unknown.
+    //! does. Nothing happens while a pixel is unknown, or when the axis is too narrow to tell values.
     void MovePixelOffset(int offset);
     //! Finds the pixels anew and draws a raised frame one pixel wide: along the axis from border to border, across it
-    //! from \a a to \a b. Nothing without pixels or a painter.
+    //! from \a a to \a b. Nothing without pixels, a parent or a painter.
     void DrawFrame(int a, int b, IColorBase::ECOLOR color, QPainter * painter);
     //! The marker of the start becomes that of the stop and the other way round: ids and colours, not what they are
     //! bound to. Finds the pixels anew.
@@ -111,6 +113,7 @@ public:
 private:
     template <class T>
     bool Bind(T *& field, QString const & path);
+    bool BindBorder(bool isStart, QString const & path, unsigned int id);
     template <class T>
     void LetGo(T *& field);
     bool Holds(Observable const * subject) const;
@@ -119,6 +122,7 @@ private:
     IColorBase::ECOLOR ColorOf(bool isStart) const;
     void AddBorder(int id, bool isStart, QString const & path);
     void ShowMarkers(bool show);
+    bool WouldCross(bool isStop, double value) const;
     void WriteBorders(double a, double b);
 
     IValueNumeric * m_pStart = nullptr; // borrowed from the tree, as the next four

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void pixelsOfAVerticalAxis();
     void movesAlongTheAxis();
     void staysWithinAZoomedRange();
+    void staysOnAnAxisOfOnePixel();
     void endsWithTheAxis();
     void endsWhileBound();
 };
@@ -254,6 +255,24 @@ void tst_axisbase_client::staysWithinAZoomedRange()
     QCOMPARE(b, -1);
     window->MovePixelOffset(10);
     QCOMPARE(values.start->GetValue(), 20.0);
+}
+
+void tst_axisbase_client::staysOnAnAxisOfOnePixel()
+{
+    for (unsigned int const type : { 0x10U, 0x20U }) {
+        Borders const values;
+        bool const isHorizontal = type == 0x10U;
+        AxisProbe axis(type, isHorizontal ? 1 : 20, isHorizontal ? 20 : 1);
+        axis.SetRange(0.0, 100.0);
+        axis.SetButtonStart_ValuePath(values.start.Path());
+        axis.SetButtonStop_ValuePath(values.stop.Path());
+        ClientWindow * const window = axis.CreateClientWindow();
+        window->RecalcBorders();
+        for (int const offset : { 1, -1, 1000 })
+            window->MovePixelOffset(offset);
+        QCOMPARE(values.start->GetValue(), 20.0);
+        QCOMPARE(values.stop->GetValue(), 40.0);
+    }
 }
 
 void tst_axisbase_client::endsWithTheAxis()

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void borderMarkers();
     void borderOfAnUnknownPath();
     void borderAtAnotherId();
+    void boundAnewAfterASwitch_data();
+    void boundAnewAfterASwitch();
     void badMarkerIds_data();
     void badMarkerIds();
     void connected_data();
@@ -199,6 +201,12 @@ void tst_clientwindow::borderOfAnUnknownPath()
     QVERIFY(scene.list.isIndexValidConnected(16));
     QVERIFY(!scene.window.SetStart_ValuePath(QStringLiteral("/test/unknown"), 16));
     QVERIFY(!scene.list.isIndexValidConnected(16));
+    scene.BindBorders();
+    QVERIFY(!scene.window.SetStart_ValuePath(QStringLiteral("/test/unknown"), 16));
+    QCOMPARE(scene.Pixels(), QStringLiteral("-1 40")); // it keeps no pixel of the value before
+    scene.BindBorders();
+    QVERIFY(!scene.window.SetStop_ValuePath(QStringLiteral("/test/unknown"), 17));
+    QCOMPARE(scene.Pixels(), QStringLiteral("20 -1"));
 }
 
 void tst_clientwindow::borderAtAnotherId()
@@ -211,6 +219,37 @@ void tst_clientwindow::borderAtAnotherId()
     scene.window.Show(false);
     QVERIFY(!scene.list.GetShowMarkerFlag(20));
     QVERIFY(scene.list.GetShowMarkerFlag(16));
+}
+
+void tst_clientwindow::boundAnewAfterASwitch_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<bool>("isStart");
+    for (int const direction : { 0, 1 })
+        for (bool const isStart : { true, false })
+            QTest::addRow("%s along %s", isStart ? "start" : "stop", direction == 0 ? "X" : "Y")
+                << direction << isStart;
+}
+
+//! The marker that the other border had goes back, with its colour.
+void tst_clientwindow::boundAnewAfterASwitch()
+{
+    QFETCH(int, direction);
+    QFETCH(bool, isStart);
+    int const startColor = 30 + direction;
+    ClientScene scene(static_cast<EMarkerXYType>(direction));
+    scene.Bind();
+    scene.window.SwitchBorders();
+    QVERIFY(isStart ? scene.window.SetStart_ValuePath(scene.start.Path(), 16)
+                    : scene.window.SetStop_ValuePath(scene.stop.Path(), 17));
+    QCOMPARE(scene.window.GetStartMarkerId(), 16);
+    QCOMPARE(scene.window.GetStopMarkerId(), 17);
+    QCOMPARE(static_cast<int>(scene.list.GetMarker(16)->GetColor()), startColor);
+    QCOMPARE(static_cast<int>(scene.list.GetMarker(17)->GetColor()), 61 - startColor);
+    QCOMPARE(scene.Pixels(), QStringLiteral("20 40"));
+    scene.window.Show(false);
+    QVERIFY(!scene.list.GetShowMarkerFlag(16));
+    QVERIFY(!scene.list.GetShowMarkerFlag(17));
 }
 
 void tst_clientwindow::badMarkerIds_data()
@@ -309,6 +348,9 @@ void tst_clientwindow::valid()
     scene.Bind(visible);
     QCOMPARE(scene.Pixels(), pixels);
     QCOMPARE(scene.IsValid(), isValid);
+    QCOMPARE(scene.window.HasPoint(20), isValid && start <= 20.0);
+    for (int const pixel : { -1, 0, 10, 20, 40 })
+        QVERIFY(isValid || !scene.window.HasPoint(pixel));
 }
 
 void tst_clientwindow::points_data()
@@ -549,7 +591,7 @@ void tst_clientwindow::oneValueTwice()
     scene.window.SetStart_ValuePath(QString(), 16); // the other field still hears
     scene.window.SetHasFocus_ValuePath(QString());
     scene.start->SetValue(50.0, nullptr);
-    QCOMPARE(scene.Pixels(), QStringLiteral("30 50"));
+    QCOMPARE(scene.Pixels(), QStringLiteral("-1 50"));
     scene.visible->SetValue(false, nullptr);
     QVERIFY(!scene.list.GetShowMarkerFlag(17));
     QVERIFY(scene.window.GetFocus());

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void startAndStopShow_data();
     void startAndStopShow();
     void showsWhatTheValueHolds();
+    void setAnewWhileWritten_data();
+    void setAnewWhileWritten();
     void orderOfWriting_data();
     void orderOfWriting();
     void neverCrosses();
@@ -81,6 +83,7 @@ private Q_SLOTS:
     void frameFollows();
     void noFrame_data();
     void noFrame();
+    void noFrameOfOneBorder();
     void switchesBorders_data();
     void switchesBorders();
     void specialDoubles();
@@ -166,6 +169,45 @@ void tst_clientwindow_moving::showsWhatTheValueHolds()
     scene.window.SetStartStop(30.0, 50.0, true);
     QVERIFY(!scene.visible->GetValue());
     QVERIFY(!scene.list.GetShowMarkerFlag(16));
+    Meddler refusesAgain([&] { scene.visible->SetValue(false, nullptr); });
+    scene.visible->AddObserver(&refusesAgain);
+    scene.window.Show(true);
+    QVERIFY(!scene.window.IsVisible());
+    QVERIFY(!scene.list.GetShowMarkerFlag(16));
+    QVERIFY(!scene.list.GetShowMarkerFlag(17));
+}
+
+void tst_clientwindow_moving::setAnewWhileWritten_data()
+{
+    QTest::addColumn<double>("a");
+    QTest::addColumn<double>("b");
+    QTest::addColumn<bool>("byStop");
+    QTest::addColumn<double>("newA");
+    QTest::addColumn<double>("newB");
+    QTest::addColumn<QString>("values");
+    QTest::newRow("above what is still to be written") << 25.0 << 30.0 << false << 60.0 << 80.0 << "60 80";
+    QTest::newRow("below what is still to be written") << 60.0 << 80.0 << true << 5.0 << 10.0 << "5 10";
+}
+
+//! Who hears of the first border sets both.
+void tst_clientwindow_moving::setAnewWhileWritten()
+{
+    QFETCH(double, a);
+    QFETCH(double, b);
+    QFETCH(bool, byStop);
+    QFETCH(double, newA);
+    QFETCH(double, newB);
+    QFETCH(QString, values);
+    ClientScene scene;
+    scene.Bind();
+    BorderWatch const watch(scene.start.Get(), scene.stop.Get());
+    Meddler meddler([&] { scene.window.SetStartStop(newA, newB, true); });
+    meddler.m_code = eValueChanged;
+    (byStop ? scene.stop : scene.start)->AddObserver(&meddler);
+    scene.window.SetStartStop(a, b, true);
+    QCOMPARE(watch.m_crossed, 0);
+    QCOMPARE(scene.Values(), values);
+    QCOMPARE(scene.Pixels(), values);
 }
 
 void tst_clientwindow_moving::orderOfWriting_data()
@@ -402,6 +444,9 @@ void tst_clientwindow_moving::movesOnlyFromAPixel()
     scene.window.RecalcBorders(); // clipped, it has one
     scene.window.MovePixelOffset(-10);
     QCOMPARE(scene.Values(), QStringLiteral("10 90"));
+    scene.window.SetStartStop(-5.0, 40.0, true);
+    scene.window.MovePixelOffset(10);
+    QCOMPARE(scene.Values(), QStringLiteral("-5 40"));
 }
 
 void tst_clientwindow_moving::keepsItsPlaceWhenMovedByNothing()
@@ -536,6 +581,17 @@ void tst_clientwindow_moving::noFrame()
     if (bound)
         scene.Bind();
     QCOMPARE(Framed(scene.window, 5, b, IColorBase::eColorGood), White());
+}
+
+void tst_clientwindow_moving::noFrameOfOneBorder()
+{
+    ClientScene scene;
+    scene.window.SetStart_ValuePath(scene.start.Path(), 16);
+    QCOMPARE(Framed(scene.window, 5, 50, IColorBase::eColorGood), White());
+    scene.window.SetStop_ValuePath(scene.stop.Path(), 17);
+    QVERIFY(Framed(scene.window, 5, 50, IColorBase::eColorGood) != White());
+    scene.window.SetParent(nullptr);
+    QCOMPARE(Framed(scene.window, 5, 50, IColorBase::eColorGood), White());
 }
 
 void tst_clientwindow_moving::switchesBorders_data()
