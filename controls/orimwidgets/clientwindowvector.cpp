@@ -65,9 +65,9 @@ void ClientWindowVector::SetFocus(int i)
         return;
     m_current = i;
     LifeWatch const life(m_lifetime);
-    for (int other = 0; other < WindowCount && !life.IsOver(); ++other)
+    for (int other = 0; other < WindowCount && !life.IsOver() && m_current == i; ++other)
         if (other != i)
             GetWindow(other)->SetFocus(false);
-    if (!life.IsOver() && GetWindow(i))
+    if (!life.IsOver() && m_current == i && GetWindow(i))
         GetWindow(i)->SetFocus(true);
 }

@@ -46,7 +46,7 @@ public:
     //! ClientWindow::RecalcBorders() on each.
     void RecalcBorders();
     //! Makes a window the current one, with the focus, after all others have lost it. \param i  -1 takes the focus from
-    //! all; any other bad index is ignored.
+    //! all; any other bad index is ignored. Who hears of a lost focus and sets it anew wins.
     void SetFocus(int i);
 
 private:

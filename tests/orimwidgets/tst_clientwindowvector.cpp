@@ -119,6 +119,8 @@ private Q_SLOTS:
     void focus_data();
     void focus();
     void focusIsNeverDoubled();
+    void focusChosenAnewWhileTold_data();
+    void focusChosenAnewWhileTold();
     void withoutParent();
     void endsWhileWindowsChange_data();
     void endsWhileWindowsChange();
@@ -316,6 +318,31 @@ void tst_clientwindowvector::focusIsNeverDoubled()
         scene.windows.SetFocus(index);
     QCOMPARE(watch.m_heard, 11); // one loses it, one gets it
     QCOMPARE(watch.m_doubled, 0);
+}
+
+void tst_clientwindowvector::focusChosenAnewWhileTold_data()
+{
+    QTest::addColumn<int>("anew");
+    QTest::addColumn<QString>("focused");
+    QTest::newRow("another") << 4 << "----F";
+    QTest::newRow("the same") << 3 << "---F-";
+    QTest::newRow("none") << -1 << "-----";
+}
+
+//! Who hears that one loses the focus chooses another; the last choice wins.
+void tst_clientwindowvector::focusChosenAnewWhileTold()
+{
+    QFETCH(int, anew);
+    QFETCH(QString, focused);
+    Scene scene;
+    scene.BindAll();
+    scene.windows.SetFocus(1);
+    Meddler meddler([&] { scene.windows.SetFocus(anew); });
+    meddler.m_code = eValueChanged;
+    Scene::Focus(1)->AddObserver(&meddler);
+    scene.windows.SetFocus(3);
+    QCOMPARE(scene.windows.GetCurrentIndex(), anew);
+    QCOMPARE(scene.Focused(), focused);
 }
 
 void tst_clientwindowvector::withoutParent()
