@@ -5,7 +5,14 @@
 #include "resultmarkerlist.h"
 #include "valuelist.h"
 
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+constexpr unsigned int MostValues = 4096; // of one result
+
+} // namespace
 
 ResultMarker::ResultMarker() = default;
 
@@ -44,7 +51,7 @@ void ResultMarker::SetMarkerValue(IMarkerValue const * result, bool draw)
 {
     if (!result)
         return;
-    std::vector<double> values(result->GetCount());
+    std::vector<double> values(std::min(result->GetCount(), MostValues));
     for (std::size_t i = 0; i < values.size(); ++i)
         values[i] = result->GetValue(static_cast<unsigned int>(i));
     m_values = std::move(values);

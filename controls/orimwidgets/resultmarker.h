@@ -47,8 +47,8 @@ public:
 
     unsigned int GetYDimensionValue() const { return m_yIndex; }
 
-    //! Takes a result over: all its values, its text when the show-result flag is set, and the position, which is
-    //! wrapped into the range. \param result  null changes nothing. \param draw  repaint the list.
+    //! Takes a result over: its values, at most 4096, its text when the show-result flag is set, and the position,
+    //! which is wrapped into the range. \param result  null changes nothing. \param draw  repaint the list.
     void SetMarkerValue(IMarkerValue const * result, bool draw);
 
 private:

@@ -8,10 +8,7 @@
 #include "tree.h"
 #include "valuenumeric.h"
 
-#include <QPointer>
-
 #include <algorithm>
-#include <limits>
 
 namespace {
 

@@ -101,6 +101,7 @@ private Q_SLOTS:
     void valueOfAResultMarker();
     void createResultMarkerList();
     void earlierResultMarkerListGoesOn();
+    void resultMarkerListEndsWithItsList();
 };
 
 void tst_markerlist_markers::badIndex_data()
@@ -818,6 +819,13 @@ void tst_markerlist_markers::createResultMarkerList()
     QCOMPARE(list.GetMarker(21)->GetColor(), Color(90));
     QCOMPARE(list.GetMarker(21)->GetSpecial(), 0x408U);
     QVERIFY(list.GetMarker(21)->GetMoveable());
+    QVERIFY(list.GetShowMarkerFlag(21));
+    ResultMarkerList * const fixed =
+        list.CreateResultMarkerList(30, false, Color(91), false, 0x4, QStringLiteral("Fixed"));
+    fixed->Resize(1);
+    QVERIFY(!list.GetMarker(30)->GetMoveable());
+    QVERIFY(!list.GetMarker(30)->GetShowMarkerFlag());
+    QCOMPARE(list.GetMarker(30)->GetSpecial(), 0x4U);
 }
 
 void tst_markerlist_markers::earlierResultMarkerListGoesOn()
@@ -842,6 +850,17 @@ void tst_markerlist_markers::earlierResultMarkerListGoesOn()
     values->SetEntries(Results(2), nullptr); // it outlives the list
     QVERIFY(!earlier->GetParent());
     QVERIFY(earlier->Set_ValuePath(QString()) == false);
+}
+
+void tst_markerlist_markers::resultMarkerListEndsWithItsList()
+{
+    TreeValue<ResultList> const values("results");
+    {
+        TestMarkerList list;
+        list.CreateResultMarkerList(33, true, Color(90), true, 0, QString())->Set_ValuePath(values.Path());
+        QCOMPARE(values->GetObserverCount(), 1);
+    }
+    QCOMPARE(values->GetObserverCount(), 0);
 }
 
 ORIM_TEST_MAIN(tst_markerlist_markers)

@@ -29,8 +29,9 @@ public:
         return QStringLiteral("asked");
     }
 
-    unsigned int GetCount() const override { return 3; }
+    unsigned int GetCount() const override { return m_count; }
 
+    unsigned int m_count = 3;
     mutable QStringList m_asked;
 };
 
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void secondIndex();
     void replacesAllValues();
     void asksForWhatItNeeds();
+    void takesNoMoreThan4096();
     void textFollowsTheFlag();
     void nothingToTake();
     void forgetsPixels();
@@ -188,6 +190,17 @@ void tst_resultmarker::asksForWhatItNeeds()
     QCOMPARE(result.m_asked.size(), 4);
     QCOMPARE(result.m_asked.last(), QStringLiteral("text"));
     QCOMPARE(marker.GetValue(2U), 102.0);
+}
+
+void tst_resultmarker::takesNoMoreThan4096()
+{
+    ResultMarker marker;
+    AskedResult result;
+    result.m_count = std::numeric_limits<unsigned int>::max();
+    marker.SetMarkerValue(&result, false);
+    QCOMPARE(result.m_asked.size(), 4096);
+    QCOMPARE(marker.GetValue(4095U), 4195.0);
+    QCOMPARE(marker.GetValue(4096U), -1.0);
 }
 
 void tst_resultmarker::textFollowsTheFlag()

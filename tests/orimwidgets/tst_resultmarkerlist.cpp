@@ -116,7 +116,9 @@ private Q_SLOTS:
     void highlight();
     void selectorShowsWithTheNextChange();
     void numericSelectors();
+    void firstIsSelectedWithoutSelector();
     void hiddenParent();
+    void selectorOfAHiddenParent();
     void otherCodesAndSubjects();
     void repaintsOnce();
     void emptied();
@@ -476,6 +478,18 @@ void tst_resultmarkerlist::numericSelectors()
     QCOMPARE(scene.Colors(), (Indices{ 34, 34, 36, 34 }));
 }
 
+void tst_resultmarkerlist::firstIsSelectedWithoutSelector()
+{
+    TreeValue<ResultList> const values("results");
+    TestMarkerList list;
+    list.show();
+    ResultMarkerList results(&list, 33, true, IColorBase::eColorGood, true, 0, QString());
+    results.Set_ValuePath(values.Path());
+    values->SetEntries(Results(2), nullptr);
+    QCOMPARE(static_cast<int>(list.GetMarker(33)->GetColor()), 36);
+    QCOMPARE(static_cast<int>(list.GetMarker(34)->GetColor()), 34);
+}
+
 void tst_resultmarkerlist::hiddenParent()
 {
     Scene scene;
@@ -497,6 +511,20 @@ void tst_resultmarkerlist::hiddenParent()
     scene.list.hide();
     scene.values.Remove(); // heard all the same
     QVERIFY(!scene.results->GetConnected());
+}
+
+void tst_resultmarkerlist::selectorOfAHiddenParent()
+{
+    Scene scene;
+    TreeNumber const other("other", 1.0);
+    scene.list.hide();
+    QVERIFY(scene.results->SetSelector_ValuePath(other.Path()));
+    scene.list.show();
+    scene.values->SetEntries(Results(2), nullptr);
+    QCOMPARE(scene.Colors(), (Indices{ 36, 34 })); // what it said meanwhile was not taken
+    scene.list.hide();
+    other->SetState(eStateGoingAway, nullptr); // heard all the same
+    QCOMPARE(other->GetObserverCount(), 0);
 }
 
 void tst_resultmarkerlist::otherCodesAndSubjects()
