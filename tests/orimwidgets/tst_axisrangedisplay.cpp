@@ -1327,7 +1327,6 @@ void tst_axisrangedisplay::everyPairOfNumbers_data()
     QTest::addColumn<unsigned int>("type");
     QTest::newRow("numbers") << 1U << Across;
     QTest::newRow("times") << 5U << AcrossTime;
-    QTest::newRow("spans") << 3U << AcrossTime;
 }
 
 void tst_axisrangedisplay::everyPairOfNumbers()
