@@ -6,11 +6,17 @@
 ParkingList::Lot::~Lot()
 {
     // what is freed may park something else
-    for (std::size_t i = 0; i < m_objects.size(); ++i)
-        if (QObject * const object = m_objects[i]; object && !object->parent())
-            delete object;
-    for (std::size_t i = 0; i < m_releases.size(); ++i)
-        std::function<void()>(std::move(m_releases[i]))();
+    std::size_t object = 0;
+    std::size_t release = 0;
+    while (object < m_objects.size() || release < m_releases.size()) {
+        if (object == m_objects.size()) {
+            std::function<void()>(std::move(m_releases[release++]))();
+            continue;
+        }
+        QObject * const next = m_objects[object++];
+        if (next && !next->parent())
+            delete next;
+    }
 }
 
 void ParkingList::Lot::Add(QObject * object)

@@ -36,6 +36,7 @@ int Child()
     ParkingList::Park([] {
         for (int i = 0; i < 100; ++i)
             ParkingList::Park([i] { std::fputs(i == 99 ? "late\n" : "", stdout); });
+        ParkingList::Park(new Speaker("late object"));
         std::puts("released");
     });
     ParkingList::Park(static_cast<QObject *>(nullptr));
@@ -52,7 +53,7 @@ void tst_ParkingList::freedAtExit()
     child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--child") });
     QVERIFY(child.waitForFinished(10000));
     QCOMPARE(child.exitCode(), 0);
-    QCOMPARE(child.readAllStandardOutput(), QByteArray("early\nmain ends\nparked\nreleased\nlate\n"));
+    QCOMPARE(child.readAllStandardOutput(), QByteArray("early\nmain ends\nparked\nreleased\nlate object\nlate\n"));
 }
 
 int main(int argc, char * argv[])
