@@ -99,7 +99,7 @@ public:
     // such values computed from others. The caller keeps the path alone: each operation returns it, and the tree owns
     // the value. Who made a value may remove it from the tree; those that are left go at aboutToTerminate(). Numbers
     // count from 0 in each kind, and are not used twice until then. Without a tree there is a path, but no value. A
-    // path that somebody else took before stays theirs.
+    // path that somebody else took before stays theirs, and an operation made then works on their value.
 
     //! A name that no other call gives, such as "UNIQUE_NAME_0"; it stands for nothing in the tree, and goes on
     //! counting after aboutToTerminate().
@@ -284,6 +284,7 @@ private:
     bool m_azimuthElevationColorsEnabled = false;
     bool m_drawHiddenPanes = false;
     unsigned int m_changeableWaterfallColorSets = 0xFFFF;
+    unsigned int m_removals = 0; // of unique values, a kind each; tells one that others began inside it
 };
 
 #endif

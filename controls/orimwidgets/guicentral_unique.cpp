@@ -3,6 +3,7 @@
 
 #include "operations.h"
 #include "tree.h"
+#include "valuebase.h"
 #include "valueselection.h"
 
 #include <array>
@@ -66,6 +67,21 @@ QString Name(char const * name, int number) { return QString(QLatin1String(name)
 
 //! The next number; past the largest int the lowest one.
 int After(int number) { return static_cast<int>(static_cast<unsigned int>(number) + 1U); }
+
+//! Keeps what an operation computes at its start out of undo: the operator did not change it.
+class Unrecorded
+{
+public:
+    Unrecorded() { ValueBase::SetRecorder(nullptr); }
+
+    Unrecorded(Unrecorded const &) = delete;
+    Unrecorded & operator=(Unrecorded const &) = delete;
+
+    ~Unrecorded() { ValueBase::SetRecorder(m_pRecorder); }
+
+private:
+    IValueRecorder * m_pRecorder = ValueBase::Recorder(); // borrowed
+};
 
 } // namespace
 
@@ -148,6 +164,7 @@ struct GuiCentral::Unique
                                        unsigned int type)
     {
         QString const path = central.CreateUniqueValueBoolean(false);
+        Unrecorded const unrecorded;
         central.m_boolOperations[path] =
             std::make_unique<BoolOperation>(path, source, operand, static_cast<BoolOperation::Type>(type));
         Tree const * const tree = Tree::Instance();
@@ -162,6 +179,7 @@ struct GuiCentral::Unique
                                           unsigned int type)
     {
         QString const path = Clone<double>(central, eFloat, nullptr);
+        Unrecorded const unrecorded;
         central.m_numericOperations.push_back(
             std::make_unique<Operation>(path, source, operand, static_cast<typename Operation::Type>(type)));
         return path;
@@ -289,6 +307,7 @@ QString GuiCentral::CreateSelectionCoupledToBool(QString const & boolPath, bool 
     QString const path = Unique::Create<ValueSelection>(*this, Unique::eSelection, [](ValueSelection & created) {
         created.AddItems({ { QStringLiteral("Off"), 0.0, 0 }, { QStringLiteral("On"), 1.0, 1 } });
     });
+    Unrecorded const unrecorded;
     m_selectionCouplers.push_back(std::make_unique<BoolSelectionCoupler>(boolPath, path, inverted));
     return path;
 }
@@ -299,13 +318,15 @@ void GuiCentral::RemoveUniqueValues(Tree * tree)
         int & count = this->*kind.count; // observers may create further ones, or end it all themselves
         int left = MaxAdded;
         int const known = count;
+        unsigned int const removal = ++m_removals;
         int number = kind.first;
-        for (; tree && number < count && (number < known || left-- > 0); ++number) {
+        for (; tree && m_removals == removal && number < count && (number < known || left-- > 0); ++number) {
             QString const path = Unique::Path(kind, Name(kind.name, number));
             if (tree->Find(path))
                 tree->Remove(path);
         }
-        if (!tree || number >= count)
+        // what a farewell created once it had ended all of this kind stays until the next end, and keeps its number
+        if (m_removals == removal && (!tree || number >= count))
             count = 0;
     }
 }

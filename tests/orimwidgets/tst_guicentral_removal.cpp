@@ -34,6 +34,8 @@ private Q_SLOTS:
     void farewellCreatesOfAKindThatIsDone();
     void farewellCreatesWithoutEnd();
     void farewellTerminates();
+    void farewellTerminatesAndCreates_data();
+    void farewellTerminatesAndCreates();
 
 private:
     OwnStore<> m_store;
@@ -375,6 +377,42 @@ void tst_GuiCentralRemoval::farewellTerminates()
     for (Creator const & creator : Creators)
         if (creator.type != eTypeCString)
             QCOMPARE(creator.create(central), QLatin1String(creator.path) + QStringLiteral("0"));
+}
+
+void tst_GuiCentralRemoval::farewellTerminatesAndCreates_data()
+{
+    QTest::addColumn<int>("count"); // created, where three were
+    QTest::newRow("fewer") << 1;
+    QTest::newRow("as many") << 3;
+    QTest::newRow("more") << 5;
+}
+
+void tst_GuiCentralRemoval::farewellTerminatesAndCreates()
+{
+    QFETCH(int, count);
+    GuiCentralAccess central;
+    QStringList paths;
+    for (int i = 0; i < 3; ++i)
+        paths << central.CreateUniqueValueString(QStringLiteral("old"));
+    QStringList created;
+    Witness witness(eStateChanged, [&](ValueBase *) {
+        central.aboutToTerminate();
+        for (int i = 0; i < count; ++i)
+            created << central.CreateUniqueValueString(QStringLiteral("new"));
+    });
+    witness.Hear(paths[1]);
+    central.aboutToTerminate();
+    QCOMPARE(created.size(), count);
+    QCOMPARE(created[0], paths[0]);
+    QVERIFY(!created.contains(central.CreateUniqueValueString(QStringLiteral("newer"))));
+    for (QString const & path : created) {
+        auto const * const value = Find<Value<QString>>(path);
+        QVERIFY(value);
+        QCOMPARE(value->GetValue(), QStringLiteral("new"));
+    }
+    central.aboutToTerminate();
+    QCOMPARE(Left(), QStringList());
+    QCOMPARE(central.CreateUniqueValueString(QString()), paths[0]);
 }
 
 ORIM_TEST_MAIN(tst_GuiCentralRemoval)

@@ -7,6 +7,7 @@
 #include "undorecording.h"
 #include "uniquevalues.h"
 
+#include <QLocale>
 #include <QUndoStack>
 
 namespace {
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void stringsCountTogether();
     void names();
     void nameAfterTheLargestNumber();
+    void numbersAreNotGrouped();
     void countersInOrder();
     void pathInUse();
     void leavesNothingToUndo();
@@ -163,6 +165,28 @@ void tst_GuiCentralUnique::nameAfterTheLargestNumber()
     QCOMPARE(central.CreateUniqueName(), QStringLiteral("UNIQUE_NAME_-2147483648"));
 }
 
+void tst_GuiCentralUnique::numbersAreNotGrouped()
+{
+    GuiCentralAccess central;
+    QLocale const before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    for (int * const count : GuiCentralAccess::Counts(central))
+        *count = 1234567;
+    QString const name = central.CreateUniqueName();
+    QStringList paths;
+    for (Creator const & creator : Creators) {
+        *GuiCentralAccess::Counts(central)[6] = 1234567; // two of them make strings
+        paths << creator.create(central);
+        Tree::Instance()->Remove(paths.back());
+    }
+    QLocale::setDefault(before);
+    for (int * const count : GuiCentralAccess::Counts(central))
+        *count = 0; // nothing is left to be looked for
+    QCOMPARE(name, QStringLiteral("UNIQUE_NAME_1234567"));
+    for (int i = 0; i < paths.size(); ++i)
+        QCOMPARE(paths[i], QLatin1String(Creators[i].path) + QStringLiteral("1234567"));
+}
+
 void tst_GuiCentralUnique::countersInOrder()
 {
     GuiCentralAccess central;
@@ -190,6 +214,7 @@ void tst_GuiCentralUnique::leavesNothingToUndo()
     GuiCentralAccess central;
     auto * const source = Insert<Whole>("source");
     source->SetValue(3, nullptr);
+    Insert<Flag>("flag");
     int const before = GuiBase::Instance().UndoStack()->count();
     {
         GuiUndoRecordingHelper const helper(nullptr, QStringLiteral("Open a pane"));
@@ -197,8 +222,20 @@ void tst_GuiCentralUnique::leavesNothingToUndo()
             creator.create(central);
         central.CreateUniqueAgeingStepsSelection();
         central.CloneUniqueValueInt(source);
+        central.CreateBoolOperation(Path("source"), 3, BoolOperation::eEqual);
+        central.CreateNumericOperation(Path("source"), 2.0, NumericOperation::eAdd);
+        central.CreateNumericCoupler(Path("source"), 2.0, NumericCoupler::eOffset);
+        central.CreateSelectionCoupledToBool(Path("flag"), false);
     }
     QCOMPARE(GuiBase::Instance().UndoStack()->count(), before);
+    {
+        GuiUndoRecordingHelper const helper(nullptr, QStringLiteral("Open a pane, and set"));
+        central.CreateNumericCoupler(Path("source"), 2.0, NumericCoupler::eOffset);
+        source->SetValue(4, nullptr); // by the operator
+    }
+    QCOMPARE(GuiBase::Instance().UndoStack()->count(), before + 1);
+    GuiBase::Instance().UndoStack()->undo();
+    QCOMPARE(source->GetValue(), 3);
 }
 
 void tst_GuiCentralUnique::floatLimits_data()
