@@ -5,14 +5,26 @@
 #include "testmain.h"
 #include "testmarkerlist.h"
 
+#include <QThread>
+
 #include <array>
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t Room = 17; // arguments
+
+//! How many arguments a function takes; 0 unless each is a list.
+template <class... Arguments>
+constexpr std::size_t CountOfLists(void (*)(Arguments...))
+{
+    return std::conjunction_v<std::is_same<Arguments, MarkerList *>...> ? sizeof...(Arguments) : 0;
+}
+
+static_assert(CountOfLists(&ConnectMarkerVisibilityFlags) == Room);
 
 //! A list that writes down what reaches it.
 class HearingList : public TestMarkerList
@@ -112,6 +124,7 @@ private Q_SLOTS:
     void secondCallDoubles();
     void argumentsArePassedOn_data();
     void argumentsArePassedOn();
+    void otherThreadIsHeardLater();
 
     void sharesShow();
     void sharesMoving();
@@ -121,6 +134,7 @@ private Q_SLOTS:
     void unboundMarkerIsNobodys();
     void hearsItselfTwice();
     void hiddenListIgnores();
+    void hiddenListIgnoresMovingAndCurrent();
     void hiddenListSends();
     void pseudoListTakesPart();
 
@@ -285,6 +299,19 @@ void tst_ConnectMarkerVisibilityFlags::argumentsArePassedOn()
                                        QStringLiteral("1") + text })); // at once, with no event loop
 }
 
+void tst_ConnectMarkerVisibilityFlags::otherThreadIsHeardLater()
+{
+    qRegisterMetaType<EMarkerState>("EMarkerState");
+    Mesh mesh(2);
+    std::unique_ptr<QThread> const other(
+        QThread::create([&] { mesh.At(0).sendSignalSetState(QStringLiteral("p"), eMarkerShow, true); }));
+    other->start();
+    QVERIFY(other->wait(10000));
+    QCOMPARE(mesh.m_log, QStringList());
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(mesh.Heard(), QList<int>({ 0, 0, 1 }));
+}
+
 void tst_ConnectMarkerVisibilityFlags::sharesShow()
 {
     Mesh mesh(4);
@@ -376,6 +403,18 @@ void tst_ConnectMarkerVisibilityFlags::hiddenListIgnores()
     mesh.At(0).SetShowMarker(Mesh::Id(0), false);
     mesh.At(0).SetShowMarker(Mesh::Id(0), true);
     QVERIFY(mesh.MarkerAt(1).GetShowMarkerFlag());
+}
+
+void tst_ConnectMarkerVisibilityFlags::hiddenListIgnoresMovingAndCurrent()
+{
+    Mesh mesh(3);
+    mesh.At(1).hide();
+    mesh.At(0).SetMarkerMoving(Mesh::Id(0), true);
+    mesh.At(0).SetCurrentMarker(Mesh::Id(0), true);
+    QVERIFY(!mesh.MarkerAt(1).IsMoving());
+    QVERIFY(!mesh.MarkerAt(1).GetCurrentMarker());
+    QVERIFY(mesh.MarkerAt(2).IsMoving());
+    QVERIFY(mesh.MarkerAt(2).GetCurrentMarker());
 }
 
 void tst_ConnectMarkerVisibilityFlags::hiddenListSends()

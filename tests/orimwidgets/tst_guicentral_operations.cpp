@@ -7,6 +7,22 @@
 
 namespace {
 
+template <class Operand>
+using Maker = QString (Central::*)(QString const &, Operand, unsigned int);
+
+template <class Operand>
+using BoolMaker = decltype(static_cast<Maker<Operand>>(&Central::CreateBoolOperation));
+
+template <class Operand>
+using NumericMaker = decltype(static_cast<Maker<Operand>>(&Central::CreateNumericOperation));
+
+static_assert(std::is_same_v<BoolMaker<QString const &>, Maker<QString const &>>);
+static_assert(std::is_same_v<BoolMaker<double>, Maker<double>>);
+static_assert(std::is_same_v<BoolMaker<int>, Maker<int>>);
+static_assert(std::is_same_v<BoolMaker<QList<int> const &>, Maker<QList<int> const &>>);
+static_assert(std::is_same_v<BoolMaker<QList<double> const &>, Maker<QList<double> const &>>);
+static_assert(std::is_same_v<NumericMaker<QString const &>, Maker<QString const &>>);
+static_assert(std::is_same_v<NumericMaker<double>, Maker<double>>);
 static_assert(
     std::is_same_v<decltype(&Central::CreateNumericCoupler), QString (Central::*)(QString const &, double, unsigned)>);
 static_assert(
@@ -50,6 +66,7 @@ private Q_SLOTS:
     void boolOperation_data();
     void boolOperation();
     void doubleOperandIsNotRounded();
+    void listOperandInFull();
     void boolOperationIsKept();
     void boolOperationGoesWithItsResult();
     void boolOperationWithoutSource();
@@ -64,6 +81,7 @@ private Q_SLOTS:
     void coupledSelection();
     void coupledSelectionIsNotTranslated();
     void coupledSelectionWithoutBool();
+    void couplersOutliveTheirResults();
 
 private:
     OwnStore<> m_store;
@@ -96,6 +114,11 @@ void tst_GuiCentralOperations::boolOperation_data()
         add("greater", 4, { false, false, true });
         add("greater or equal", 5, { false, true, true });
         add("and", 6, { true, true, true });
+        add("or", 7, { true, true, true });
+        bool const isOdd = index >= 3; // a list of two and the source
+        add("xor", 8, { isOdd, isOdd, isOdd });
+        bool const isWhole = index != 1 && index != 4;
+        add("common bits", 9, { isWhole, isWhole, isWhole });
         add("unknown", 10, { false, false, false });
         add("largest code", 0xFFFFFFFFU, { false, false, false });
         ++index;
@@ -131,6 +154,21 @@ void tst_GuiCentralOperations::doubleOperandIsNotRounded()
     QList<double> const several{ 5.5, 6.5 };
     QVERIFY(Find<Flag>(central.CreateBoolOperation(Path("source"), several, BoolOperation::eLess))->GetValue());
     QVERIFY(!Find<Flag>(central.CreateBoolOperation(Path("source"), several, BoolOperation::eEqual))->GetValue());
+}
+
+void tst_GuiCentralOperations::listOperandInFull()
+{
+    GuiCentralAccess central;
+    Insert<Whole>("source")->SetValue(6, nullptr);
+    QString const source = Path("source");
+    for (QString const & path : { central.CreateBoolOperation(source, QList<int>{ 4, 6 }, BoolOperation::eEqual),
+                                  central.CreateBoolOperation(source, QList<double>{ 4.0, 6.0 }, BoolOperation::eEqual),
+                                  central.CreateBoolOperation(source, QList<int>{ 4, 5 }, BoolOperation::eGreater) })
+        QVERIFY(Find<Flag>(path)->GetValue());
+    for (QString const & path :
+         { central.CreateBoolOperation(source, QList<int>{ 4, 7 }, BoolOperation::eGreater),
+           central.CreateBoolOperation(source, QList<double>{ 4.0, 7.0 }, BoolOperation::eGreater) })
+        QVERIFY(!Find<Flag>(path)->GetValue());
 }
 
 void tst_GuiCentralOperations::boolOperationIsKept()
@@ -339,6 +377,24 @@ void tst_GuiCentralOperations::coupledSelectionWithoutBool()
         QCOMPARE(selection->GetCurrentKey(), 1L);
     }
     QCOMPARE(GuiCentralAccess::SelectionCouplers(central).size(), std::size_t(3));
+}
+
+void tst_GuiCentralOperations::couplersOutliveTheirResults()
+{
+    GuiCentralAccess central;
+    auto * const source = Insert<Whole>("source");
+    auto * const flag = Insert<Flag>("flag");
+    QString const number = central.CreateNumericCoupler(Path("source"), 1.0, NumericCoupler::eOffset);
+    QString const choice = central.CreateSelectionCoupledToBool(Path("flag"), false);
+    QVERIFY(!Find<ValueSelection>(choice)->HasObserver(&central));
+    Tree::Instance()->Remove(number);
+    Tree::Instance()->Remove(choice);
+    source->SetValue(3, nullptr);
+    flag->SetValue(true, nullptr);
+    QCOMPARE(GuiCentralAccess::NumericOperations(central).size(), std::size_t(1));
+    QCOMPARE(GuiCentralAccess::SelectionCouplers(central).size(), std::size_t(1));
+    QCOMPARE(source->GetObserverCount(), 1);
+    QCOMPARE(flag->GetObserverCount(), 1);
 }
 
 ORIM_TEST_MAIN(tst_GuiCentralOperations)
