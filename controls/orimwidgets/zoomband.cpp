@@ -11,6 +11,7 @@
 namespace {
 
 constexpr long long LeastBand = 6; // px
+constexpr int Farthest = 1 << 24;  // px, beyond the end of any widget
 constexpr double Unset = -1.0;
 
 } // namespace
@@ -30,8 +31,8 @@ bool IsClick(int a, int b) { return std::llabs(static_cast<long long>(a) - b) < 
 
 std::array<QRect, 2> CoverBeside(QRect const & area, bool vertical, int a, int b)
 {
-    int const low = std::min(a, b);
-    int const high = std::max(a, b);
+    int const low = std::clamp(std::min(a, b), -Farthest, Farthest);
+    int const high = std::clamp(std::max(a, b), -Farthest, Farthest);
     if (vertical)
         return { QRect(area.left(), area.top(), area.right(), low),
                  QRect(area.left(), high, area.right(), area.bottom()) };

@@ -25,7 +25,7 @@ ORIMWIDGETS_EXPORT int Clamp(Span const & span, int pixel);
 //! Whether a band between two pixels is so short that it is a click.
 ORIMWIDGETS_EXPORT bool IsClick(int a, int b);
 //! What is covered beside a band: its rectangles, each a pixel wider and higher than its size says once an outline is
-//! drawn around it. \param area  the widget. \param a, b  ends of the band, px, in any order.
+//! drawn around it. \param area  the widget. \param a, b  ends of the band, px, in any order; moved to within 2^24.
 ORIMWIDGETS_EXPORT std::array<QRect, 2> CoverBeside(QRect const & area, bool vertical, int a, int b);
 //! The end of a range when a value lies beyond it by no more than the rounding of its computation, else the value.
 //! \param low, high  in rising order.

@@ -98,6 +98,10 @@ void tst_zoomband::cover_data()
     QTest::newRow("horizontal, dragged back") << false << 60 << 30 << QRect(0, 0, 30, 19) << QRect(60, 0, 99, 19);
     QTest::newRow("vertical") << true << 5 << 12 << QRect(0, 0, 99, 5) << QRect(0, 12, 99, 19);
     QTest::newRow("vertical, dragged back") << true << 12 << 5 << QRect(0, 0, 99, 5) << QRect(0, 12, 99, 19);
+    QTest::newRow("ends beyond any widget")
+        << false << INT_MIN << INT_MAX << QRect(0, 0, -(1 << 24), 19) << QRect(1 << 24, 0, 99, 19);
+    QTest::newRow("vertical, ends beyond any widget")
+        << true << INT_MAX << INT_MIN << QRect(0, 0, 99, -(1 << 24)) << QRect(0, 1 << 24, 99, 19);
 }
 
 void tst_zoomband::cover()
