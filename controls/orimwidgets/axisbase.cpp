@@ -311,13 +311,13 @@ void AxisBase::SetShadingColor(VC::EShadingColor const & color)
     if (m_pShadingColor)
         m_pShadingColor->Select(static_cast<long>(color), nullptr);
     else
-        StoreShadingColor(color);
+        StoreShadingColor(color, color != VC::eShadingNone);
 }
 
-void AxisBase::StoreShadingColor(int color)
+void AxisBase::StoreShadingColor(int color, bool active)
 {
     m_shadingColor = color;
-    if (color != VC::eShadingNone)
+    if (active)
         m_axisType |= AxisShading;
     else
         m_axisType &= ~static_cast<unsigned int>(AxisShading);

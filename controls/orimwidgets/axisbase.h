@@ -634,7 +634,7 @@ private:
     int GetAxisValues4TimeStamps(double * start, double * stop, int * minor, int * left, int * right, double * first,
                                  double * step, double * offset, int mode);
     void StoreEnd(double & end, ValueNumeric<double> *& bound, double value);
-    void StoreShadingColor(int color);
+    void StoreShadingColor(int color, bool active);
     void FillBearingBands(QPainter & painter);
     double TimeSpanEnd() const;
     void MoveScrolledRange();
@@ -685,6 +685,7 @@ private:
     mutable PixelMap m_map;                // of the range and the inner rectangle last asked for
     QPointer<ResortPopupMenu> m_pAxisMenu; // of the last BuildMenu(); child of this
     LifeWatch m_paneLife;                  // of m_pPrimaryVMappingDrawPane
+    bool m_forwarding = false;             // to the pane
     ValueBase * m_pObserved = nullptr;     // borrowed, bound as force rebuild 3
     LifeWatch m_observedLife;              // of m_pObserved
 };

@@ -79,7 +79,7 @@ constexpr auto AxisBase::BoundField::Table()
         Of<&AxisBase::m_pShadingColor>(eShading,
                                        [](AxisBase & axis) {
                                            long const key = axis.m_pShadingColor->GetCurrentKey();
-                                           axis.StoreShadingColor(static_cast<int>(key));
+                                           axis.StoreShadingColor(static_cast<int>(key), key != 0);
                                        }),
         Of<&AxisBase::m_pDeviceStart>(),
         Of<&AxisBase::m_pDeviceStop>(eDeviceStop, [](AxisBase & axis) { axis.DeviceStopChanged(); }),
@@ -203,13 +203,19 @@ void AxisBase::StopChanged()
         WrapMarkersIntoRange();
 }
 
-//! \return whether this still lives.
+//! Not while it does so already: the pane may forward to this. \return whether this still lives.
 bool AxisBase::ForwardToPane(Observable * source)
 {
     LifeWatch const life(GetObserverLifetime());
-    if (m_pPrimaryVMappingDrawPane && !m_paneLife.IsOver())
-        m_pPrimaryVMappingDrawPane->Update(source, eValueChanged);
-    return !life.IsOver();
+    bool const forwards = m_pPrimaryVMappingDrawPane && !m_paneLife.IsOver() && !m_forwarding;
+    if (!forwards)
+        return true;
+    m_forwarding = true;
+    m_pPrimaryVMappingDrawPane->Update(source, eValueChanged);
+    if (life.IsOver())
+        return false;
+    m_forwarding = false;
+    return true;
 }
 
 void AxisBase::WrapMarkersIntoRange()

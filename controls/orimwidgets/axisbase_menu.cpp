@@ -55,8 +55,12 @@ void Outlive(ResortPopupMenu * menu)
 
 void AxisBase::LeaveMenus()
 {
-    Outlive(m_pAxisMenu);
-    Outlive(m_pSingleMarkerMenu);
+    for (ResortPopupMenu * const menu : findChildren<ResortPopupMenu *>(QString(), Qt::FindDirectChildrenOnly))
+        Outlive(menu); // one that was retired, too
+    if (m_pSingleMarkerMenu && m_pSingleMarkerMenu->IsTelling())
+        Outlive(m_pSingleMarkerMenu); // of another widget
+    else
+        delete m_pSingleMarkerMenu.data();
 }
 
 // The general menu
@@ -263,13 +267,18 @@ QWidget * AxisBase::GetPropertyPage(QWidget * parent, char const * name)
     if (!IsPropertyPageEnabled() || (m_axisType & AxisNoPropertyPage) != 0)
         return nullptr;
     m_pPropertyPage = new AxisPropertyPage(parent, name, this, m_autoScaleCheckOnProperty);
+    LifeWatch const life(GetObserverLifetime());
     ShowRangeOnPage();
+    if (life.IsOver() || !m_pPropertyPage)
+        return nullptr;
     m_pPropertyPage->setEnabled(m_zoomEnabled);
     return m_pPropertyPage;
 }
 
+//! Writing an edit may end this and the page.
 void AxisBase::ShowRangeOnPage()
 {
+    LifeWatch const life(GetObserverLifetime());
     constexpr double unset = AxisPropertyPage::NoLimit;
     auto const minimum = [this](ValueNumeric<double> const * bound) {
         return bound ? bound->GetMin() * m_displayFactor : unset;
@@ -278,7 +287,8 @@ void AxisBase::ShowRangeOnPage()
         return bound ? bound->GetMax() * m_displayFactor : unset;
     };
     m_pPropertyPage->SetStart(m_start * m_displayFactor, minimum(m_pStart), maximum(m_pStart), unset);
-    m_pPropertyPage->SetStop(m_stop * m_displayFactor, minimum(m_pStop), maximum(m_pStop), unset);
+    if (!life.IsOver() && m_pPropertyPage)
+        m_pPropertyPage->SetStop(m_stop * m_displayFactor, minimum(m_pStop), maximum(m_pStop), unset);
 }
 
 void AxisBase::slotShowProperties()
@@ -299,6 +309,8 @@ void AxisBase::slotAcceptPropertyChanges()
     LifeWatch const life(GetObserverLifetime());
     SetMustRecalcRulers(true);
     m_pPropertyPage->DoKillFocus();
+    if (life.IsOver() || !m_pPropertyPage)
+        return;
     if (m_pAutoScale)
         m_pAutoScale->SetValue(m_pPropertyPage->GetAutoScale(), this);
     if (life.IsOver() || !m_pPropertyPage)

@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -135,6 +136,7 @@ private Q_SLOTS:
     void otherSourcesAndCodes();
     void stateThatStays();
     void forwardedToAPaneThatEnded();
+    void forwardedInARing();
     void deletedWhileTold_data();
     void deletedWhileTold();
     void endsQuietly();
@@ -503,6 +505,10 @@ void tst_axisbase_binding::newShadingColor()
     QCOMPARE(int(axis.GetShadingColor()), 0);
     QCOMPARE(axis.GetAxisType(), 0x10U);
     QCOMPARE(axis.m_repairs, 2);
+    long const wide = std::numeric_limits<long>::min(); // not 0, though no part of it fits an int
+    shading->AddItem({ QStringLiteral("wide"), 3.0, wide });
+    shading->Select(wide, nullptr);
+    QVERIFY((axis.GetAxisType() & AxisBase::AxisShading) != 0);
 }
 
 void tst_axisbase_binding::chosenShadingColor()
@@ -787,6 +793,29 @@ void tst_axisbase_binding::forwardedToAPaneThatEnded()
     axis.SetPrimaryVMappingDrawPane(nullptr);
     number->SetValue(6.0, nullptr);
     QCOMPARE(axis.m_start, 6.0);
+}
+
+//! An axis that is its own pane, and two that are each other's.
+void tst_axisbase_binding::forwardedInARing()
+{
+    Planted<Number> start("start");
+    AxisProbe axis;
+    AxisProbe other;
+    QVERIFY(axis.SetStart_ValuePath(start.Path()));
+    axis.SetPrimaryVMappingDrawPane(&axis);
+    start->SetValue(5.0, nullptr);
+    QCOMPARE(axis.m_start, 5.0);
+    QVERIFY(other.SetStart_ValuePath(start.Path()));
+    axis.SetPrimaryVMappingDrawPane(&other);
+    other.SetPrimaryVMappingDrawPane(&axis);
+    start->SetValue(6.0, nullptr);
+    QCOMPARE(axis.m_start, 6.0);
+    QCOMPARE(other.m_start, 6.0);
+    Pane pane;
+    axis.SetPrimaryVMappingDrawPane(&pane);
+    start->SetValue(7.0, nullptr);
+    start->SetValue(8.0, nullptr);
+    QCOMPARE(pane.m_heard.size(), std::size_t(4)); // each from the value and from the other axis
 }
 
 void tst_axisbase_binding::deletedWhileTold_data()

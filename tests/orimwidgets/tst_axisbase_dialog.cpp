@@ -17,6 +17,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -118,6 +119,8 @@ private Q_SLOTS:
     void autoScale();
     void hearersEnd_data();
     void hearersEnd();
+    void writingEnds_data();
+    void writingEnds();
 
     // the dialog
     void dialog();
@@ -539,6 +542,56 @@ void tst_axisbase_dialog::hearersEnd()
     QCOMPARE(bool(shown), !page);
     if (page)
         QCOMPARE(axis->m_stop, byFlag ? 10.0 : 30.0);
+    delete axis;
+}
+
+void tst_axisbase_dialog::writingEnds_data()
+{
+    QTest::addColumn<bool>("page");
+    QTest::addColumn<bool>("back");
+    for (bool const page : { true, false })
+        for (bool const back : { true, false })
+            QTest::addRow("the %s ends as %s", page ? "page" : "axis", back ? "the range is shown" : "the typing ends")
+                << page << back;
+}
+
+//! An axis that writes numbers as text may end itself or the page.
+void tst_axisbase_dialog::writingEnds()
+{
+    class Ends : public PageAxis
+    {
+    public:
+        std::function<void()> m_end;
+
+        QString double2String(double value, char const * format) override
+        {
+            auto const end = std::exchange(m_end, nullptr);
+            if (!end)
+                return PageAxis::double2String(value, format);
+            end(); // may end this
+            return {};
+        }
+    };
+
+    QFETCH(bool, page);
+    QFETCH(bool, back);
+    Planted<Value<bool>> automatic("automatic");
+    QWidget parent;
+    QPointer<Ends> const axis(new Ends);
+    QVERIFY(axis->SetAutoScale_ValuePath(automatic.Path()));
+    axis->SetAxisZoomEnable(true, false);
+    axis->SetRange(0.0, 10.0);
+    QPointer<AxisPropertyPage> const shown(qobject_cast<AxisPropertyPage *>(axis->GetPropertyPage(&parent, nullptr)));
+    Type(shown->GetStopEdit(), "30");
+    std::function<void()> const end = [=] { delete (page ? static_cast<QWidget *>(shown) : axis); };
+    if (back)
+        axis->m_then = [=] { axis->m_end = end; };
+    else
+        axis->m_end = end;
+    axis->slotAcceptPropertyChanges();
+    QCOMPARE(bool(axis), page);
+    QCOMPARE(bool(shown), !page);
+    QCOMPARE(automatic->GetValue(), back); // nothing goes on
     delete axis;
 }
 

@@ -158,6 +158,8 @@ private Q_SLOTS:
     void rebuiltWhileItIsUpdated();
     void axisEndsWhileItTells();
     void axisEndsWhileItIsShown();
+    void axisEndsWhileARetiredMenuTells();
+    void singleMenuGoesWithTheAxis();
 
     // before it is shown
     void updatedBeforeItIsShown();
@@ -576,6 +578,56 @@ void tst_axisbase_menu::axisEndsWhileItIsShown()
     axis.reset();
     QVERIFY(!shown);
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_axisbase_menu::axisEndsWhileARetiredMenuTells()
+{
+    class Ends : public MenuAxis
+    {
+    public:
+        bool m_rebuild = false;
+
+        void UnZoom() override
+        {
+            if (m_rebuild)
+                BuildMenu();
+            delete this;
+        }
+    };
+
+    for (bool const inSlot : { true, false }) {
+        QPointer<Ends> const axis(new Ends);
+        axis->SetAxisZoomEnable(true, false);
+        axis->m_rebuild = inSlot;
+        QPointer<ResortPopupMenu> const telling(axis->GetContextMenu());
+        telling->popup(QPoint(5, 5));
+        if (!inSlot)
+            axis->BuildMenu(); // it stays open
+        telling->setActiveAction(telling->FindItem(1003));
+        QTest::keyClick(telling.data(), Qt::Key_Return);
+        QVERIFY(!axis);
+        QVERIFY(telling); // Qt still works on it
+        DrainDeferredDeletes();
+        QVERIFY(!telling);
+    }
+}
+
+void tst_axisbase_menu::singleMenuGoesWithTheAxis()
+{
+    for (bool const none : { true, false }) {
+        TestMarkerList pane;
+        QWidget other;
+        QPointer<ResortPopupMenu> menu;
+        {
+            MenuAxis axis;
+            axis.SetMenuMarkerPane(&pane);
+            AddRuler(axis, eRedX, "red")->SetRect(QRect(0, 0, 5, 5));
+            axis.SetWidget(none ? nullptr : &other);
+            menu = axis.GetContextMenu();
+            QVERIFY(menu && menu->parentWidget() == axis.GetWidget());
+        }
+        QVERIFY(!menu);
+    }
 }
 
 // Before it is shown
