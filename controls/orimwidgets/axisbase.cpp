@@ -374,8 +374,10 @@ double AxisBase::String2double(QString text)
 {
     if (m_pConverter)
         return m_pConverter->GetValue(text);
-    if (IsTimeAxis())
+    if (IsTimeAxis()) {
+        m_pDateTime->setTime_ts(0); // which a text that is no time leaves
         return static_cast<double>(m_pDateTime->fromString(text));
+    }
     double const value = text.toDouble();
     return std::isfinite(value) ? value : 0.0;
 }

@@ -228,6 +228,15 @@ void tst_axisbase::timeAxis()
         QCOMPARE(axis.m_repairs, 1);
     }
     zones->Select(0L, nullptr);
+    AxisProbe late; // the bit counts at construction; later it makes the tics alone those of times
+    late.m_axisType |= AxisBase::AxisTimeStamps;
+    late.SetRange(0.0, 7200e6);
+    QVERIFY(!late.m_pDateTime && !late.m_pTimeZone && !zones->HasObserver(&late));
+    QCOMPARE(late.m_timeFormat, 4);
+    QCOMPARE(late.GetPropertyPageUnitText(), QStringLiteral("[Timestamp in UTC]"));
+    QString text;
+    late.BuildFormatString(text, 5.0, nullptr);
+    QCOMPARE(text.trimmed().left(1), QStringLiteral("5"));
 }
 
 void tst_axisbase::metaObject()
@@ -810,6 +819,13 @@ void tst_axisbase::reading()
     QCOMPARE(axis.String2double(QStringLiteral("12.5 MHz")), 12.5e6);
     AxisProbe time(AxisBase::AxisHorizontal | AxisBase::AxisTimeStamps);
     QCOMPARE(time.String2double(QStringLiteral("1970-01-01 01:00:00")), 3600e6);
+    time.double2String(5e15, nullptr);
+    QCOMPARE(time.String2double(QStringLiteral("never")), 0.0); // not what was shown last
+    ValueSelection * const zones = GuiBase::Instance().GetTimeZone();
+    zones->Select(7200L, nullptr);
+    QCOMPARE(time.String2double(QStringLiteral("1970-01-01 03:00:00")), 3600e6);
+    QCOMPARE(time.String2double(time.double2String(3600e6, nullptr)), 3600e6);
+    zones->Select(0L, nullptr);
 }
 
 void tst_axisbase::units()

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void outputs();
     void noTicsWriteNothing_data();
     void noTicsWriteNothing();
+    void textsAreSetThoughNoTicFits();
     void shortRangeStoresTheFormatAlone();
     void formatIsChosenAnew();
     void formatStaysWhileTheRowsShareIt();
@@ -70,6 +71,8 @@ private Q_SLOTS:
     void labelsInTheYear2100();
     void secondsEndIn2038();
     void labelsFollowTheZone();
+    void zoneIsCutToWholeSeconds();
+    void labelsOfChosenFormats();
     void ticsStayOnTheSpotWhenTheZoneChanges();
     void ticsBelowTheRangeHaveNoPixel();
     void emptyTextOfAnInt();
@@ -302,6 +305,16 @@ void tst_axisbase_time::noTicsWriteNothing()
     }
 }
 
+void tst_axisbase_time::textsAreSetThoughNoTicFits()
+{
+    TimeProbe axis;
+    axis.SetTimeDisplayFormat(AxisBase::eTimeFormat3);
+    axis.SetRange(1e21, 1e21 + 1e15);
+    QCOMPARE(axis.m_ticCount, 0);
+    QCOMPARE(axis.m_timeFormatString, QStringLiteral("dd"));
+    QCOMPARE(axis.m_unitText, QStringLiteral("Day in Month"));
+}
+
 void tst_axisbase_time::shortRangeStoresTheFormatAlone()
 {
     TimeProbe axis;
@@ -456,6 +469,31 @@ void tst_axisbase_time::labelsFollowTheZone()
     QCOMPARE(axis.LabelAt(Today), QStringLiteral("11:30"));
     QCOMPARE(axis.m_repairs, repairs + 2);
     QCOMPARE(axis.m_timeFormat, 4);
+}
+
+void tst_axisbase_time::zoneIsCutToWholeSeconds()
+{
+    ValueSelection * const zones = GuiBase::Instance().GetTimeZone();
+    zones->AddItem({ QStringLiteral("odd"), 59.9, 4711 });
+    TimeProbe before;
+    before.m_timeFormatString = QStringLiteral("hh:mm:ss");
+    zones->Select(4711L, nullptr);
+    TimeProbe after;
+    after.m_timeFormatString = QStringLiteral("hh:mm:ss");
+    QString const labels[] = { before.LabelAt(Today), after.LabelAt(Today) };
+    zones->Select(0L, nullptr);
+    zones->DeleteItem(4711L);
+    QCOMPARE(labels[0], QStringLiteral("15:00:59"));
+    QCOMPARE(labels[1], QStringLiteral("15:00:59"));
+}
+
+void tst_axisbase_time::labelsOfChosenFormats()
+{
+    TimeProbe axis;
+    axis.SetTimeDisplayFormat(AxisBase::eTimeFormat11);
+    QCOMPARE(axis.LabelAt(Today), MicroSigns());
+    axis.SetTimeDisplayFormat(AxisBase::eTimeFormat10);
+    QCOMPARE(axis.LabelAt(Today + 1.25e6), QStringLiteral("01.250"));
 }
 
 void tst_axisbase_time::ticsStayOnTheSpotWhenTheZoneChanges()
