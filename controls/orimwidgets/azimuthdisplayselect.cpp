@@ -80,9 +80,8 @@ void AzimuthDisplaySelect::Select(long key)
 {
     if (!IsMode(key))
         return;
-    bool const heard = m_pCurrent && m_pCurrent->Select(key, nullptr); // Update() takes it
-    if (!heard)
-        TakeMode(key);
+    bool const shown = m_pCurrent && m_pCurrent->Select(key, nullptr);
+    TakeMode(shown && m_pCurrent ? m_pCurrent->GetCurrentKey() : key); // a choice made meanwhile wins
 }
 
 void AzimuthDisplaySelect::TakeMode(long key)
@@ -101,9 +100,8 @@ void AzimuthDisplaySelect::TakeDefault(long key)
 
 void AzimuthDisplaySelect::SetDefault(long key)
 {
-    bool const heard = m_pDefault && m_pDefault->Select(key, nullptr);
-    if (!heard)
-        TakeDefault(key);
+    bool const shown = m_pDefault && m_pDefault->Select(key, nullptr);
+    TakeDefault(shown && m_pDefault ? m_pDefault->GetCurrentKey() : key); // likewise
 }
 
 QString AzimuthDisplaySelect::PlantSelection(long key)
@@ -161,8 +159,8 @@ void AzimuthDisplaySelect::NorthOffsetChanged()
 
 void AzimuthDisplaySelect::ApplyPersistantAfterRead()
 {
-    if (m_pDefault)
-        TakeDefault(m_pDefault->GetCurrentKey());
+    if (m_pDefault && !IsMode(m_pDefault->GetCurrentKey()))
+        SetDefault(m_default); // an empty text was stored, which chooses nothing
     Select(m_default);
 }
 

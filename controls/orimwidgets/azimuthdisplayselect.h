@@ -64,7 +64,7 @@ public:
     //! The vehicle points elsewhere: raises signalAzimuthModeChanged() in a relative mode, does nothing in any other.
     void NorthOffsetChanged();
 
-    //! The default becomes the mode.
+    //! The default becomes the mode. Where the store chose none the default stays, and is chosen again.
     void ApplyPersistantAfterRead() override;
     //! Does nothing.
     void ApplyPersistantBeforeWrite() override;

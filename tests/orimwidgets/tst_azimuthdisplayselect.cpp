@@ -14,6 +14,7 @@
 #include <climits>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -69,6 +70,22 @@ private:
     long m_key;
 };
 
+//! Removes a selection as soon as it hears of a choice in it.
+class Remover : public IObserver
+{
+public:
+    explicit Remover(QString path) : m_path(std::move(path)) {}
+
+    void Update(Observable * /*subject*/, TChangeCode code) override
+    {
+        if (code == eValueChanged)
+            Tree::Instance()->Remove(m_path);
+    }
+
+private:
+    QString m_path;
+};
+
 void RemoveFromTree(QString const & path) { QVERIFY(Tree::Instance()->Remove(path)); }
 
 } // namespace
@@ -85,6 +102,7 @@ private Q_SLOTS:
 
     void storedDefaultIsTheModeAtTheStart_data();
     void storedDefaultIsTheModeAtTheStart();
+    void emptyStoredDefaultIsFive();
     void itemsOfASelection_data();
     void itemsOfASelection();
     void everySelectionIsANewOne();
@@ -95,6 +113,9 @@ private Q_SLOTS:
     void selectIgnoresOtherKeys_data();
     void selectIgnoresOtherKeys();
     void currentSelectionFollowsAndIsFollowed();
+    void modeThatTheSelectionShowsAlready();
+    void defaultThatTheSelectionShowsAlready();
+    void selectionEndsInTheChoice();
     void selectionOfTheDefaultChangesTheDefaultAlone();
     void nestedChoiceWins();
     void menuItems_data();
@@ -116,6 +137,7 @@ private Q_SLOTS:
     void goesOnWithoutItsValues();
     void strangersAreIgnored();
     void oneObject();
+    void slotsAndSignalByName();
 
 private:
     std::unique_ptr<MemoryCfg> m_pStore;
@@ -158,6 +180,17 @@ void tst_AzimuthDisplaySelect::storedDefaultIsTheModeAtTheStart()
     QCOMPARE(SelectionAt(select.CurrentValueSelection())->GetCurrentKey(), static_cast<long>(mode));
     QCOMPARE(SelectionAt(select.DefaultValueSelection())->GetCurrentKey(), static_cast<long>(mode));
     QCOMPARE(SelectionAt(select.CreateValueSelection())->GetCurrentKey(), static_cast<long>(mode));
+}
+
+void tst_AzimuthDisplaySelect::emptyStoredDefaultIsFive()
+{
+    m_pStore->WriteString(StoreKey, QLatin1String(""));
+    {
+        AzimuthDisplaySelectAccess select;
+        QCOMPARE(select.GetCurrentSelected(), 5L);
+        QCOMPARE(SelectionAt(select.DefaultValueSelection())->GetCurrentKey(), 5L);
+    }
+    QCOMPARE(m_pStore->ReadString(StoreKey, QString()), QStringLiteral("5"));
 }
 
 void tst_AzimuthDisplaySelect::itemsOfASelection_data()
@@ -265,6 +298,41 @@ void tst_AzimuthDisplaySelect::currentSelectionFollowsAndIsFollowed()
     m_pSelect->Select(9); // the selection cannot show it
     QCOMPARE(m_pSelect->GetCurrentSelected(), 9L);
     QCOMPARE(changed.count(), 2);
+}
+
+void tst_AzimuthDisplaySelect::modeThatTheSelectionShowsAlready()
+{
+    m_pSelect->Select(10);
+    SelectionAt(m_pSelect->CurrentValueSelection())->DeleteItem(9);
+    m_pSelect->Select(9); // the selection goes on showing 10
+    QSignalSpy const changed(m_pSelect.get(), &AzimuthDisplaySelect::signalAzimuthModeChanged);
+    m_pSelect->Select(10);
+    QCOMPARE(m_pSelect->GetCurrentSelected(), 10L);
+    QCOMPARE(changed.count(), 1);
+}
+
+void tst_AzimuthDisplaySelect::defaultThatTheSelectionShowsAlready()
+{
+    m_pSelect->slotDefaultSelectionMenuActivated(10);
+    SelectionAt(m_pSelect->DefaultValueSelection())->DeleteItem(9);
+    m_pSelect->slotDefaultSelectionMenuActivated(9);
+    QCOMPARE(SelectionAt(m_pSelect->CreateValueSelection())->GetCurrentKey(), 9L);
+    m_pSelect->slotDefaultSelectionMenuActivated(10);
+    QCOMPARE(SelectionAt(m_pSelect->CreateValueSelection())->GetCurrentKey(), 10L);
+}
+
+void tst_AzimuthDisplaySelect::selectionEndsInTheChoice()
+{
+    Remover remover(m_pSelect->CurrentValueSelection());
+    m_pSelect->Select(10);
+    // one that hears of the choice before the object does
+    ValueSelection * const current = SelectionAt(m_pSelect->CurrentValueSelection());
+    current->DeleteObserver(m_pSelect.get());
+    current->AddObserver(&remover);
+    current->AddObserver(m_pSelect.get());
+    m_pSelect->Select(9);
+    QVERIFY(!SelectionAt(m_pSelect->CurrentValueSelection()));
+    QCOMPARE(m_pSelect->GetCurrentSelected(), 9L);
 }
 
 void tst_AzimuthDisplaySelect::selectionOfTheDefaultChangesTheDefaultAlone()
@@ -497,6 +565,14 @@ void tst_AzimuthDisplaySelect::oneObject()
     QCOMPARE(select.GetCurrentSelected(), 10L);
     QCOMPARE(m_pSelect->GetCurrentSelected(), 5L); // this one is another
     AzimuthMode(5);
+}
+
+void tst_AzimuthDisplaySelect::slotsAndSignalByName()
+{
+    QMetaObject const & meta = AzimuthDisplaySelect::staticMetaObject;
+    for (char const * const slot : { "slotDefaultSelectionMenuActivated(int)", "slotRestoreDefaultPersistant()" })
+        QVERIFY2(meta.indexOfSlot(slot) >= 0, slot);
+    QVERIFY(meta.indexOfSignal("signalAzimuthModeChanged()") >= 0);
 }
 
 ORIM_TEST_MAIN(tst_AzimuthDisplaySelect)
