@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-IStringFormatter::~IStringFormatter() = default;
-
 StdFormatter::StdFormatter(QString suffix, int precision)
     : m_suffix(std::move(suffix))
     , m_precision(std::clamp(precision, 0, 99))

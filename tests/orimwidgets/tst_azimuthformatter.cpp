@@ -41,6 +41,7 @@ private Q_SLOTS:
     void text();
     void suffixed_data();
     void suffixed();
+    void textsStayApart();
     void localeDoesNotMatter();
     void followsTheMode();
     void northAtTheStart();
@@ -122,6 +123,15 @@ void tst_AzimuthFormatter::suffixed()
     AzimuthFormatter formatter;
     formatter.SetNorth(north);
     QCOMPARE(formatter.convertSuffixed(value), expected + QString::fromLatin1(" \xB0"));
+}
+
+void tst_AzimuthFormatter::textsStayApart()
+{
+    AzimuthFormatter formatter;
+    QString const & plain = formatter.convert(12.0);
+    QString const & suffixed = formatter.convertSuffixed(12.0);
+    QCOMPARE(plain, QStringLiteral("12.0"));
+    QCOMPARE(suffixed, QString::fromLatin1("12.0 \xB0"));
 }
 
 void tst_AzimuthFormatter::localeDoesNotMatter()

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "istringformatter.h"
+
+IStringFormatter::~IStringFormatter() = default;
