@@ -5,6 +5,8 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include <optional>
+
 VCComboBoxClassic::VCComboBoxClassic(QWidget * parent, char const * name) : QComboBox(parent)
 {
     setObjectName(QString::fromLatin1(name));
@@ -57,7 +59,9 @@ void VCComboBoxClassic::slotChosen(int index)
     long const key = static_cast<long>(itemData(index).toLongLong());
     QPointer<VCComboBoxClassic> const self(this);
     {
-        GuiUndoRecordingHelper const recording(this, tr("Set %1").arg(selection->GetName()));
+        std::optional<GuiUndoRecordingHelper> recording;
+        if (m_undoRecorded)
+            recording.emplace(this, tr("Set %1").arg(selection->GetName()));
         selection->Select(key, this);
     }
     if (self && m_selection.Get())

@@ -34,6 +34,10 @@ public:
 
     void SetDirty(bool dirty) { m_dirty = dirty; }
 
+    //! Whether a choice can be undone; true at the start. A selection that is an input of a dialog, taken over later or
+    //! not at all, is no change that the operator would undo.
+    void SetUndoRecorded(bool on) { m_undoRecorded = on; }
+
     void Update(Observable * subject, TChangeCode code) override;
 
 protected:
@@ -47,6 +51,7 @@ private:
 
     ValueBinding<ValueSelection> m_selection{ this };
     bool m_dirty = false;
+    bool m_undoRecorded = true;
 };
 
 #endif

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void itemWithoutKeyIsIgnored();
     void notToldOfItsOwnWrite();
     void undoRestores();
+    void undoNotRecorded();
     void dirty();
     void sameChoiceIsClean();
     void silentWhileFollowing();
@@ -257,6 +258,22 @@ void tst_VCComboBoxClassic::undoRestores()
     QCOMPARE(combo.currentIndex(), 1);
     Undo().redo();
     QCOMPARE(combo.currentIndex(), 0);
+}
+
+void tst_VCComboBoxClassic::undoNotRecorded()
+{
+    ValueSelection const * const selection = InsertSelection();
+    VCComboBoxClassic combo;
+    combo.SetValueSelection_ValuePath(Path);
+    combo.SetUndoRecorded(false);
+    combo.show();
+    QTest::keyClick(&combo, Qt::Key_Up);
+    QCOMPARE(selection->GetCurrentKey(), 5L); // chosen all the same
+    QVERIFY(combo.GetDirty());
+    QCOMPARE(Undo().count(), 0);
+    combo.SetUndoRecorded(true);
+    QTest::keyClick(&combo, Qt::Key_Down);
+    QCOMPARE(Undo().count(), 1);
 }
 
 void tst_VCComboBoxClassic::dirty()
