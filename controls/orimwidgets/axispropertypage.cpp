@@ -50,6 +50,7 @@ protected:
         QStylePainter painter(this);
         QStyleOptionComboBox option;
         initStyleOption(&option);
+        painter.setPen(palette().color(QPalette::Text)); // of a label that a style draws without a role
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
         QRect const field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
         option.currentText = Shortened(option.currentText, field.width() - 2); // the label has a margin of a pixel
@@ -63,7 +64,10 @@ private:
         QFontMetrics const metrics = fontMetrics();
         if (metrics.horizontalAdvance(text) <= room)
             return text;
-        QString const lastWord = text.mid(text.lastIndexOf(QLatin1Char(' ')));
+        auto const blank = text.lastIndexOf(QLatin1Char(' '));
+        if (blank < 0)
+            return metrics.elidedText(text, Qt::ElideRight, room);
+        QString const lastWord = text.mid(blank);
         return metrics.elidedText(text.chopped(lastWord.size()), Qt::ElideRight,
                                   room - metrics.horizontalAdvance(lastWord)) +
                lastWord;
@@ -142,6 +146,7 @@ void AxisPropertyPage::AddAzimuth(QGridLayout * grid, int row)
     QString const path = AzimuthDisplaySelect::Instance().CreateValueSelection();
     m_azimuth.Bind(path);
     m_pAzimuthSelector->SetValueSelection_ValuePath(path);
+    m_pAzimuthSelector->SetUndoRecorded(false); // it changes nothing but this page
     m_pAzimuthLabel->setBuddy(m_pAzimuthSelector);
     m_pHintLabel = new QLabel(tr("Enter Absolute Values here:"), this);
     grid->addWidget(m_pAzimuthLabel, row, 0);
@@ -207,8 +212,8 @@ void AxisPropertyPage::Show(double value, QLineEdit * edit)
     if (!edit)
         return;
     QPointer<QLineEdit> const target(edit);
-    QString const text = Write(value); // may delete this
-    if (target)
+    QString const text = Write(value);    // may delete this
+    if (target && target->text() != text) // the same one would take selection and undo from the edit
         target->setText(text);
 }
 
@@ -218,7 +223,9 @@ QLineEdit * AxisPropertyPage::GetStopEdit() const { return m_pStopEdit; }
 
 IUnitTextProvider * AxisPropertyPage::Provider() const
 {
-    return m_providerIsObject && !m_pProviderObject ? nullptr : m_pProvider;
+    if (!m_providerIsObject)
+        return m_pProvider;
+    return dynamic_cast<IUnitTextProvider *>(m_pProviderObject.data()); // null for what is left of a widget that ends
 }
 
 QString AxisPropertyPage::Write(double value) const
@@ -303,9 +310,11 @@ void AxisPropertyPage::UpdateAfterEditFinished(QString text, double old, QObject
 {
     QPointer<AxisPropertyPage> const self(this);
     double const number = Read(text, old);
-    if (!self || !edit)
+    if (!self)
         return;
     m_modified = m_modified || number != old;
+    if (!edit)
+        return;
     bool const isStart = edit == m_pStartEdit;
     if (!isStart && edit != m_pStopEdit)
         return;

@@ -87,7 +87,7 @@ protected:
     //! Reads a text and shows what became of it. Once the page is modified the value takes the number, within its
     //! limits. A text that is no finite number counts as 0; one that a provider reads as NaN or infinite as \a old.
     //! \param old   the value before; another one makes the page modified.
-    //! \param edit  the start or the stop edit; any other object is ignored.
+    //! \param edit  the start or the stop edit; for any other object, and null, nothing is taken or shown.
     void UpdateAfterEditFinished(QString text, double old, QObject * edit);
     //! Takes the text over when an edit loses the focus. Consumes an event only when its receiver ended in that.
     bool eventFilter(QObject * object, QEvent * event) override;
@@ -109,7 +109,7 @@ private:
     double Limited(double value, End const & end) const;
     double Read(QString const & text, double old) const;
     QString Write(double value) const;
-    //! Null once a provider that is a QObject has ended.
+    //! Null once a provider that is a QObject has ended, or is ending.
     IUnitTextProvider * Provider() const;
 
     double m_start = 0.0;
@@ -118,8 +118,8 @@ private:
     End m_stopLimits;
     bool m_azimuthMode = false;
     bool m_modified = false;
-    IUnitTextProvider * m_pProvider = nullptr; // borrowed
-    QPointer<QObject> m_pProviderObject;       // the same; null when it is no QObject or has ended
+    IUnitTextProvider * m_pProvider = nullptr; // borrowed; ask Provider()
+    QPointer<QObject> m_pProviderObject;       // the same; a widget outlasts its part that is a provider
     bool m_providerIsObject = false;
     QPointer<QLineEdit> m_pStartEdit; // this owns what follows
     QPointer<QLineEdit> m_pStopEdit;

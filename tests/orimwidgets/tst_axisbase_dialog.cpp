@@ -103,6 +103,7 @@ private Q_SLOTS:
     void path();
     void lastPageIsTheOne();
     void endsBeforeItsPage();
+    void pageIsAskedAsItEnds();
 
     // taking over
     void nothingWithoutAPage();
@@ -295,6 +296,21 @@ void tst_axisbase_dialog::endsBeforeItsPage()
     QVERIFY(page);
     Type(page->GetStartEdit(), "5");
     QCOMPARE(page->GetStart(), 5.0);
+}
+
+void tst_axisbase_dialog::pageIsAskedAsItEnds()
+{
+    QWidget parent;
+    auto axis = std::make_unique<AxisProbe>();
+    axis->SetAxisZoomEnable(true, false);
+    auto * const page = qobject_cast<AxisPropertyPage *>(axis->GetPropertyPage(&parent, nullptr));
+    connect(axis.get(), &QObject::destroyed, page, [page] {
+        page->SetStart(2.5, AxisPropertyPage::NoLimit, AxisPropertyPage::NoLimit, 0.0);
+        Type(page->GetStopEdit(), "7.5");
+    });
+    axis.reset();
+    QCOMPARE(page->GetStartEdit()->text(), QStringLiteral("2.5"));
+    QCOMPARE(page->GetStop(), 7.5);
 }
 
 // Taking over

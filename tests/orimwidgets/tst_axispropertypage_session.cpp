@@ -59,12 +59,13 @@ public:
     {
         m_pParent = new QWidget;
         if (hasProvider)
-            m_pProvider = std::make_unique<WatchedProvider>();
+            m_pProvider = std::make_unique<WidgetProvider>();
         if (hasProvider) {
             m_pProvider->m_onRead = [this] { Count(true); };
             m_pProvider->m_onWrite = [this] { Count(true); };
             IUnitTextProvider * const provider = m_pProvider.get();
             m_pPage = new AxisPropertyPage(m_pParent, "page", provider, true);
+            connect(m_pProvider.get(), &QObject::destroyed, m_pPage, [page = m_pPage.data()] { page->DoKillFocus(); });
         } else {
             m_pPage = new AxisPropertyPage(m_pParent, "page", QStringLiteral("[u]"), true);
         }
@@ -237,7 +238,7 @@ private:
     int m_count = 0;
     bool m_isDue = false;
     QString m_path;
-    std::unique_ptr<WatchedProvider> m_pProvider;
+    std::unique_ptr<WidgetProvider> m_pProvider;
     QPointer<QWidget> m_pParent;
     QPointer<AxisPropertyPage> m_pPage;
     QPointer<QLineEdit> m_pStart;

@@ -5,6 +5,7 @@
 #include "iunittextprovider.h"
 
 #include <QObject>
+#include <QWidget>
 
 #include <functional>
 
@@ -47,6 +48,10 @@ public:
 
 //! The same as a QObject, which a page can watch.
 class WatchedProvider : public QObject, public UnitProvider
+{};
+
+//! The same as a widget, which an axis is: it can still be watched when its part that is a provider has ended.
+class WidgetProvider : public QWidget, public UnitProvider
 {};
 
 #endif
