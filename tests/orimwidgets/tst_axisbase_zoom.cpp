@@ -3,7 +3,6 @@
 
 #include "testmain.h"
 
-#include <QPointer>
 #include <QSignalSpy>
 
 #include <cmath>
@@ -13,34 +12,6 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double Nothing = std::numeric_limits<double>::quiet_NaN();
-
-//! An axis and the values that it may be bound to; start and stop are bound to begin with.
-struct BoundAxis
-{
-    explicit BoundAxis(bool withCenter = false, bool withHalf = false)
-    {
-        start->SetValue(0.0, nullptr);
-        stop->SetValue(100.0, nullptr);
-        center->SetValue(50.0, nullptr);
-        half->SetValue(7.0, nullptr);
-        axis->SetStart_ValuePath(start.Path());
-        axis->SetStop_ValuePath(stop.Path());
-        if (withCenter)
-            axis->SetCenter_ValuePath(center.Path());
-        if (withHalf)
-            axis->SetHalfWidth_ValuePath(half.Path());
-        axis->SetDefaultRange(-1.0, -1.0);
-        axis->Forget();
-    }
-
-    ~BoundAxis() { delete axis.data(); }
-
-    Planted<ValueNumeric<double>> start{ "start" };
-    Planted<ValueNumeric<double>> stop{ "stop" };
-    Planted<ValueNumeric<double>> center{ "center" };
-    Planted<ValueNumeric<double>> half{ "half" };
-    QPointer<ZoomProbe> axis = new ZoomProbe;
-};
 
 } // namespace
 
@@ -58,6 +29,7 @@ private Q_SLOTS:
     void rangeWithoutTicsIsTakenBack();
     void boundEndsAreWrittenFirst();
     void limitsMoveTheRange();
+    void limitsDecideTheHalfWidth();
     void limitsThatKeepTheRangeLeaveNoEntry();
     void axisDoesNotHearItsOwnWrite();
     void halfWidthReachesTheFartherEnd_data();
@@ -82,20 +54,8 @@ private Q_SLOTS:
     void whatEmptiesTheHistory_data();
     void whatEmptiesTheHistory();
 
-    // named ranges
-    void toTheDefault_data();
-    void toTheDefault();
-    void toTheDevice_data();
-    void toTheDevice();
-    void toTheBest();
-    void namedRangeIsWritten_data();
-    void namedRangeIsWritten();
-    void orderOfTheRepair();
+    // switches
     void switches();
-
-    // whoever hears of it deletes the axis or a value
-    void deletedMeanwhile_data();
-    void deletedMeanwhile();
 };
 
 // To a range
@@ -139,6 +99,7 @@ void tst_axisbase_zoom::zoomedRange()
     QFETCH(double, low);
     QFETCH(double, high);
     QVERIFY(axis.m_start == low && axis.m_stop == high);
+    QCOMPARE(axis.m_ends, axis.EndsOfRange());
     QVERIFY(axis.m_ticCount > 0);
     QCOMPARE(zoomed.count(), 1);
     QCOMPARE(changed.count(), 2);
@@ -219,6 +180,8 @@ void tst_axisbase_zoom::rangeWithoutTicsIsTakenBack()
     QCOMPARE(bound.stop->GetValue(), 100.0);
     QCOMPARE(bound.half->GetValue(), 7.0);
     QCOMPARE(start.m_codes, QStringList({ QStringLiteral("3"), QStringLiteral("3") })); // there and back
+    QCOMPARE(bound.axis->m_ends, QStringList({ QStringLiteral("start 10"), QStringLiteral("stop 20"),
+                                               QStringLiteral("start 0"), QStringLiteral("stop 100") }));
     QCOMPARE(zoomed.count(), 0);
     QVERIFY(bound.axis->m_unZoom.empty());
     QVERIFY(bound.axis->m_firstRange);
@@ -247,6 +210,15 @@ void tst_axisbase_zoom::limitsMoveTheRange()
     QVERIFY(bound.axis->SetZoomedRange(40.0, 80.0, true));
     QCOMPARE(bound.axis->Range(), QStringLiteral("30..75"));
     QCOMPARE(bound.axis->m_unZoom.size(), std::size_t(1));
+}
+
+void tst_axisbase_zoom::limitsDecideTheHalfWidth()
+{
+    BoundAxis bound(true, true);
+    bound.start->SetMinMax(0.0, 30.0, 0.0, nullptr);
+    bound.stop->SetMinMax(0.0, 100.0, 25.0, nullptr);
+    QVERIFY(bound.axis->SetZoomedRange(40.0, 80.0, true)); // 30..75
+    QCOMPARE(bound.half->GetValue(), 25.0);                // that of 40..80 is 30
 }
 
 void tst_axisbase_zoom::limitsThatKeepTheRangeLeaveNoEntry()
@@ -598,145 +570,7 @@ void tst_axisbase_zoom::whatEmptiesTheHistory()
     QCOMPARE(axis.m_unZoom.size(), std::size_t(empties ? 0 : 2));
 }
 
-// Named ranges
-
-void tst_axisbase_zoom::toTheDefault_data()
-{
-    QTest::addColumn<double>("start");
-    QTest::addColumn<double>("stop");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<bool>("answer");
-    QTest::addColumn<QString>("range");
-    QTest::newRow("a range") << 10.0 << 20.0 << true << true << "10..20";
-    QTest::newRow("also while zooming is disabled") << 10.0 << 20.0 << false << true << "10..20";
-    QTest::newRow("a range that no zoom reaches") << 10.0 << 10.05 << true << true << "10..10.05";
-    QTest::newRow("a range downward") << 20.0 << 10.0 << true << true << "20..10";
-    QTest::newRow("the present start, another stop") << 0.0 << 20.0 << true << true << "0..20";
-    QTest::newRow("another start, the present stop") << 20.0 << 100.0 << true << true << "20..100";
-    QTest::newRow("only the start is unset") << -1.0 << 20.0 << true << true << "-1..20";
-    QTest::newRow("none") << -1.0 << -1.0 << true << false << "40..50";
-    QTest::newRow("no extent") << 10.0 << 10.0 << true << false << "40..50";
-    QTest::newRow("shown already") << 0.0 << 100.0 << true << false << "40..50";
-    QTest::newRow("start is NaN") << Nothing << 20.0 << true << false << "40..50";
-    QTest::newRow("stop is NaN") << 10.0 << Nothing << true << false << "40..50";
-}
-
-void tst_axisbase_zoom::toTheDefault()
-{
-    QFETCH(double, start);
-    QFETCH(double, stop);
-    QFETCH(bool, enabled);
-    QFETCH(bool, answer);
-    ZoomProbe axis;
-    axis.SetDefaultRange(start, stop);
-    axis.SetAxisZoomEnable(enabled, false);
-    axis.m_unZoom.emplace_back(40.0, 50.0, 0.0); // what ZoomToBegin() shows
-    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
-    axis.SetMustRecalcRulers(false);
-    QSignalSpy const zoomed(&axis, &AxisBase::Zoomed);
-    QCOMPARE(axis.ZoomToDefault(), answer);
-    QTEST(axis.Range(), "range");
-    QCOMPARE(axis.m_calls.contains(QStringLiteral("ZoomToBegin")), !answer);
-    QVERIFY(axis.m_unZoom.empty());
-    QCOMPARE(zoomed.count(), 1);
-    QCOMPARE(axis.m_pPixmap == nullptr, answer);
-    QCOMPARE(axis.GetMustRecalcRulers(), answer);
-}
-
-void tst_axisbase_zoom::toTheDevice_data()
-{
-    QTest::addColumn<double>("start");
-    QTest::addColumn<double>("stop");
-    QTest::addColumn<bool>("applied");
-    QTest::newRow("a range") << 10.0 << 20.0 << true;
-    QTest::newRow("a range downward") << 20.0 << 10.0 << true;
-    QTest::newRow("only the start is unset") << -1.0 << 20.0 << true;
-    QTest::newRow("only the stop is unset") << 20.0 << -1.0 << true;
-    QTest::newRow("the present range") << 0.0 << 100.0 << true;
-    QTest::newRow("none") << -1.0 << -1.0 << false;
-    QTest::newRow("no extent") << 10.0 << 10.0 << false;
-    QTest::newRow("start is NaN") << Nothing << 20.0 << false;
-    QTest::newRow("stop is NaN") << 10.0 << Nothing << false;
-}
-
-void tst_axisbase_zoom::toTheDevice()
-{
-    QFETCH(double, start);
-    QFETCH(double, stop);
-    QFETCH(bool, applied);
-    ZoomProbe axis;
-    axis.SetAxisZoomEnable(false, false);
-    axis.SetDeviceRange(start, stop);
-    axis.m_unZoom.emplace_back(40.0, 50.0, 0.0); // forgotten before ZoomToBegin() could show it
-    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
-    axis.SetMustRecalcRulers(false);
-    QSignalSpy const zoomed(&axis, &AxisBase::Zoomed);
-    axis.ZoomToDevice();
-    QCOMPARE(axis.Range(), applied ? QStringLiteral("%1..%2").arg(start).arg(stop) : QStringLiteral("0..100"));
-    QVERIFY(axis.m_unZoom.empty());
-    QCOMPARE(axis.m_calls.contains(QStringLiteral("ZoomToBegin")), !applied);
-    QCOMPARE(zoomed.count(), applied ? 1 : 0);
-    QCOMPARE(axis.m_pPixmap == nullptr, applied);
-    QCOMPARE(axis.GetMustRecalcRulers(), applied);
-}
-
-void tst_axisbase_zoom::toTheBest()
-{
-    AxisProbe axis;
-    QSignalSpy const zoomed(&axis, &AxisBase::Zoomed);
-    QVERIFY(!axis.ZoomToBest());
-    QCOMPARE(zoomed.count(), 0);
-}
-
-void tst_axisbase_zoom::namedRangeIsWritten_data()
-{
-    QTest::addColumn<bool>("device");
-    QTest::newRow("default range") << false;
-    QTest::newRow("range of the device") << true;
-}
-
-void tst_axisbase_zoom::namedRangeIsWritten()
-{
-    QFETCH(bool, device);
-    BoundAxis bound;
-    bound.stop->SetMinMax(0.0, 100.0, 0.0, nullptr);
-    bound.axis->SetDefaultRange(10.0, 150.0);
-    bound.axis->SetDeviceRange(10.0, 150.0);
-    QStringList seen;
-    auto const note = [&] {
-        seen << QStringLiteral("%1 %2 at ").arg(bound.start->GetValue()).arg(bound.stop->GetValue()) +
-                    bound.axis->Range();
-    };
-    bound.stop->SetValue(90.0, nullptr);
-    OnChange const start(bound.start.Get(), note);
-    OnChange const stop(bound.stop.Get(), note);
-    if (device)
-        bound.axis->ZoomToDevice();
-    else
-        QVERIFY(bound.axis->ZoomToDefault());
-    QCOMPARE(seen, QStringList({ QStringLiteral("10 90 at 0..90"), QStringLiteral("10 100 at 0..90") }));
-    QCOMPARE(start.m_codes, QStringList(QStringLiteral("3")));
-    QCOMPARE(stop.m_codes, QStringList(QStringLiteral("3")));
-    QCOMPARE(bound.axis->Range(), QStringLiteral("10..100"));
-}
-
-void tst_axisbase_zoom::orderOfTheRepair()
-{
-    ZoomProbe axis;
-    axis.SetDefaultRange(10.0, 20.0);
-    axis.SetDeviceRange(30.0, 40.0);
-    axis.m_repairDrawings = 0;
-    axis.SetMustRecalcRulers(false);
-    QStringList seen;
-    connect(&axis, &AxisBase::Zoomed, this, [&] {
-        seen << QStringLiteral("%1 %2 %3").arg(axis.Range()).arg(axis.m_repairDrawings).arg(axis.GetMustRecalcRulers());
-    });
-    QVERIFY(axis.ZoomToDefault());
-    QCOMPARE(axis.m_repairDrawings, 1);
-    axis.SetMustRecalcRulers(false);
-    axis.ZoomToDevice();
-    QCOMPARE(seen, QStringList({ QStringLiteral("10..20 0 0"), QStringLiteral("30..40 2 1") }));
-}
+// Switches
 
 void tst_axisbase_zoom::switches()
 {
@@ -749,82 +583,6 @@ void tst_axisbase_zoom::switches()
             QCOMPARE(axis.m_rangeMenuEnabled, menu);
             QCOMPARE(axis.m_menus, before + 1);
         }
-}
-
-// Deleted meanwhile
-
-void tst_axisbase_zoom::deletedMeanwhile_data()
-{
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("trigger");
-    QTest::addColumn<bool>("value"); // the start value instead of the axis
-    for (char const * const way :
-         { "zoom", "refused zoom", "unzoom", "begin", "default", "device", "double click", "band", "pan", "offset" })
-        for (char const * const trigger : { "Zoomed", "start", "stop", "half", "redrawBars", "offset", "click" })
-            for (bool const value : { false, true })
-                QTest::addRow("%s, %s at %s", way, value ? "start value" : "axis", trigger) << way << trigger << value;
-}
-
-void tst_axisbase_zoom::deletedMeanwhile()
-{
-    QFETCH(QString, way);
-    QFETCH(QString, trigger);
-    QFETCH(bool, value);
-    BoundAxis bound(true, true);
-    Planted<ValueNumeric<double>> offset("offset");
-    QPointer<ZoomProbe> & axis = bound.axis;
-    axis->SetOffset_ValuePath(offset.Path());
-    axis->SetDefaultRange(10.0, 90.0);
-    axis->SetDeviceRange(5.0, 95.0);
-    axis->m_unZoom.emplace_back(20.0, 80.0, 0.0);
-    axis->m_fixedTicWidth = way == QLatin1String("refused zoom") ? 1000 : -1;
-    axis->m_offsetDrag = way == QLatin1String("offset");
-    if (axis->m_offsetDrag) {
-        axis->m_axisType = AxisBase::AxisVertical;
-        axis->resize(20, 101);
-    }
-    auto const remove = [&] {
-        if (value)
-            Tree::Instance()->Remove(bound.start.Path());
-        else
-            delete axis.data();
-    };
-    auto const onlyAt = [&](char const * name) {
-        return trigger == QLatin1String(name) ? std::function<void()>(remove) : std::function<void()>();
-    };
-    OnChange const start(bound.start.Get(), onlyAt("start"));
-    OnChange const stop(bound.stop.Get(), onlyAt("stop"));
-    OnChange const half(bound.half.Get(), onlyAt("half"));
-    OnChange const moved(offset.Get(), onlyAt("offset"));
-    if (trigger == QLatin1String("Zoomed"))
-        connect(axis, &AxisBase::Zoomed, this, remove);
-    if (trigger == QLatin1String("redrawBars"))
-        connect(axis, &AxisBase::redrawBars, this, remove);
-    if (trigger == QLatin1String("click"))
-        connect(axis, &MarkerList::AxisDoubleClick, this, remove);
-
-    if (way == QLatin1String("zoom"))
-        axis->SetZoomedRange(30.0, 70.0, true);
-    else if (way == QLatin1String("refused zoom"))
-        QVERIFY(!axis->SetZoomedRange(30.0, 70.0, true));
-    else if (way == QLatin1String("unzoom"))
-        axis->UnZoom();
-    else if (way == QLatin1String("begin"))
-        axis->ZoomToBegin();
-    else if (way == QLatin1String("default"))
-        axis->ZoomToDefault();
-    else if (way == QLatin1String("device"))
-        axis->ZoomToDevice();
-    else if (way == QLatin1String("double click"))
-        axis->DoubleClick();
-    else {
-        Qt::KeyboardModifier const modifier = way == QLatin1String("band") ? Qt::NoModifier : Qt::ShiftModifier;
-        axis->Press(20, modifier);
-        axis->Move(60, modifier);
-        if (axis)
-            axis->Release(60);
-    }
-    QVERIFY(!axis || !value || !axis->m_pStart || axis->m_pStart == bound.start.Get());
 }
 
 ORIM_TEST_MAIN(tst_axisbase_zoom)

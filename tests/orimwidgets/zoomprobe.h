@@ -5,6 +5,7 @@
 #include "axisprobe.h"
 
 #include <QMouseEvent>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QStringList>
 
@@ -27,10 +28,23 @@ public:
     void Forget()
     {
         m_calls.clear();
+        m_ends.clear();
         m_clicks.clear();
         m_heard.clear();
         m_calculations = m_repairs = m_repairDrawings = m_menus = m_paints = 0;
         SetMustRecalcRulers(false);
+    }
+
+    void SetStartValue(double value) override
+    {
+        m_ends << QStringLiteral("start %1").arg(value);
+        AxisProbe::SetStartValue(value);
+    }
+
+    void SetStopValue(double value) override
+    {
+        m_ends << QStringLiteral("stop %1").arg(value);
+        AxisProbe::SetStopValue(value);
     }
 
     bool SetZoomedRange(double start, double stop, bool record) override
@@ -79,7 +93,7 @@ public:
     void Mouse(QEvent::Type type, int pixel, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                Qt::MouseButton button = Qt::LeftButton)
     {
-        bool const isDown = (GetAxisType() & AxisVertical) != 0;
+        bool const isDown = (GetAxisType() & (AxisHorizontal | AxisVertical)) == AxisVertical;
         QPointF const position = isDown ? QPointF(5, pixel) : QPointF(pixel, 5);
         bool const isMove = type == QEvent::MouseMove;
         QMouseEvent event(type, position, position, isMove ? Qt::NoButton : button,
@@ -104,10 +118,17 @@ public:
 
     void DoubleClick() { Mouse(QEvent::MouseButtonDblClick, 50); }
 
+    //! What SetStartValue() and SetStopValue() were given when they brought the present range.
+    QStringList EndsOfRange() const
+    {
+        return { QStringLiteral("start %1").arg(m_start), QStringLiteral("stop %1").arg(m_stop) };
+    }
+
     QString Range() const { return QStringLiteral("%1..%2").arg(m_start).arg(m_stop); }
 
     bool m_hasBest = false; // what the pane's own zoom answers
     QStringList m_calls;
+    QStringList m_ends; // set by name
     std::vector<int> m_clicks;
     std::vector<Observable *> m_heard;
 };
@@ -130,6 +151,34 @@ struct ZoomScene
 
     ZoomProbe axis;
     QSignalSpy zoomed{ &axis, &AxisBase::Zoomed };
+};
+
+//! An axis and the values that it may be bound to; start and stop are bound to begin with.
+struct BoundAxis
+{
+    explicit BoundAxis(bool withCenter = false, bool withHalf = false)
+    {
+        start->SetValue(0.0, nullptr);
+        stop->SetValue(100.0, nullptr);
+        center->SetValue(50.0, nullptr);
+        half->SetValue(7.0, nullptr);
+        axis->SetStart_ValuePath(start.Path());
+        axis->SetStop_ValuePath(stop.Path());
+        if (withCenter)
+            axis->SetCenter_ValuePath(center.Path());
+        if (withHalf)
+            axis->SetHalfWidth_ValuePath(half.Path());
+        axis->SetDefaultRange(-1.0, -1.0);
+        axis->Forget();
+    }
+
+    ~BoundAxis() { delete axis.data(); }
+
+    Planted<ValueNumeric<double>> start{ "start" };
+    Planted<ValueNumeric<double>> stop{ "stop" };
+    Planted<ValueNumeric<double>> center{ "center" };
+    Planted<ValueNumeric<double>> half{ "half" };
+    QPointer<ZoomProbe> axis = new ZoomProbe;
 };
 
 //! Does something whenever it hears of a value.
