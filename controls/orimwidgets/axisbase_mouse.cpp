@@ -13,7 +13,11 @@
 
 namespace {
 
+constexpr double Farthest = 1e9; // px, of a position that is heard
+
 bool IsShiftHeld(QMouseEvent const * event) { return (event->modifiers() & Qt::ShiftModifier) != 0; }
+
+int Rounded(double position) { return toInt(std::round(std::clamp(position, -Farthest, Farthest))); }
 
 } // namespace
 
@@ -29,7 +33,7 @@ int AxisBase::PixelOf(QMouseEvent const * event) const
     if (!HasDirection())
         return m_pressPixel;
     QPointF const position = Position(event);
-    return toInt(std::round(IsHorizontal() ? position.x() : position.y()));
+    return Rounded(IsHorizontal() ? position.x() : position.y());
 }
 
 //! Comes last: who hears of the cursor may delete this.
@@ -51,8 +55,10 @@ void AxisBase::mousePressEvent(QMouseEvent * event)
     if (!m_zoomEnabled && !m_offsetDrag)
         return;
     m_mouseMode = MousePan;
-    if (m_zoomEnabled || IsVertical())
+    if (m_zoomEnabled)
         m_pressPixel = PixelOf(event);
+    else if (IsVertical()) // y on an axis of both directions, too
+        m_pressPixel = Rounded(Position(event).y());
 }
 
 void AxisBase::StartBand(int pixel)

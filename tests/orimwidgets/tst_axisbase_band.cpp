@@ -76,6 +76,7 @@ private Q_SLOTS:
     void releaseThatIsNotHeard_data();
     void releaseThatIsNotHeard();
     void bandAbandonedWithShift();
+    void releaseAfterZoomWasDisabled();
     void modeAtTheSignal();
     void noTicsDuringABand();
     void moveAsksForAPaint();
@@ -249,6 +250,7 @@ void tst_axisbase_band::releaseThatClicks_data()
     QTest::newRow("horizontal, five pixels back: the lower") << Across << 35 << 30 << 30;
     QTest::newRow("vertical, five pixels: the higher") << Up << 30 << 35 << 35;
     QTest::newRow("vertical, five pixels back: the higher") << Up << 35 << 30 << 35;
+    QTest::newRow("both directions: along x, the lower") << (Across | Up) << 35 << 30 << 30;
     QTest::newRow("clamped before the pixels are counted") << Across << 14 << 0 << 10;
     QTest::newRow("clamped at the other end") << Across << 76 << 99 << 76;
     QTest::newRow("vertical, clamped") << Up << 14 << 0 << 14;
@@ -373,6 +375,19 @@ void tst_axisbase_band::bandAbandonedWithShift()
 }
 
 //! Who hears of the range still sees the band; it ends right afterwards.
+void tst_axisbase_band::releaseAfterZoomWasDisabled()
+{
+    Scene scene;
+    scene.axis.Press(20);
+    scene.axis.Move(60);
+    scene.axis.SetAxisZoomEnable(false, false);
+    scene.axis.Release(60);
+    QCOMPARE(scene.axis.m_calls, QStringList(QStringLiteral("SetZoomedRange 20 60 1"))); // refused
+    QCOMPARE(scene.axis.Range(), QStringLiteral("0..100"));
+    QCOMPARE(scene.axis.m_mouseMode, 0);
+    QCOMPARE(scene.axis.cursor().shape(), Qt::ArrowCursor);
+}
+
 void tst_axisbase_band::modeAtTheSignal()
 {
     Scene scene;

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void pressThatDoesNothing();
     void secondPressChangesNothing_data();
     void secondPressChangesNothing();
+    void pixelOfAnEvent_data();
+    void pixelOfAnEvent();
 
     // pan
     void panMovesTheRange_data();
@@ -46,6 +48,8 @@ private Q_SLOTS:
     void offsetDragWithoutZoomStandsStill_data();
     void offsetDragWithoutZoomStandsStill();
     void offsetDragOfAHorizontalAxis();
+    void orderOfAPan();
+    void orderOfAPanOfTheOffset();
 
     // double click
     void doubleClicks_data();
@@ -53,6 +57,8 @@ private Q_SLOTS:
     void doubleClicksGoRound_data();
     void doubleClicksGoRound();
     void doubleClickShowsTheOldestRange();
+    void doubleClickAtTheDefaultWithAHistory();
+    void doubleClickIsToldLast();
 
     // odd widgets
     void fewPixels_data();
@@ -94,6 +100,8 @@ void tst_axisbase_mouse::pressStartsAPan_data()
     QTest::newRow("horizontal, of the offset") << Across << true << true << 30;
     QTest::newRow("vertical, of the offset, zoom disabled") << Up << false << true << 30;
     QTest::newRow("horizontal, of the offset, zoom disabled") << Across << false << true << 3;
+    QTest::newRow("both directions, of the offset: along x") << (Across | Up) << true << true << 30;
+    QTest::newRow("both directions, of the offset, zoom disabled: along y") << (Across | Up) << false << true << 5;
 }
 
 void tst_axisbase_mouse::pressStartsAPan()
@@ -170,6 +178,32 @@ void tst_axisbase_mouse::secondPressChangesNothing()
     QCOMPARE(scene.axis.cursor().shape(), firstShift ? Qt::ArrowCursor : Qt::SplitVCursor);
 }
 
+void tst_axisbase_mouse::pixelOfAnEvent_data()
+{
+    QTest::addColumn<unsigned int>("type");
+    QTest::addColumn<double>("position");
+    QTest::addColumn<int>("pixel");
+    for (unsigned int const type : { Across, Up }) {
+        char const * const name = type == Up ? "vertical" : "horizontal";
+        QTest::addRow("%s: rounded up", name) << type << 30.6 << 31;
+        QTest::addRow("%s: rounded down", name) << type << 30.4 << 30;
+        QTest::addRow("%s: below 0", name) << type << -30.6 << -31;
+        QTest::addRow("%s: farther than an int holds", name) << type << 5e9 << 1'000'000'000;
+        QTest::addRow("%s: farther than an int holds, below 0", name) << type << -5e9 << -1'000'000'000;
+    }
+}
+
+void tst_axisbase_mouse::pixelOfAnEvent()
+{
+    QFETCH(unsigned int, type);
+    QFETCH(double, position);
+    Scene scene(type);
+    QPointF const at = type == Up ? QPointF(5.0, position) : QPointF(position, 5.0);
+    QMouseEvent press(QEvent::MouseButtonPress, at, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&scene.axis, &press);
+    QTEST(scene.axis.m_pressPixel, "pixel");
+}
+
 // Pan
 
 void tst_axisbase_mouse::panMovesTheRange_data()
@@ -193,6 +227,7 @@ void tst_axisbase_mouse::panMovesTheRange()
     scene.axis.Press(50, Shift);
     scene.axis.Move(to, Shift);
     QTEST(scene.axis.Range(), "range");
+    QCOMPARE(scene.axis.m_ends, scene.axis.EndsOfRange());
     QCOMPARE(scene.axis.m_pressPixel, to);
     QCOMPARE(scene.zoomed.count(), 1);
     QCOMPARE(scene.axis.m_unZoom.size(), std::size_t(1));
@@ -356,6 +391,32 @@ void tst_axisbase_mouse::offsetDragOfAHorizontalAxis()
     QCOMPARE(number->GetValue(), 0.0);
 }
 
+void tst_axisbase_mouse::orderOfAPan()
+{
+    Scene scene;
+    QStringList seen;
+    connect(&scene.axis, &AxisBase::Zoomed, this,
+            [&] { seen << scene.axis.Range() + QStringLiteral(" at %1").arg(scene.axis.m_pressPixel); });
+    scene.axis.Press(50, Shift);
+    scene.axis.Move(60, Shift);
+    QCOMPARE(seen, QStringList(QStringLiteral("-10..90 at 60")));
+}
+
+void tst_axisbase_mouse::orderOfAPanOfTheOffset()
+{
+    Planted<ValueNumeric<double>> number("number");
+    Scene scene(Up);
+    QVERIFY(scene.axis.SetOffset_ValuePath(number.Path()));
+    scene.axis.m_offsetDrag = true;
+    QStringList seen;
+    OnChange const moved(number.Get(), [&] { seen << QStringLiteral("offset at %1").arg(scene.axis.m_pressPixel); });
+    connect(&scene.axis, &AxisBase::Zoomed, this,
+            [&] { seen << QStringLiteral("zoomed at %1").arg(scene.axis.m_offset); });
+    scene.axis.Press(50, Shift);
+    scene.axis.Move(60, Shift);
+    QCOMPARE(seen, QStringList({ QStringLiteral("offset at 60"), QStringLiteral("zoomed at 10") }));
+}
+
 // Double click
 
 void tst_axisbase_mouse::doubleClicks_data()
@@ -395,6 +456,11 @@ void tst_axisbase_mouse::doubleClicks_data()
     row("vertical without a best range", Up, both, false, "ZoomToBest ZoomToBegin");
     row("vertical without a best range, default shown", Up, both, true, "ZoomToBest ZoomToDevice");
     row("vertical without a default: no best range", Up, onlyDevice, false, "ZoomToBegin", true);
+    row("vertical, only the start of the default is shown", Up, { 0.0, 20.0, 30.0, 40.0 }, false,
+        "ZoomToBest ZoomToBegin");
+    row("vertical, only the stop of the default is shown", Up, { 10.0, 100.0, 30.0, 40.0 }, false,
+        "ZoomToBest ZoomToBegin");
+    row("both directions: the best range", Across | Up, both, false, "ZoomToBest ZoomToBegin", true);
     row("vertical, by default", upDefault, both, false, "ZoomToDefault ZoomToBegin", true);
     row("vertical, by default, which is shown", upDefault, both, true, "ZoomToDefault ZoomToBegin ZoomToDevice", true);
     row("no direction: the default range", 0U, both, false, "ZoomToDefault ZoomToBegin");
@@ -403,6 +469,10 @@ void tst_axisbase_mouse::doubleClicks_data()
     row("bit 13: nothing", Across | AxisBase::AxisTypeBit13, both, false, "", false, 0);
     row("wrapped: nothing", Across | AxisBase::AxisWrapped, both, false, "", false, 0);
     row("bit 9 and a signal: nothing", Across | AxisBase::AxisTypeBit9 | AxisBase::AxisDblClickSignal, both, false, "",
+        false, 0);
+    row("bit 13 and a signal: nothing", Across | AxisBase::AxisTypeBit13 | AxisBase::AxisDblClickSignal, both, false,
+        "", false, 0);
+    row("wrapped and a signal: nothing", Across | AxisBase::AxisWrapped | AxisBase::AxisDblClickSignal, both, false, "",
         false, 0);
 }
 
@@ -427,15 +497,18 @@ void tst_axisbase_mouse::doubleClicks()
 
 void tst_axisbase_mouse::doubleClicksGoRound_data()
 {
+    QTest::addColumn<unsigned int>("type");
     QTest::addColumn<bool>("draw");
-    QTest::newRow("default, device, default") << true;
-    QTest::newRow("nothing while drawing is disabled") << false;
+    QTest::newRow("default, device, default") << Across << true;
+    QTest::newRow("nothing while drawing is disabled") << Across << false;
+    QTest::newRow("no signal while drawing is disabled") << (Across | AxisBase::AxisDblClickSignal) << false;
 }
 
 void tst_axisbase_mouse::doubleClicksGoRound()
 {
+    QFETCH(unsigned int, type);
     QFETCH(bool, draw);
-    Scene scene;
+    Scene scene(type);
     scene.axis.SetDefaultRange(10.0, 20.0);
     scene.axis.SetDeviceRange(30.0, 40.0);
     scene.axis.EnableDraw(draw);
@@ -464,6 +537,28 @@ void tst_axisbase_mouse::doubleClickShowsTheOldestRange()
     scene.axis.DoubleClick();
     QCOMPARE(scene.axis.Range(), QStringLiteral("0..100"));
     QVERIFY(scene.axis.m_unZoom.empty());
+}
+
+//! The ranges are compared when the default range has been tried.
+void tst_axisbase_mouse::doubleClickAtTheDefaultWithAHistory()
+{
+    Scene scene;
+    scene.axis.SetDefaultRange(0.0, 100.0);
+    scene.axis.SetDeviceRange(30.0, 40.0);
+    scene.axis.m_unZoom.emplace_back(10.0, 90.0, 0.0);
+    scene.axis.DoubleClick();
+    QCOMPARE(scene.axis.Range(), QStringLiteral("10..90"));
+    QVERIFY(!scene.axis.m_calls.contains(QStringLiteral("ZoomToDevice")));
+}
+
+void tst_axisbase_mouse::doubleClickIsToldLast()
+{
+    Scene scene;
+    scene.axis.SetDefaultRange(10.0, 20.0);
+    QString seen;
+    connect(&scene.axis, &MarkerList::AxisDoubleClick, this, [&] { seen = scene.axis.Range(); });
+    scene.axis.DoubleClick();
+    QCOMPARE(seen, QStringLiteral("10..20"));
 }
 
 // Odd widgets
