@@ -89,6 +89,8 @@ private Q_SLOTS:
     void everyPairOfNumbers();
     void everyPairIsPainted();
     void everyPairBound();
+    void everyPairIsZoomed_data();
+    void everyPairIsZoomed();
     void randomRanges();
     void zoomToNeighboursAndBack();
     void cleanupTestCase();
@@ -253,6 +255,44 @@ void tst_axis_torture::everyPairBound()
             Time([&] { axis.SetOffset(b); });
             Time([&] { axis.SetPixPerSecond(b); });
             QVERIFY(axis.m_ticCount <= 1000);
+        }
+}
+
+void tst_axis_torture::everyPairIsZoomed_data()
+{
+    QTest::addColumn<unsigned int>("type");
+    QTest::newRow("horizontal") << 0x10U;
+    QTest::newRow("vertical, of frequencies") << 0xa0U;
+}
+
+void tst_axis_torture::everyPairIsZoomed()
+{
+    QFETCH(unsigned int, type);
+    QuietAxis axis(type, 100, 100);
+    axis.SetAxisZoomEnable(true, false);
+    for (double const a : m_specials)
+        for (double const b : m_specials) {
+            axis.SetRange(0.0, 100.0);
+            axis.SetDefaultRange(a, b);
+            axis.SetDeviceRange(b, a);
+            Time([&] { axis.SetZoomedRange(a, b, true); });
+            QVERIFY(axis.m_ticCount <= 1000);
+            Time([&] { axis.ZoomToDefault(); });
+            QVERIFY(axis.m_ticCount <= 1000);
+            Time([&] { axis.SetZoomedRange(-50.0, 150.0, true); }); // from there
+            QVERIFY(axis.m_ticCount <= 1000);
+            Time([&] { axis.ZoomToDevice(); });
+            QVERIFY(axis.m_ticCount <= 1000);
+            axis.m_unZoom.emplace_back(a, b, a);
+            Time([&] {
+                axis.IsUnZoomAvailable();
+                axis.UnZoom();
+            });
+            axis.m_unZoom.emplace_back(b, a, b);
+            Time([&] { axis.ZoomToBegin(); });
+            QVERIFY(axis.m_ticCount <= 1000);
+            QVERIFY(!std::isnan(axis.m_start) && !std::isnan(axis.m_stop));
+            QVERIFY(axis.m_unZoom.empty());
         }
 }
 
