@@ -10,6 +10,7 @@
 
 #include <QUndoStack>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -145,7 +146,7 @@ void tst_zoom_endurance::everyWayFreesIt()
     axis.SetDefaultRange(-1.0, -1.0);
     axis.SetRange(0.0, 100.0);
     long long const before = bytes;
-    long long const steps = std::min(m_steps, 100'000LL);
+    long long const steps = std::min(Steps(), 100'000LL);
     for (long long i = 0; i < steps; ++i)
         axis.m_unZoom.emplace_back(0.0, 100.0, 0.0);
     QVERIFY(bytes - before >= steps * 24);
