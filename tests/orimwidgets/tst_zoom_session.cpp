@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A session of an operator who zooms, pans and steps back on an axis whose values are bound. After each of the events,
 // signals and changes that it causes, one at a time, the axis, its parent or one of its values is deleted, and the
-// session goes on. A widget that is being painted goes right afterwards.
+// session goes on: the values change after the axis has gone, too. Qt does not outlive a widget that ends while it is
+// painted or posted events are sent: then the widget goes right afterwards.
 
 #include "axisbase.h"
 #include "testmain.h"
@@ -11,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QTimerEvent>
 
 #include <cstdio>
 #include <functional>
@@ -82,6 +84,7 @@ public:
         m_pAxis->resize(101, 101);
         m_pAxis->SetAxisZoomEnable(true, true);
         m_pAxis->SetDeviceRange(-50.0, 150.0);
+        m_pAxis->SetRepairDelay(0);
         m_pAxis->installEventFilter(this);
         connect(m_pAxis, &AxisBase::Zoomed, this, &Session::Count);
         connect(m_pAxis, &AxisBase::redrawBars, this, &Session::Count);
@@ -103,9 +106,11 @@ public:
         long long const rounds = TestStage::Turns(ShortRounds, LongRounds);
         for (m_round = 0; m_round < rounds; ++m_round)
             for (auto const & step : steps) {
-                if (!m_pAxis)
-                    return m_count;
-                step();
+                if (m_pAxis)
+                    step();
+                else
+                    Write(eStop, 90.0 + m_round);
+                Drain();
             }
         return m_count;
     }
@@ -155,7 +160,32 @@ private:
             [this] { m_pAxis->UnZoom(); },
             [this] { DragOffset(); },
             [this] { Bind(); },
+            [this] { FireRepair(); },
         };
+    }
+
+    //! What is posted, and what is to be deleted later.
+    void Drain()
+    {
+        InQt([] {
+            QCoreApplication::sendPostedEvents(nullptr, 0);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        });
+    }
+
+    void InQt(std::function<void()> const & call)
+    {
+        m_isInQt = true;
+        call();
+        m_isInQt = false;
+        if (std::exchange(m_isDue, false))
+            Delete();
+    }
+
+    void FireRepair() const
+    {
+        QTimerEvent event(m_pAxis->GetRepairTimerID());
+        QCoreApplication::sendEvent(m_pAxis, &event);
     }
 
     void Drag(int from, int to, Qt::KeyboardModifiers modifiers)
@@ -180,12 +210,8 @@ private:
         Mouse(QEvent::MouseMove, 60, Qt::NoModifier);
         if (!m_pAxis)
             return;
-        m_isPainting = true;
         QImage image(101, 101, QImage::Format_RGB32);
-        m_pAxis->render(&image);
-        m_isPainting = false;
-        if (std::exchange(m_isDue, false))
-            Delete();
+        InQt([&] { m_pAxis->render(&image); });
         Mouse(QEvent::MouseButtonRelease, 60, Qt::ShiftModifier);
         Mouse(QEvent::MouseButtonRelease, 60, Qt::NoModifier);
     }
@@ -219,7 +245,7 @@ private:
     {
         if (m_count++ != m_when)
             return;
-        if (m_isPainting && (m_target == eAxis || m_target == eParent))
+        if (m_isInQt && (m_target == eAxis || m_target == eParent))
             m_isDue = true;
         else
             Delete();
@@ -240,7 +266,7 @@ private:
     int m_when;
     int m_count = 0;
     int m_round = 0;
-    bool m_isPainting = false;
+    bool m_isInQt = false;
     bool m_isDue = false;
     QPointer<QWidget> m_pParent;
     QPointer<Pane> m_pAxis;
