@@ -80,9 +80,10 @@ AxisRangeDisplay::AxisRangeDisplay(AxisBase * axis, char const * name, unsigned 
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &AxisRangeDisplay::TakeColors);
     connect(&GuiCentral::Instance(), &GuiCentral::signalRestoreDefaultPersistant, this,
             &AxisRangeDisplay::slotRestoreDefaultPersistant);
-    std::array<Binding *, 4> const bindings = Bindings();
-    for (std::size_t i = 0; i < bindings.size(); ++i)
-        MakeValue(*bindings[i], m_own[i]);
+    MakeValue(m_ruler1, m_own[0]);
+    MakeValue(m_ruler2, m_own[1]);
+    MakeValue(m_center, m_own[2]);
+    MakeValue(m_difference, m_own[3]);
     ValueSelection * const zone = ShowsTimeStamps() ? GuiBase::Instance().GetTimeZone() : nullptr;
     if (zone)
         zone->AddObserver(this);
@@ -138,7 +139,6 @@ void AxisRangeDisplay::MakeParts()
     m_pEntry = new QLineEdit(this);
     m_pEntry->hide();
     m_pEntry->installEventFilter(this);
-    connect(m_pEntry, &QLineEdit::editingFinished, this, &AxisRangeDisplay::TakeEntry);
 }
 
 VCLabel * AxisRangeDisplay::MakeReadOut(char const * name)
@@ -210,7 +210,9 @@ void AxisRangeDisplay::PlaceParts()
     MoveTo(m_pButton, parts.button);
     MoveTo(m_pDown, parts.lowArrow);
     MoveTo(m_pUp, parts.highArrow);
-    if (m_pEntered)
+    if (m_pEntered && m_pEntered->isHidden())
+        CloseEntry();
+    else if (m_pEntered)
         m_pEntry->setGeometry(m_pEntered->geometry());
 }
 
@@ -267,10 +269,14 @@ bool AxisRangeDisplay::Bind(Binding & binding, QString const & path)
     if (!IsReady() || !isVisible())
         return isBound;
     LifeWatch const life(GetObserverLifetime());
-    if (AreCrossed())
+    if (&binding == &m_difference || &binding == &m_center) {
+        if (MoveRulers(eValueChanged))
+            ShowValues();
+    } else if (AreCrossed()) {
         RefreshLater(); // the other ruler may be bound next
-    else
+    } else {
         Refresh();
+    }
     return isBound && !life.IsOver() && binding.Get();
 }
 
@@ -437,7 +443,9 @@ void AxisRangeDisplay::BringRulersIntoRange()
     m_ruler1.Get()->SetNumericValue(low + quarter, this);
     if (life.IsOver() || !m_ruler2.Get())
         return;
-    m_ruler2.Get()->SetNumericValue(high - quarter, nullptr);
+    m_ruler2.Get()->SetNumericValue(high - quarter, this);
+    if (!life.IsOver())
+        Refresh(); // also when the second stood there already
 }
 
 void AxisRangeDisplay::ShowRuler(Binding const & binding, bool show)

@@ -47,9 +47,10 @@ public:
     //! Takes its own values out of the tree.
     ~AxisRangeDisplay() override;
 
-    // Binding. Each operation lets go of the value before, which stays in the tree. Rulers that are found crossed are
-    // put in order by the event loop, so that both can be bound first. Returned is whether there is a number at the
-    // path; without one, nothing is shown until it is bound again.
+    // Binding. Each operation lets go of the value before, which stays in the tree. While this is visible, a difference
+    // or a centre that is bound moves the rulers as one that is entered does, and rulers that are bound are followed.
+    // Rulers that are found crossed are put in order by the event loop, so that both can be bound first. Returned is
+    // whether there is a number at the path; without one, nothing is shown until it is bound again.
 
     bool SetRuler1_ValuePath(QString const & path);
     bool SetRuler2_ValuePath(QString const & path);
@@ -149,6 +150,7 @@ private:
     void BringRulersIntoRange();
     void ShowRuler(Binding const & binding, bool show);
 
+    bool FilterEntry(QEvent const & event, int key);
     void OpenEntry(VCLabel * label);
     void CloseEntry();
     void TakeEntry();
@@ -181,6 +183,7 @@ private:
     QLabel * m_pDown = nullptr;
     QLineEdit * m_pEntry = nullptr;
     VCLabel * m_pEntered = nullptr; // what the open entry stands on; null while none is open
+    bool m_isLeft = false;          // the open entry lost the focus and is taken by the event loop
 };
 
 #endif

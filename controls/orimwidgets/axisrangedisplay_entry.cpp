@@ -6,6 +6,7 @@
 #include "datetime.h"
 #include "guibase.h"
 #include "suffixeddouble.h"
+#include "timetics.h"
 #include "undorecording.h"
 #include "vclabel.h"
 
@@ -23,22 +24,25 @@ namespace {
 constexpr int WidestField = 100;
 constexpr int MostDigits = 17;
 constexpr double MicrosecondsOfSecond = 1e6;
+constexpr auto MicrosecondsOfHour = static_cast<unsigned long long>(TimeTics::Hour);
 
-//! Reads a span of time, us: "12.5" (s), "1:30", "1:02:03.5".
+//! Reads a span of time, us: "12.5" (s), "1:30", "-1:02:03.5". A sign at the front counts for all of it.
 bool ReadSpan(QString const & text, double & span)
 {
-    QStringList const parts = text.split(QLatin1Char(':'));
+    QString const trimmed = text.trimmed();
+    bool const isNegative = trimmed.startsWith(QLatin1Char('-'));
+    QStringList const parts = trimmed.mid(isNegative ? 1 : 0).split(QLatin1Char(':'));
     if (parts.size() > 3)
         return false;
     double seconds = 0.0;
     for (QString const & part : parts) {
         bool ok = false;
         double const number = QLocale::c().toDouble(part.trimmed(), &ok);
-        if (!ok)
+        if (!ok || std::signbit(number))
             return false;
         seconds = seconds * 60.0 + number;
     }
-    span = seconds * MicrosecondsOfSecond;
+    span = (isNegative ? -seconds : seconds) * MicrosecondsOfSecond;
     return std::isfinite(span);
 }
 
@@ -117,12 +121,8 @@ bool AxisRangeDisplay::eventFilter(QObject * watched, QEvent * event)
 {
     QEvent::Type const type = event->type();
     int const key = type == QEvent::KeyPress ? static_cast<QKeyEvent *>(event)->key() : 0;
-    if (watched == m_pEntry) {
-        if (key != Qt::Key_Escape)
-            return false;
-        CloseEntry();
-        return true;
-    }
+    if (watched == m_pEntry)
+        return FilterEntry(*event, key);
     bool const isOpening =
         type == QEvent::MouseButtonDblClick || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2;
     if (!isOpening || !(watched == m_pDifference || watched == m_pCenter))
@@ -131,9 +131,35 @@ bool AxisRangeDisplay::eventFilter(QObject * watched, QEvent * event)
     return true;
 }
 
+//! \param key  0 unless one is pressed.
+bool AxisRangeDisplay::FilterEntry(QEvent const & event, int key)
+{
+    if (key == Qt::Key_Escape) {
+        CloseEntry();
+        return true;
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        TakeEntry(); // may end this
+        return true;
+    }
+    bool const isLeft = m_pEntered && event.type() == QEvent::FocusOut &&
+                        static_cast<QFocusEvent const &>(event).reason() != Qt::PopupFocusReason;
+    if (isLeft && !m_isLeft) {
+        m_isLeft = true;
+        auto const take = [this] {
+            if (m_isLeft)
+                TakeEntry();
+        };
+        QMetaObject::invokeMethod(this, take, Qt::QueuedConnection); // behind the event, which the entry survives
+    }
+    return false;
+}
+
 void AxisRangeDisplay::OpenEntry(VCLabel * label)
 {
-    if (!IsReady())
+    LifeWatch const life(GetObserverLifetime());
+    TakeEntry(); // one that stands open elsewhere
+    if (life.IsOver() || !IsReady())
         return;
     m_pEntered = label;
     m_pEntry->setGeometry(label->geometry());
@@ -147,7 +173,8 @@ void AxisRangeDisplay::OpenEntry(VCLabel * label)
 void AxisRangeDisplay::CloseEntry()
 {
     VCLabel * const label = m_pEntered;
-    m_pEntered = nullptr; // so that what the loss of the focus finishes is not taken
+    m_pEntered = nullptr; // so that the loss of the focus takes nothing
+    m_isLeft = false;
     bool const hadFocus = m_pEntry->hasFocus();
     m_pEntry->hide();
     if (label && hadFocus)
@@ -179,8 +206,11 @@ QString AxisRangeDisplay::EntryText(bool isCenter) const
     double const value = (isCenter ? m_center : m_difference).Get()->GetNumericValue();
     if (isCenter && ShowsTimeStamps())
         return TimeText(value, QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"), false);
-    if (IsTimeAxis())
-        return TimeText(std::fabs(value), QStringLiteral("hh:mm:ss.zzz"), true);
+    if (IsTimeAxis()) {
+        unsigned long long const span = AxisText::TimeStamp(std::fabs(value));
+        QString const hours = QStringLiteral("%1:").arg(span / MicrosecondsOfHour, 2, 10, QLatin1Char('0'));
+        return hours + TimeText(static_cast<double>(span % MicrosecondsOfHour), SpanFormat(), true);
+    }
     double const shown = value * DisplayFactor();
     SuffixedDouble const * const converter = Converter();
     return converter ? converter->GetSignificantStringNoSuffix(shown) : QString::number(shown, 'g', 12);

@@ -11,6 +11,7 @@
 #include "valueselection.h"
 #include "vclabel.h"
 
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -18,9 +19,11 @@
 #include <QSignalSpy>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <climits>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -108,14 +111,12 @@ private:
     std::function<void(TChangeCode)> m_answer;
 };
 
+//! The values that displays made, by their numbers.
 QStringList OwnPaths()
 {
-    QStringList paths;
-    for (int i = 0; i < 400; ++i) {
-        QString const path = QStringLiteral("/GuiCentral/unique/float/UNIQUE_FLOAT_%1").arg(i);
-        if (Tree::Instance()->Find(path))
-            paths << path;
-    }
+    QStringList paths = Tree::Instance()->GetPaths(QStringLiteral("/GuiCentral/unique/float"));
+    std::stable_sort(paths.begin(), paths.end(),
+                     [](QString const & a, QString const & b) { return a.size() < b.size(); });
     return paths;
 }
 
@@ -144,6 +145,7 @@ private Q_SLOTS:
     void arrows();
     void looks();
     void ownValues();
+    void ownValuesFollowTheRoles();
     void ownValuesEndWithIt();
     void hiddenAtTheStart();
 
@@ -169,6 +171,7 @@ private Q_SLOTS:
     void spans();
     void zoneChanges();
     void fixedSize();
+    void sizingTexts();
     void fontFollowsTheFamily();
     void toolTipsOfValues();
 
@@ -180,6 +183,7 @@ private Q_SLOTS:
     void draggedRulers();
     void entries_data();
     void entries();
+    void entriesForCrossedRulers();
     void draggedEntries();
     void smallDeviations_data();
     void smallDeviations();
@@ -195,6 +199,7 @@ private Q_SLOTS:
     // binding
     void badPaths();
     void bindingWhileVisibleMovesNoRuler();
+    void bindingADifferenceOrCentreMovesRulers();
     void crossedAtBinding();
     void valuesGoAway_data();
     void valuesGoAway();
@@ -209,6 +214,10 @@ private Q_SLOTS:
     void defaultsReleaseTheButton();
     void typedNumbers();
     void typedTimes();
+    void typedSpansOfDays();
+    void typingLeft();
+    void typingElsewhere();
+    void typingWithoutRoom();
     void typingGivenUp();
     void typingCanBeUndone();
 
@@ -336,6 +345,23 @@ void tst_axisrangedisplay::ownValues()
         QCOMPARE(value->GetMax(), Largest);
         QCOMPARE(value->GetStep(), 0.0);
     }
+}
+
+void tst_axisrangedisplay::ownValuesFollowTheRoles()
+{
+    QStringList const before = OwnPaths();
+    AxisRangeDisplay display(nullptr);
+    QVector<Number *> own;
+    for (QString const & path : OwnPaths())
+        if (!before.contains(path))
+            own << Tree::Instance()->FindAs<Number>(path);
+    QCOMPARE(own.size(), 4);
+    display.show();
+    QCoreApplication::processEvents();
+    own[1]->SetValue(40.0, nullptr);
+    own[0]->SetValue(10.0, nullptr);
+    QCOMPARE(own[2]->GetValue(), 25.0); // the centre
+    QCOMPARE(own[3]->GetValue(), 30.0); // the difference
 }
 
 void tst_axisrangedisplay::ownValuesEndWithIt()
@@ -689,6 +715,25 @@ void tst_axisrangedisplay::fixedSize()
     QCOMPARE(hint(times, "Center"), fixed); // a letter counts as a digit
 }
 
+void tst_axisrangedisplay::sizingTexts()
+{
+    auto const hint = [](unsigned int style, char const * name) {
+        AxisRangeDisplay const display(nullptr, nullptr, style);
+        return display.findChild<VCLabel *>(QLatin1String(name))->sizeHint().width();
+    };
+    auto const told = [](char const * text) {
+        VCLabel label;
+        label.setFrameStyle(0x32);
+        label.setAlignment(Qt::Alignment(0x84));
+        label.SetFontOnSize(QFont(GuiBase::Instance().GetFontFamily(), 12), QLatin1String(text));
+        return label.sizeHint().width();
+    };
+    QCOMPARE(hint(1, "First Ruler"), told("999.999"));
+    QCOMPARE(hint(1, "Center"), told("999.999"));
+    QCOMPARE(hint(5, "First Ruler"), told("99:99"));
+    QCOMPARE(hint(3, "Center"), told("99:99"));
+}
+
 void tst_axisrangedisplay::fontFollowsTheFamily()
 {
     Stage stage;
@@ -798,6 +843,13 @@ void tst_axisrangedisplay::draggedRulers()
     stage.ruler1->SetInterimValue(20.0, nullptr);
     stage.ruler1->NotifyObservers(eValueChanged, nullptr); // the value, not the interim one
     QCOMPARE(stage.difference->GetValue(), 40.0);
+    stage.ruler1->CommitInterimValue(nullptr);
+    stage.Rulers(10.0, 30.0);
+    stage.ruler1->SetInterimValue(40.0, nullptr); // across the other
+    QCOMPARE(stage.ruler1->GetValue(), 30.0);
+    QCOMPARE(stage.ruler2->GetValue(), 40.0);
+    QCOMPARE(stage.difference->GetValue(), 10.0);
+    QCOMPARE(stage.center->GetValue(), 35.0);
 }
 
 void tst_axisrangedisplay::entries_data()
@@ -825,6 +877,22 @@ void tst_axisrangedisplay::entries()
     QTEST(after, "after");
     QCOMPARE(stage.Text("First Ruler"), QString::number(after[0], 'f', 1));
     QCOMPARE(stage.Text("Difference"), QString::number(after[1] - after[0], 'f', 1));
+}
+
+void tst_axisrangedisplay::entriesForCrossedRulers()
+{
+    Stage stage;
+    stage.Rulers(5.0, 10.0);
+    stage.Show();
+    stage.ruler1->SetValue(30.0, stage.display); // crossed, and unheard
+    stage.difference->SetValue(20.0, stage.display);
+    stage.center->SetValue(20.0, stage.display);
+    stage.difference->NotifyObservers(eValueChanged, nullptr);
+    QCOMPARE(stage.ruler1->GetValue(), 30.0); // they stand there already
+    QCOMPARE(stage.ruler2->GetValue(), 10.0);
+    stage.center->SetValue(50.0, nullptr);
+    QCOMPARE(stage.ruler1->GetValue(), 40.0); // and are written in order
+    QCOMPARE(stage.ruler2->GetValue(), 60.0);
 }
 
 void tst_axisrangedisplay::draggedEntries()
@@ -1047,6 +1115,26 @@ void tst_axisrangedisplay::bindingWhileVisibleMovesNoRuler()
     QCOMPARE(stage.ruler1->GetValue() + stage.ruler2->GetValue(), 0.0);
 }
 
+void tst_axisrangedisplay::bindingADifferenceOrCentreMovesRulers()
+{
+    Stage stage;
+    stage.Rulers(10.0, 30.0);
+    stage.Show();
+    Planted<Number> wide("wide");
+    wide->SetValue(40.0, nullptr);
+    QVERIFY(stage.display->SetExportDifference_ValuePath(wide.Path()));
+    QCOMPARE(wide->GetValue(), 40.0);
+    QCOMPARE(stage.ruler1->GetValue(), 0.0);
+    QCOMPARE(stage.ruler2->GetValue(), 40.0);
+    Planted<Number> middle("middle");
+    middle->SetValue(70.0, nullptr);
+    QVERIFY(stage.display->SetCenter_ValuePath(middle.Path()));
+    QCOMPARE(middle->GetValue(), 70.0);
+    QCOMPARE(stage.ruler1->GetValue(), 50.0);
+    QCOMPARE(stage.ruler2->GetValue(), 90.0);
+    QCOMPARE(stage.Texts(), QStringLiteral("50.0|40.0|90.0|70.0").split(QLatin1Char('|')));
+}
+
 void tst_axisrangedisplay::crossedAtBinding()
 {
     Stage stage;
@@ -1160,6 +1248,8 @@ void tst_axisrangedisplay::buttonBringsRulersIntoTheRange_data()
     QTest::newRow("one below") << range << QVector<double>{ -1, 50 } << quarters;
     QTest::newRow("one above") << range << QVector<double>{ 50, 101 } << quarters;
     QTest::newRow("both above") << range << QVector<double>{ 500, 600 } << quarters;
+    QTest::newRow("the second at its place") << range << QVector<double>{ -1, 75 } << quarters;
+    QTest::newRow("the first at its place") << range << QVector<double>{ 25, 101 } << quarters;
     QTest::newRow("falling range") << QVector<double>{ 100, 0 } << QVector<double>{ 500, 600 } << quarters;
     QTest::newRow("no range") << QVector<double>{ 5, 5 } << QVector<double>{ 50, 60 } << QVector<double>{ 50, 60 };
 }
@@ -1175,6 +1265,8 @@ void tst_axisrangedisplay::buttonBringsRulersIntoTheRange()
     stage.Button()->click();
     QTEST(QVector<double>({ stage.ruler1->GetValue(), stage.ruler2->GetValue() }), "after");
     QCOMPARE(stage.difference->GetValue(), stage.ruler2->GetValue() - stage.ruler1->GetValue());
+    QCOMPARE(stage.center->GetValue(), (stage.ruler1->GetValue() + stage.ruler2->GetValue()) / 2.0);
+    QCOMPARE(stage.Text("First Ruler"), QString::number(stage.ruler1->GetValue(), 'f', 1));
     stage.Button()->click(); // hides them, and moves nothing
     QTEST(QVector<double>({ stage.ruler1->GetValue(), stage.ruler2->GetValue() }), "after");
 }
@@ -1262,7 +1354,7 @@ void tst_axisrangedisplay::typedTimes()
     QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
     Type(stage.Entry(), QStringLiteral("1:00:02"));
     QCOMPARE(stage.difference->GetValue(), 3602.0 * Second);
-    for (char const * const bad : { "1:2:3:4", "::", "1:x", "nan", "inf", "1:inf" }) {
+    for (char const * const bad : { "1:2:3:4", "::", "1:x", "nan", "inf", "1:inf", "--5", "1:-30", "-" }) {
         QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
         Type(stage.Entry(), QLatin1String(bad));
         QCOMPARE(stage.difference->GetValue(), 3602.0 * Second);
@@ -1275,6 +1367,88 @@ void tst_axisrangedisplay::typedTimes()
     Type(stage.Entry(), QStringLiteral("never"));
     QCOMPARE(stage.center->GetValue(), Today + 3600.0 * Second);
     QCOMPARE(stage.ruler2->GetValue(), Today + (3600.0 + 1801.0) * Second);
+}
+
+void tst_axisrangedisplay::typedSpansOfDays()
+{
+    Stage stage(AxisRangeDisplay::StyleHorizontal | AxisRangeDisplay::StyleTime, AcrossTime);
+    stage.Rulers(Today, Today + 25.0 * 3600.0 * Second);
+    stage.Show();
+    QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
+    QCOMPARE(stage.Entry()->text(), QStringLiteral("25:00:00.000"));
+    Type(stage.Entry(), QStringLiteral("25:00:01"));
+    QCOMPARE(stage.ruler2->GetValue() - stage.ruler1->GetValue(), 90001.0 * Second);
+    for (auto const & [text, seconds] : { std::pair("-1:30", 90.0), std::pair("-0:30", 30.0) }) {
+        QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
+        Type(stage.Entry(), QLatin1String(text));
+        QCOMPARE(stage.ruler2->GetValue() - stage.ruler1->GetValue(), seconds * Second);
+        QCOMPARE(stage.difference->GetValue(), -seconds * Second);
+    }
+}
+
+void tst_axisrangedisplay::typingLeft()
+{
+    for (bool const isDeleted : { false, true }) {
+        Stage stage;
+        stage.Rulers(10.0, 30.0);
+        stage.Show();
+        QPointer<AxisRangeDisplay> const display(stage.display);
+        Listener const killer(stage.ruler1.Get(), [&](TChangeCode) {
+            if (isDeleted)
+                delete display.data();
+        });
+        QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
+        QTest::keyClicks(stage.Entry(), QStringLiteral("40"));
+        QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason); // its menu
+        QCoreApplication::sendEvent(stage.Entry(), &popup);
+        QCoreApplication::processEvents();
+        QVERIFY(stage.Entry()->isVisible());
+        QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+        QCoreApplication::sendEvent(stage.Entry(), &out);
+        QCOMPARE(stage.ruler1->GetValue(), 10.0); // the line edit is not done with the event
+        QCoreApplication::processEvents();
+        QCOMPARE(stage.ruler1->GetValue(), 0.0);
+        QCOMPARE(display.isNull(), isDeleted);
+        QVERIFY(isDeleted || !stage.Entry()->isVisible());
+    }
+}
+
+void tst_axisrangedisplay::typingElsewhere()
+{
+    Stage stage;
+    stage.Rulers(10.0, 30.0);
+    stage.Show();
+    QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
+    QTest::keyClicks(stage.Entry(), QStringLiteral("40"));
+    QTest::mouseDClick(stage.Part("Center"), Qt::LeftButton); // takes the first, and opens the second
+    QCOMPARE(stage.difference->GetValue(), 40.0);
+    QCoreApplication::processEvents();
+    QVERIFY(stage.Entry()->isVisible());
+    QCOMPARE(stage.Entry()->geometry(), stage.Part("Center")->geometry());
+    Type(stage.Entry(), QStringLiteral("50"));
+    QCOMPARE(stage.ruler1->GetValue(), 30.0);
+    QTest::mouseDClick(stage.Part("Difference"), Qt::LeftButton);
+    QTest::keyClicks(stage.Entry(), QStringLiteral("10"));
+    QPointer<AxisRangeDisplay> const display(stage.display);
+    Listener const killer(stage.ruler1.Get(), [&](TChangeCode) { delete display.data(); });
+    QTest::keyClick(stage.Part("Center"), Qt::Key_F2);
+    QVERIFY(!display);
+}
+
+void tst_axisrangedisplay::typingWithoutRoom()
+{
+    Stage stage;
+    stage.Rulers(10.0, 30.0);
+    stage.Show();
+    QTest::mouseDClick(stage.Part("Center"), Qt::LeftButton);
+    QTest::keyClicks(stage.Entry(), QStringLiteral("50"));
+    stage.axis.resize(550, 40);
+    QVERIFY(stage.Entry()->isVisible());
+    QCOMPARE(stage.Entry()->geometry(), stage.Part("Center")->geometry());
+    stage.axis.resize(90, 40);
+    QVERIFY(!stage.Entry()->isVisible());
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.center->GetValue(), 20.0);
 }
 
 void tst_axisrangedisplay::typingGivenUp()
