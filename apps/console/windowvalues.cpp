@@ -8,12 +8,14 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace {
 
 constexpr std::array<char const *, WindowValues::eItemCount> Names{ { "start", "stop", "visible", "focus", "text" } };
 
 constexpr double FarthestFrequency = 1e12; // Hz
+constexpr FrequencyRange NoBand{ -FarthestFrequency, 2.0 * FarthestFrequency };
 
 QString FolderOf(int window) { return QStringLiteral("/console/windows/%1").arg(window + 1); }
 
@@ -59,6 +61,8 @@ std::unique_ptr<ValueBase> Make(int window, WindowValues::Item item)
 
 } // namespace
 
+FrequencyRange WindowValues::s_band = NoBand;
+
 WindowValues::WindowValues()
 {
     Tree * const tree = Tree::Instance();
@@ -71,6 +75,11 @@ WindowValues::WindowValues()
             m_paths.push_back(PathOf(window, static_cast<Item>(item)));
         }
     }
+    if (m_paths.empty())
+        return;
+    s_band = NoBand;
+    for (int window = 0; window < Count; ++window)
+        FollowFocus(window);
 }
 
 WindowValues::~WindowValues()
@@ -84,14 +93,25 @@ WindowValues::~WindowValues()
 
 void WindowValues::SetBand(FrequencyRange band)
 {
-    if (!std::isfinite(band.start) || !std::isfinite(band.span) || !(band.span > 0.0))
-        return;
-    for (int window = 0; window < Count; ++window) {
-        for (Item const item : { eStart, eStop }) {
-            if (auto * const value = At<ValueNumeric<double>>(window, item))
-                value->SetMinMax(band.start, band.start + band.span, 0.0, nullptr);
-        }
+    if (std::isfinite(band.start) && std::isfinite(band.span) && band.span > 0.0)
+        s_band = band;
+}
+
+void WindowValues::FollowFocus(int window)
+{
+    for (Item const item : { eVisible, eFocus }) {
+        m_followers.push_back(std::make_unique<ValueFollower>([this, window] { TakeFocus(window); }));
+        m_followers.back()->Bind(PathOf(window, item));
     }
+}
+
+//! Undo and others set the focus of one window and know nothing of the rest.
+void WindowValues::TakeFocus(int window)
+{
+    auto & had = m_hadFocus[static_cast<std::size_t>(window)];
+    bool const has = Flag(window, eFocus) && IsVisible(window);
+    if (std::exchange(had, has) != has && has)
+        Focus(window);
 }
 
 QString WindowValues::PathOf(int window, Item item)
@@ -109,8 +129,7 @@ FrequencyRange WindowValues::RangeOf(int window)
 
 FrequencyRange WindowValues::LimitsOf(int window)
 {
-    auto const * const value = At<ValueNumeric<double>>(window, eStart);
-    return value ? FrequencyRange{ value->GetMin(), value->GetMax() - value->GetMin() } : FrequencyRange{ 0.0, 0.0 };
+    return At<ValueNumeric<double>>(window, eStart) ? s_band : FrequencyRange{ 0.0, 0.0 };
 }
 
 bool WindowValues::IsVisible(int window) { return Flag(window, eVisible); }

@@ -3,13 +3,17 @@
 #define ORIM_WINDOWVALUES_H
 
 #include "linecolumns.h"
+#include "valuefollower.h"
 
 #include <QString>
 
+#include <array>
+#include <memory>
 #include <vector>
 
-//! The values of the five windows that mark signals: puts them into the tree and takes them out again. A window is
-//! named by its index, 0 to 4; one outside has no values, is hidden, and a write to it does nothing.
+//! The values of the five windows that mark signals: puts them into the tree and takes them out again. A visible window
+//! that gets the focus, from whomever, takes it from the others. A window is named by its index, 0 to 4; one outside
+//! has no values, is hidden, and a write to it does nothing.
 class WindowValues
 {
 public:
@@ -31,7 +35,8 @@ public:
     WindowValues(WindowValues const &) = delete;
     WindowValues & operator=(WindowValues const &) = delete;
 
-    //! Keeps all windows within a band. One that is not finite or not wider than 0 is ignored.
+    //! The band within which a window can be moved. The windows stay where they are: one outside is met again when its
+    //! band comes back. A band that is not finite or not wider than 0 is ignored.
     void SetBand(FrequencyRange band);
 
     //! Path of a value; empty for a bad index.
@@ -39,7 +44,7 @@ public:
 
     //! The lower end and the width, Hz, whichever end is called the start.
     static FrequencyRange RangeOf(int window);
-    //! Lower and upper limit of both ends, as start and width, Hz.
+    //! The band within which both ends can be moved, Hz; without a width for a bad index.
     static FrequencyRange LimitsOf(int window);
 
     static bool IsVisible(int window);
@@ -54,7 +59,14 @@ public:
     static int Next(bool forward);
 
 private:
+    void FollowFocus(int window);
+    void TakeFocus(int window);
+
+    static FrequencyRange s_band; // Hz, of all windows
+
     std::vector<QString> m_paths; // what was put into the tree
+    std::vector<std::unique_ptr<ValueFollower>> m_followers;
+    std::array<bool, Count> m_hadFocus{}; // when its values were looked at last
 };
 
 #endif

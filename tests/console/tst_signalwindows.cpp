@@ -47,6 +47,9 @@ private Q_SLOTS:
     void hidingABorderHidesItInTheOtherPane();
     void keyboardAlone_data();
     void keyboardAlone();
+    void undoLeavesOneInFocus_data();
+    void undoLeavesOneInFocus();
+    void retuneLeavesTheWindows();
     void markersAreChosenBesideWindows();
     void windowsFitAtEverySize_data();
     void windowsFitAtEverySize();
@@ -398,6 +401,62 @@ void tst_SignalWindows::keyboardAlone()
     QFocusEvent out(QEvent::FocusOut);
     QCoreApplication::sendEvent(&pane, &out);
     QCOMPARE(UndoCount(), steps + 1);
+}
+
+void tst_SignalWindows::undoLeavesOneInFocus_data()
+{
+    QTest::addColumn<bool>("hidden");
+    QTest::newRow("of hiding a window") << true;
+    QTest::newRow("of marking a signal") << false;
+}
+
+void tst_SignalWindows::undoLeavesOneInFocus()
+{
+    QFETCH(bool, hidden);
+    RangePane & pane = m_window->Spectrum();
+    for (int window = 0; window < 3; ++window)
+        QTest::keyClick(&pane, Qt::Key_Insert);
+    QTest::keyClick(&pane, Qt::Key_2);
+    if (hidden)
+        QTest::keyClick(&pane, Qt::Key_Delete);
+    else
+        QTest::keyClick(&pane, Qt::Key_Insert); // takes the focus from the second
+    QTest::keyClick(&pane, Qt::Key_3);
+    for (bool const redo : { false, true }) {
+        if (redo)
+            GuiBase::Instance().UndoStack()->redo();
+        else
+            GuiBase::Instance().UndoStack()->undo();
+        int const expected = redo ? (hidden ? -1 : 3) : 1;
+        QCOMPARE(WindowValues::Focused(), expected);
+        for (RangePane * const shown : Panes()) {
+            int focused = 0;
+            for (int window = 0; window < WindowValues::Count; ++window) {
+                bool const has = FrameOf(*shown, window).focused;
+                focused += has ? 1 : 0;
+                QCOMPARE(has, window == expected);
+            }
+            QCOMPARE(focused, expected < 0 ? 0 : 1);
+        }
+    }
+}
+
+void tst_SignalWindows::retuneLeavesTheWindows()
+{
+    QVERIFY(m_window->Windows().Mark());
+    FrequencyRange const range = WindowValues::RangeOf(0);
+    FrequencyRange const band = m_window->Values().GetBand();
+    QRect const frame = FrameOf(m_window->Spectrum(), 0).rect;
+    int const steps = UndoCount();
+    m_window->Values().SetBand({ band.start + 1e6, band.span });
+    for (RangePane * const pane : Panes())
+        QCOMPARE(FrameOf(*pane, 0).window, -1);
+    QVERIFY(WindowValues::RangeOf(0) == range);
+    QVERIFY(WindowValues::IsVisible(0));
+    m_window->Values().SetBand(band);
+    QVERIFY(WindowValues::RangeOf(0) == range);
+    QCOMPARE(FrameOf(m_window->Spectrum(), 0).rect, frame);
+    QCOMPARE(UndoCount(), steps);
 }
 
 void tst_SignalWindows::markersAreChosenBesideWindows()

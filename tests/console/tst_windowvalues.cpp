@@ -31,7 +31,12 @@ private Q_SLOTS:
     void rangeIsInOrder();
     void numbersThatAreNoneAreIgnored_data();
     void numbersThatAreNoneAreIgnored();
-    void bandHoldsTheWindows();
+    void windowKeepsItsFrequency_data();
+    void windowKeepsItsFrequency();
+    void bandWithoutAWidthIsIgnored();
+    void bandLeavesWithTheValues();
+    void focusFromOutsideLeavesTheOthers_data();
+    void focusFromOutsideLeavesTheOthers();
     void nextByFrequency();
 
 private:
@@ -230,19 +235,76 @@ void tst_WindowValues::numbersThatAreNoneAreIgnored()
     QVERIFY(WindowValues::LimitsOf(1) == (FrequencyRange{ 0.0, 1000.0 }));
 }
 
-void tst_WindowValues::bandHoldsTheWindows()
+void tst_WindowValues::windowKeepsItsFrequency_data()
 {
+    QTest::addColumn<double>("start"); // of the band
+    QTest::addColumn<double>("span");
+    QTest::newRow("band around it") << 0.0 << 1000.0;
+    QTest::newRow("band within it") << 100.0 << 50.0;
+    QTest::newRow("band across its stop") << 150.0 << 500.0;
+    QTest::newRow("band above it") << 1e6 << 1000.0;
+    QTest::newRow("band below it") << -1e6 << 1000.0;
+}
+
+void tst_WindowValues::windowKeepsItsFrequency()
+{
+    QFETCH(double, start);
+    QFETCH(double, span);
+    m_values->SetBand({ 0.0, 500.0 });
     for (int window = 0; window < WindowValues::Count; ++window)
         WindowValues::SetRange(window, { 90.0, 100.0 });
-    m_values->SetBand({ 100.0, 50.0 });
+    m_values->SetBand({ start, span });
     for (int window = 0; window < WindowValues::Count; ++window) {
-        QVERIFY(WindowValues::RangeOf(window) == (FrequencyRange{ 100.0, 50.0 }));
-        QVERIFY(WindowValues::LimitsOf(window) == (FrequencyRange{ 100.0, 50.0 }));
+        QVERIFY(WindowValues::RangeOf(window) == (FrequencyRange{ 90.0, 100.0 }));
+        QVERIFY(WindowValues::LimitsOf(window) == (FrequencyRange{ start, span }));
     }
-    m_values->SetBand({ 0.0, 0.0 }); // no band
+    m_values->SetBand({ 0.0, 500.0 }); // and back
+    QVERIFY(WindowValues::RangeOf(0) == (FrequencyRange{ 90.0, 100.0 }));
+    QVERIFY(WindowValues::LimitsOf(0) == (FrequencyRange{ 0.0, 500.0 }));
+}
+
+void tst_WindowValues::bandWithoutAWidthIsIgnored()
+{
+    m_values->SetBand({ 100.0, 50.0 });
+    m_values->SetBand({ 0.0, 0.0 });
+    m_values->SetBand({ 0.0, -10.0 });
     QVERIFY(WindowValues::LimitsOf(0) == (FrequencyRange{ 100.0, 50.0 }));
-    WindowValues::SetRange(0, { 1000.0, 10.0 });
-    QVERIFY(WindowValues::RangeOf(0) == (FrequencyRange{ 150.0, 0.0 }));
+}
+
+void tst_WindowValues::bandLeavesWithTheValues()
+{
+    FrequencyRange const everywhere = WindowValues::LimitsOf(0);
+    QVERIFY(everywhere.start < -1e9 && everywhere.start + everywhere.span > 1e9);
+    m_values->SetBand({ 100.0, 50.0 });
+    m_values.reset();
+    m_values = std::make_unique<WindowValues>();
+    QVERIFY(WindowValues::LimitsOf(0) == everywhere);
+}
+
+void tst_WindowValues::focusFromOutsideLeavesTheOthers_data()
+{
+    QTest::addColumn<bool>("shownBefore");
+    QTest::newRow("set while it is shown") << true;
+    QTest::newRow("set while it is hidden, then shown") << false;
+}
+
+void tst_WindowValues::focusFromOutsideLeavesTheOthers()
+{
+    QFETCH(bool, shownBefore);
+    auto const focusOf = [](int window) {
+        return Tree::Instance()->FindAs<Value<bool>>(WindowValues::PathOf(window, WindowValues::eFocus));
+    };
+    WindowValues::Show(1, true);
+    WindowValues::Show(3, shownBefore);
+    WindowValues::Focus(1);
+    focusOf(3)->SetValue(true, nullptr);
+    QCOMPARE(focusOf(1)->GetValue(), !shownBefore);
+    WindowValues::Show(3, true);
+    QCOMPARE(WindowValues::Focused(), 3);
+    QVERIFY(!focusOf(1)->GetValue());
+    focusOf(1)->SetValue(true, nullptr); // and back
+    QCOMPARE(WindowValues::Focused(), 1);
+    QVERIFY(!focusOf(3)->GetValue());
 }
 
 void tst_WindowValues::nextByFrequency()
