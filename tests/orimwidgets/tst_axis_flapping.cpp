@@ -35,8 +35,15 @@ enum EKind
     eText,
     eChoice,
     eList,
+    eFlag,
+    eWhole,
     eKinds
 };
+
+//! Kinds that a watcher takes.
+constexpr unsigned int Only(EKind kind) { return 1U << kind; }
+
+constexpr unsigned int AnyKind = (1U << eKinds) - 1;
 
 struct Heard
 {
@@ -84,7 +91,7 @@ struct Watcher
     std::function<bool()> isBound;
     std::function<double()> shown; // what it took from the value
     Heard const * heard;
-    EKind kind; // the one that it takes; eKinds for any
+    unsigned int kinds;
     bool bound = false;
     double kept = 0.0;
 };
@@ -107,6 +114,10 @@ ValueBase * Make(EKind kind)
         return new Value<QString>(name);
     if (kind == eList)
         return new ValueList<BearingResult>(name);
+    if (kind == eFlag)
+        return new Value<bool>(name);
+    if (kind == eWhole)
+        return new ValueNumeric<int>(name);
     auto * const choice = new ValueSelection(name);
     for (long const key : { 0L, 1L, 2L, 3L, 4L, 5L, 6L, 7L })
         choice->AddItem({ QString::number(key), static_cast<double>(key), key });
@@ -123,6 +134,10 @@ double Change(ValueBase * value, EKind kind, int turn)
         static_cast<Value<QString> *>(value)->SetValue(QString::number(turn), nullptr);
     else if (kind == eChoice)
         static_cast<ValueSelection *>(value)->Select(static_cast<long>(content), nullptr);
+    else if (kind == eFlag)
+        static_cast<Value<bool> *>(value)->SetValue(true, nullptr);
+    else if (kind == eWhole)
+        static_cast<ValueNumeric<int> *>(value)->SetValue(static_cast<int>(content), nullptr);
     else
         static_cast<ValueList<BearingResult> *>(value)->Append(BearingResult());
     return content;
@@ -167,48 +182,58 @@ void tst_axis_flapping::AddAxis(int index)
         Operation bind;
         ValueBase * (*held)(FlapAxis const &);
         double (*shown)(FlapAxis const &);
-        EKind kind;
+        unsigned int kinds;
     };
 
     static auto const nothing = [](FlapAxis const &) { return 0.0; };
     static Row const rows[] = {
         { &AxisBase::SetStart_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pStart; },
-          [](FlapAxis const & axis) { return axis.m_start; }, eNumber },
+          [](FlapAxis const & axis) { return axis.m_start; }, Only(eNumber) },
         { &AxisBase::SetStop_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pStop; },
-          [](FlapAxis const & axis) { return axis.m_stop; }, eNumber },
+          [](FlapAxis const & axis) { return axis.m_stop; }, Only(eNumber) },
         { &AxisBase::SetPixPerSecond_ValuePath,
           [](FlapAxis const & axis) -> ValueBase * { return axis.m_pPixPerSecondValue; },
-          [](FlapAxis const & axis) { return axis.m_pixPerSecond; }, eNumber },
-        { &AxisBase::SetOffset_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pOffset; },
-          [](FlapAxis const & axis) { return axis.m_offset; }, eNumber },
+          [](FlapAxis const & axis) { return axis.m_pixPerSecond; }, Only(eNumber) },
+        { &AxisBase::SetOffset_ValuePath,
+          [](FlapAxis const & axis) -> ValueBase * {
+              if (axis.m_pOffset)
+                  return axis.m_pOffset;
+              return axis.m_pOffset2;
+          },
+          [](FlapAxis const & axis) { return axis.m_offset; }, Only(eNumber) | Only(eWhole) },
         { &AxisBase::SetCenter_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pCenter; }, nothing,
-          eNumber },
+          Only(eNumber) },
         { &AxisBase::SetHalfWidth_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pHalfWidth; },
-          nothing, eNumber },
+          nothing, Only(eNumber) },
         { &AxisBase::SetDeviceStart_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDeviceStart; },
-          nothing, eNumber },
+          nothing, Only(eNumber) },
+        { &AxisBase::SetDeviceStop_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDeviceStop; },
+          nothing, Only(eNumber) },
+        { &AxisBase::SetDefaultStart_ValuePath,
+          [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDefaultStart; }, nothing, Only(eNumber) },
         { &AxisBase::SetDefaultStop_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDefaultStop; },
-          nothing, eNumber },
+          nothing, Only(eNumber) },
+        { &AxisBase::SetAutoScale_ValuePath, [](FlapAxis const & axis) -> ValueBase * { return axis.m_pAutoScale; },
+          nothing, Only(eFlag) },
         { &AxisBase::SetShadingColor_ValuePath,
           [](FlapAxis const & axis) -> ValueBase * { return axis.m_pShadingColor; },
-          [](FlapAxis const & axis) { return static_cast<double>(axis.m_shadingColor); }, eChoice },
+          [](FlapAxis const & axis) { return static_cast<double>(axis.m_shadingColor); }, Only(eChoice) },
         { &AxisBase::SetDisplayAzimuth_ValuePath,
-          [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDisplayAzimuth; }, nothing, eChoice },
+          [](FlapAxis const & axis) -> ValueBase * { return axis.m_pDisplayAzimuth; }, nothing, Only(eChoice) },
     };
     m_axes.push_back(std::make_unique<FlapAxis>());
     FlapAxis * const axis = m_axes.back().get();
-    std::size_t const kinds = std::size(rows) + 1;
-    std::size_t const which = static_cast<std::size_t>(index) % kinds;
+    std::size_t const which = static_cast<std::size_t>(index) % (std::size(rows) + 1);
     if (which == std::size(rows)) {
         m_watchers.push_back({ [axis] { return axis->SetForceRebuild_ValuePath(Path, 1); },
                                [axis] { return axis->m_forceRebuild[1] != nullptr; }, [] { return 0.0; },
-                               &axis->m_heard, eKinds });
+                               &axis->m_heard, AnyKind });
         return;
     }
     Row const row = rows[which];
     m_watchers.push_back({ [axis, row] { return (axis->*row.bind)(Path); },
                            [axis, row] { return row.held(*axis) != nullptr; }, [axis, row] { return row.shown(*axis); },
-                           &axis->m_heard, row.kind });
+                           &axis->m_heard, row.kinds });
 }
 
 void tst_axis_flapping::AddMarker()
@@ -218,7 +243,7 @@ void tst_axis_flapping::AddMarker()
     marker->SetParent(&m_list);
     m_watchers.push_back({ [marker] { return marker->Set_ValuePath(Path); },
                            [marker] { return marker->GetConnected(); }, [marker] { return marker->GetValue(); },
-                           &marker->m_heard, eNumber });
+                           &marker->m_heard, Only(eNumber) });
 }
 
 void tst_axis_flapping::initTestCase()
@@ -234,7 +259,7 @@ void tst_axis_flapping::initTestCase()
 //! Sets the path of a watcher; a value of another type is none.
 void tst_axis_flapping::Bind(Watcher & watcher, EKind kind)
 {
-    watcher.bound = watcher.bind() && (watcher.kind == kind || watcher.kind == eKinds);
+    watcher.bound = watcher.bind() && (watcher.kinds & Only(kind)) != 0;
     ++m_bindings;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // While a menu or the settings of an axis are open, what they belong to ends, or somebody else acts. And a session with
 // menus and the dialog: after each of its events the axis, its parent, its pane, its value, its marker, the open menu
-// or the open dialog is deleted, and the session goes on.
+// or the open dialog is deleted, or the colour set changes, and the session goes on.
 
 #include "axisprobe.h"
 #include "testmarkerlist.h"
@@ -273,10 +273,25 @@ enum ETarget
     eMarker,
     eMenu,
     eDialog,
+    eColors,
     eTargets
 };
 
-char const * const TargetNames[eTargets] = { "axis", "window", "pane", "value", "marker", "open menu", "open dialog" };
+char const * const TargetNames[eTargets] = { "axis",   "window",    "pane",        "value",
+                                             "marker", "open menu", "open dialog", "colour set" };
+
+constexpr int Rounds = 5; // of the session; some 350 events
+
+//! How many events lie between two of those that something is deleted after.
+int Stride()
+{
+#if defined(__OPTIMIZE__)
+    int const stride = TestStage::Sanitized() ? 40 : 1;
+#else
+    int const stride = TestStage::Sanitized() ? 40 : 12;
+#endif
+    return static_cast<int>(TestStage::Turns(stride, 1));
+}
 
 class Session : public QObject
 {
@@ -293,7 +308,7 @@ public:
     //! \return how many events there were.
     int Run()
     {
-        for (int round = 0; round < 3; ++round)
+        for (int round = 0; round < Rounds; ++round)
             for (int step = 0; step < 12; ++step) {
                 if (m_stage.m_pAxis)
                     Step(step, round);
@@ -328,6 +343,8 @@ private:
             EndMenu();
         else if (m_target == eDialog)
             delete Stage::OpenDialog();
+        else if (m_target == eColors)
+            GuiBase::Instance().emit_signalColorsChanged(); // another set takes its place
     }
 
     //! As whoever is told of a chosen item has to end it.
@@ -443,8 +460,8 @@ void tst_axis_menulife::deletedAfterEachEvent()
 {
     QFETCH(int, target);
     int const events = Session(static_cast<ETarget>(target), -1).Run();
-    QVERIFY(events > 100);
-    int const stride = static_cast<int>(TestStage::Turns(TestStage::Sanitized() ? 28 : 7, 1));
+    QVERIFY(events >= 300);
+    int const stride = Stride();
     for (int when = target % stride; when < events; when += stride) {
         Session(static_cast<ETarget>(target), when).Run();
         ++m_sessions;

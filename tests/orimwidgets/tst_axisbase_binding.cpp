@@ -1,101 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "axisprobe.h"
+// How an axis comes to be bound to values, and how it lets go of them.
+#include "bindingprobe.h"
 
 #include "guibase.h"
-#include "marker.h"
 #include "testmain.h"
 #include "valueselection.h"
 
-#include <QSignalSpy>
 #include <QToolButton>
 
-#include <cmath>
-#include <functional>
-#include <limits>
 #include <memory>
 
 namespace {
 
-//! Hears what is forwarded to the pane of an axis.
-class Pane : public IObserver
-{
-public:
-    std::vector<std::pair<Observable *, int>> m_heard;
-    std::function<void()> m_then;
-
-    void Update(Observable * subject, TChangeCode code) override
-    {
-        m_heard.emplace_back(subject, code);
-        if (m_then)
-            m_then();
-    }
-};
-
-//! Notes the codes that an axis is told by hand.
-class CodeProbe : public AxisProbe
-{
-public:
-    QList<int> m_codes;
-    Observable * m_source = nullptr;
-
-    void Update(Observable * subject, TChangeCode code) override
-    {
-        m_codes << code;
-        m_source = subject;
-        AxisProbe::Update(subject, code);
-    }
-};
-
-using Number = ValueNumeric<double>;
-using Integer = ValueNumeric<int>;
-
 QList<int> const NumberCodes{ 2, 4, 3 };
 QList<int> const SelectionCodes{ 2, 4, 7, 3 };
 
-//! One of the bindings of an axis.
-struct Binding
-{
-    bool (*bind)(AxisProbe & axis, QString const & path);
-    ValueBase * (*held)(AxisProbe & axis);
-};
-
-Binding const Start{ [](AxisProbe & axis, QString const & path) { return axis.SetStart_ValuePath(path); },
-                     [](AxisProbe & axis) -> ValueBase * { return axis.m_pStart; } };
-Binding const Stop{ [](AxisProbe & axis, QString const & path) { return axis.SetStop_ValuePath(path); },
-                    [](AxisProbe & axis) -> ValueBase * { return axis.m_pStop; } };
-Binding const PixPerSecond{ [](AxisProbe & axis, QString const & path) { return axis.SetPixPerSecond_ValuePath(path); },
-                            [](AxisProbe & axis) -> ValueBase * { return axis.m_pPixPerSecondValue; } };
-Binding const Center{ [](AxisProbe & axis, QString const & path) { return axis.SetCenter_ValuePath(path); },
-                      [](AxisProbe & axis) -> ValueBase * { return axis.m_pCenter; } };
-Binding const HalfWidth{ [](AxisProbe & axis, QString const & path) { return axis.SetHalfWidth_ValuePath(path); },
-                         [](AxisProbe & axis) -> ValueBase * { return axis.m_pHalfWidth; } };
-Binding const AutoScale{ [](AxisProbe & axis, QString const & path) { return axis.SetAutoScale_ValuePath(path); },
-                         [](AxisProbe & axis) -> ValueBase * { return axis.GetAutoScaleBoolean(); } };
-Binding const DefaultStart{ [](AxisProbe & axis, QString const & path) { return axis.SetDefaultStart_ValuePath(path); },
-                            [](AxisProbe & axis) -> ValueBase * { return axis.m_pDefaultStart; } };
-Binding const DefaultStop{ [](AxisProbe & axis, QString const & path) { return axis.SetDefaultStop_ValuePath(path); },
-                           [](AxisProbe & axis) -> ValueBase * { return axis.m_pDefaultStop; } };
-Binding const DeviceStart{ [](AxisProbe & axis, QString const & path) { return axis.SetDeviceStart_ValuePath(path); },
-                           [](AxisProbe & axis) -> ValueBase * { return axis.m_pDeviceStart; } };
-Binding const DeviceStop{ [](AxisProbe & axis, QString const & path) { return axis.SetDeviceStop_ValuePath(path); },
-                          [](AxisProbe & axis) -> ValueBase * { return axis.m_pDeviceStop; } };
-Binding const Offset{ [](AxisProbe & axis, QString const & path) { return axis.SetOffset_ValuePath(path); },
-                      [](AxisProbe & axis) -> ValueBase * { return axis.m_pOffset; } };
-Binding const Azimuth{ [](AxisProbe & axis, QString const & path) { return axis.SetDisplayAzimuth_ValuePath(path); },
-                       [](AxisProbe & axis) -> ValueBase * { return axis.m_pDisplayAzimuth; } };
-Binding const Shading{ [](AxisProbe & axis, QString const & path) { return axis.SetShadingColor_ValuePath(path); },
-                       [](AxisProbe & axis) -> ValueBase * { return axis.m_pShadingColor; } };
-
-template <unsigned int Index>
-Binding ForceRebuild()
-{
-    return { [](AxisProbe & axis, QString const & path) { return axis.SetForceRebuild_ValuePath(path, Index); },
-             [](AxisProbe & axis) { return axis.m_forceRebuild[Index]; } };
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(Binding)
 
 class tst_axisbase_binding : public QObject
 {
@@ -110,35 +30,12 @@ private Q_SLOTS:
     void forceRebuildIndices();
     void spareSlotKeepsWhatAFieldLetsGo();
     void valueEndsWhileTheSpareSlotIsBound();
-    void twoFieldsOfOneValue();
-    void zoneComesBeforeTheAzimuth();
     void departureOfSelections();
-    void newStart();
-    void newStop();
-    void newSpeedAndOffset_data();
-    void newSpeedAndOffset();
-    void speedAlone();
-    void integerOffset();
-    void limitsOfTheSpeed();
-    void newShadingColor();
-    void chosenShadingColor();
-    void newForceRebuildValue();
-    void newCenter();
-    void newNamedRange();
-    void stopOfANamedRangeAlone();
-    void onlyRepairs_data();
-    void onlyRepairs();
-    void firstLineWins_data();
-    void firstLineWins();
-    void unitBeforeShading();
+    void twoFieldsOfOneValue();
     void scrollBar();
     void focusProxy();
-    void otherSourcesAndCodes();
     void stateThatStays();
-    void forwardedToAPaneThatEnded();
-    void forwardedInARing();
-    void deletedWhileTold_data();
-    void deletedWhileTold();
+    void departedValueThatLivesOn();
     void endsQuietly();
 };
 
@@ -300,20 +197,6 @@ void tst_axisbase_binding::valueEndsWhileTheSpareSlotIsBound()
     QVERIFY(!axis.SetForceRebuild_ValuePath(QStringLiteral("/nowhere"), 3));
 }
 
-//! A selection may be both: the first field that holds it decides.
-void tst_axisbase_binding::zoneComesBeforeTheAzimuth()
-{
-    Planted<ValueSelection> both("both");
-    both->AddItems({ { QStringLiteral("a"), 0.0, 0 }, { QStringLiteral("b"), 7200.0, 1 } });
-    AxisProbe time(AxisBase::AxisHorizontal | AxisBase::AxisTimeStamps);
-    ValueSelection * const zone = time.m_pTimeZone;
-    QVERIFY(time.SetDisplayAzimuth_ValuePath(both.Path()));
-    time.m_pTimeZone = both.Get();
-    both->Select(1L, nullptr);
-    QCOMPARE(time.m_pDateTime->toString(QStringLiteral("hh")), QStringLiteral("02"));
-    time.m_pTimeZone = zone;
-}
-
 void tst_axisbase_binding::departureOfSelections()
 {
     Planted<ValueSelection> choice("choice");
@@ -345,376 +228,6 @@ void tst_axisbase_binding::twoFieldsOfOneValue()
     QVERIFY(!axis.m_pStart && !axis.m_pStop);
 }
 
-void tst_axisbase_binding::newStart()
-{
-    Planted<Number> start("start");
-    Planted<Number> stop("stop");
-    stop->SetValue(370.9, nullptr);
-    AxisProbe axis;
-    Marker * const marker = axis.AddMarker(eYellowX);
-    marker->SetWrapAround(360);
-    Pane pane;
-    axis.SetPrimaryVMappingDrawPane(&pane);
-    QVERIFY(axis.SetStart_ValuePath(start.Path()));
-    pane.m_heard.clear();
-    double startWhenForwarded = -1.0;
-    pane.m_then = [&] { startWhenForwarded = axis.m_start; };
-    start->SetValue(10.9, nullptr);
-    QCOMPARE(pane.m_heard.size(), std::size_t(1));
-    QVERIFY(pane.m_heard[0].first == static_cast<Observable *>(start.Get()));
-    QCOMPARE(pane.m_heard[0].second, 3);
-    QCOMPARE(startWhenForwarded, 0.0); // the pane is told first
-    QCOMPARE(axis.m_start, 10.9);
-    QCOMPARE(axis.m_repairs, 3); // binding: as told, then by itself; the new value
-    marker->SetValue(5.0);
-    QVERIFY(axis.SetStop_ValuePath(stop.Path()));
-    QCOMPARE(marker->GetValue(), 365.0); // 10 to 370: both ends are cut
-    start->SetValue(-9.9, nullptr);
-    marker->SetWrapAround(350);
-    marker->SetValue(-12.0);
-    start->SetValue(-9.5, nullptr);
-    QCOMPARE(marker->GetValue(), 338.0); // -9 and up
-}
-
-void tst_axisbase_binding::newStop()
-{
-    Planted<Number> start("start");
-    Planted<Number> stop("stop");
-    stop->SetValue(1.0, nullptr);
-    AxisProbe axis;
-    Marker * const marker = axis.AddMarker(eYellowX);
-    marker->SetWrapAround(360);
-    Pane pane;
-    axis.SetPrimaryVMappingDrawPane(&pane);
-    QVERIFY(axis.SetStop_ValuePath(stop.Path()));
-    marker->SetValue(365.0);
-    stop->SetValue(359.0, nullptr);
-    QCOMPARE(marker->GetValue(), 365.0); // there is no bound start
-    QVERIFY(axis.SetStart_ValuePath(start.Path()));
-    pane.m_heard.clear();
-    double stopWhenForwarded = -1.0;
-    pane.m_then = [&] { stopWhenForwarded = axis.m_stop; };
-    stop->SetValue(360.9, nullptr);
-    QCOMPARE(pane.m_heard.size(), std::size_t(1));
-    QVERIFY(pane.m_heard[0].first == static_cast<Observable *>(stop.Get()));
-    QCOMPARE(pane.m_heard[0].second, 3);
-    QCOMPARE(stopWhenForwarded, 359.0); // the pane is told first
-    QCOMPARE(axis.m_stop, 360.9);
-    QCOMPARE(marker->GetValue(), 5.0);
-}
-
-void tst_axisbase_binding::newSpeedAndOffset_data()
-{
-    QTest::addColumn<bool>("horizontal");
-    QTest::newRow("horizontal: the range moves") << true;
-    QTest::newRow("vertical: the range stays") << false;
-}
-
-void tst_axisbase_binding::newSpeedAndOffset()
-{
-    QFETCH(bool, horizontal);
-    Planted<Number> speed("speed");
-    Planted<Number> offset("offset");
-    speed->SetValue(10.0, nullptr);
-    AxisProbe axis(horizontal ? AxisBase::AxisHorizontal : AxisBase::AxisVertical, 100, 100);
-    axis.SetPixOffset(5, 15);
-    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()));
-    QCOMPARE(axis.GetPixPerSecond(), 10.0);
-    QVERIFY(axis.SetOffset_ValuePath(offset.Path()));
-    axis.m_calculations = axis.m_repairs = 0;
-    offset->SetValue(50.0, nullptr);
-    QCOMPARE(axis.m_offset, 50.0);
-    QCOMPARE(axis.m_start, horizontal ? 50.0 : 0.0);
-    QCOMPARE(axis.m_stop, horizontal ? 58.0 : 0.0); // 80 px at 10 a unit
-    QCOMPARE(axis.m_calculations, horizontal ? 2 : 1);
-    QCOMPARE(axis.m_repairs, horizontal ? 2 : 1);
-    speed->SetValue(20.0, nullptr);
-    QCOMPARE(axis.m_stop, horizontal ? 54.0 : 0.0);
-    axis.SetPixPerSecond(40.0);
-    QCOMPARE(speed->GetValue(), 40.0);
-    QCOMPARE(axis.m_stop, horizontal ? 52.0 : 0.0);
-    axis.SetOffset(60.0);
-    QCOMPARE(offset->GetValue(), 60.0);
-    QCOMPARE(axis.m_start, horizontal ? 60.0 : 0.0);
-    axis.m_calculations = 0;
-    axis.SetOffset(61.0);
-    QCOMPARE(axis.m_calculations, horizontal ? 2 : 1); // it does not hear of its own write
-}
-
-void tst_axisbase_binding::speedAlone()
-{
-    AxisProbe axis;
-    axis.SetRange(1.0, 2.0);
-    axis.m_calculations = axis.m_repairs = 0;
-    axis.SetPixPerSecond(40.0);
-    axis.SetOffset(7.0);
-    QCOMPARE(axis.m_offset, 7.0);
-    QCOMPARE(axis.m_start, 1.0);
-    QCOMPARE(axis.m_calculations, 2);
-    QCOMPARE(axis.m_repairs, 2);
-}
-
-void tst_axisbase_binding::integerOffset()
-{
-    Planted<Number> speed("speed");
-    Planted<Integer> offset("offset");
-    speed->SetValue(10.0, nullptr);
-    AxisProbe axis;
-    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()) && axis.SetOffset_ValuePath(offset.Path()));
-    offset->SetValue(50, nullptr);
-    QCOMPARE(axis.m_start, 50.0);
-    QCOMPARE(axis.m_stop, 60.0);
-    axis.SetOffset(70.4); // the value holds no fraction, and tells so
-    QCOMPARE(offset->GetValue(), 70);
-    QCOMPARE(axis.m_offset, 70.0);
-}
-
-void tst_axisbase_binding::limitsOfTheSpeed()
-{
-    Planted<Number> speed("speed");
-    speed->SetMinMax(0.0, 30.0, 0.0, nullptr);
-    AxisProbe axis;
-    QVERIFY(axis.SetPixPerSecond_ValuePath(speed.Path()));
-    axis.SetPixPerSecond(50.0);
-    QCOMPARE(speed->GetValue(), 30.0);
-    QCOMPARE(axis.GetPixPerSecond(), 30.0);
-    QCOMPARE(axis.m_start, 0.0); // without a bound offset the range stays
-    QCOMPARE(axis.m_stop, 0.0);
-    Planted<Number> offset("offset");
-    AxisProbe alone;
-    QVERIFY(alone.SetOffset_ValuePath(offset.Path()));
-    alone.SetOffset(7.0);
-    QCOMPARE(alone.m_start, 0.0); // and without a bound speed
-}
-
-void tst_axisbase_binding::newShadingColor()
-{
-    Planted<ValueSelection> shading("shading");
-    shading->AddItems({ { QStringLiteral("none"), 0.0, 0 }, { QStringLiteral("azimuth"), 2.0, 2 } });
-    AxisProbe axis;
-    QVERIFY(axis.SetShadingColor_ValuePath(shading.Path()));
-    axis.m_repairs = 0;
-    shading->Select(2L, nullptr);
-    QCOMPARE(int(axis.GetShadingColor()), 2);
-    QVERIFY((axis.GetAxisType() & AxisBase::AxisShading) != 0);
-    QCOMPARE(axis.m_repairs, 1);
-    axis.SetShadingColor(VC::eShadingQuality); // the selection does not have it
-    QCOMPARE(int(axis.GetShadingColor()), 2);
-    axis.SetShadingColor(VC::eShadingNone);
-    QCOMPARE(shading->GetCurrentKey(), 0L);
-    QCOMPARE(int(axis.GetShadingColor()), 0);
-    QCOMPARE(axis.GetAxisType(), 0x10U);
-    QCOMPARE(axis.m_repairs, 2);
-    long const wide = std::numeric_limits<long>::min(); // not 0, though no part of it fits an int
-    shading->AddItem({ QStringLiteral("wide"), 3.0, wide });
-    shading->Select(wide, nullptr);
-    QVERIFY((axis.GetAxisType() & AxisBase::AxisShading) != 0);
-}
-
-void tst_axisbase_binding::chosenShadingColor()
-{
-    AxisProbe axis;
-    axis.SetShadingColor(VC::eShadingDifference);
-    QCOMPARE(int(axis.GetShadingColor()), 8);
-    QCOMPARE(axis.GetAxisType(), 0x110U);
-    QCOMPARE(axis.m_repairs, 1);
-    axis.SetShadingColor(VC::eShadingNone);
-    QCOMPARE(axis.GetAxisType(), 0x10U);
-    QCOMPARE(axis.m_repairs, 2);
-}
-
-void tst_axisbase_binding::newForceRebuildValue()
-{
-    Planted<Value<QString>> text("text");
-    Planted<Number> start("start");
-    AxisProbe axis;
-    for (unsigned int const index : { 0U, 1U, 2U }) {
-        QVERIFY(axis.SetForceRebuild_ValuePath(text.Path(), index));
-        axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
-        axis.m_repairs = 0;
-        text->SetValue(QString::number(index), nullptr);
-        QVERIFY(!axis.m_pPixmap);
-        QCOMPARE(axis.m_repairs, 1);
-        QVERIFY(!axis.SetForceRebuild_ValuePath(QString(), index));
-    }
-    QVERIFY(axis.SetForceRebuild_ValuePath(start.Path(), 1) && axis.SetStart_ValuePath(start.Path()));
-    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
-    start->SetValue(7.0, nullptr); // drops the picture, then is what it is besides
-    QVERIFY(!axis.m_pPixmap);
-    QCOMPARE(axis.m_start, 7.0);
-}
-
-void tst_axisbase_binding::newCenter()
-{
-    Planted<Number> center("center");
-    AxisProbe axis;
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    QVERIFY(axis.SetCenter_ValuePath(center.Path()));
-    QVERIFY(axis.m_unZoom.empty()); // as told on binding
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    axis.m_repairs = axis.m_calculations = 0;
-    center->SetValue(5.0, nullptr);
-    QVERIFY(axis.m_unZoom.empty());
-    QCOMPARE(axis.m_repairs, 1);
-    QCOMPARE(axis.m_calculations, 0);
-}
-
-void tst_axisbase_binding::newNamedRange()
-{
-    Planted<Number> start("start");
-    Planted<Number> stop("stop");
-    start->SetValue(10.0, nullptr);
-    stop->SetValue(20.0, nullptr);
-    AxisProbe axis;
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    QVERIFY(axis.SetDeviceStart_ValuePath(start.Path()));
-    QCOMPARE(axis.m_deviceStart, -1.0);
-    QVERIFY(axis.SetDeviceStop_ValuePath(stop.Path()));
-    QCOMPARE(axis.m_deviceStart, 10.0); // as told on binding
-    QCOMPARE(axis.m_deviceStop, 20.0);
-    QVERIFY(!axis.m_unZoom.empty());
-    QVERIFY(axis.SetDefaultStart_ValuePath(start.Path()));
-    QCOMPARE(axis.m_defaultStart, -1.0);
-    QVERIFY(!axis.SetDeviceStop_ValuePath(QString()));
-    QVERIFY(axis.SetDefaultStop_ValuePath(stop.Path()));
-    QCOMPARE(axis.m_defaultStart, 10.0);
-    QCOMPARE(axis.m_defaultStop, 20.0);
-    QVERIFY(axis.m_unZoom.empty()); // another default range forgets the history
-    QVERIFY(axis.SetDeviceStop_ValuePath(stop.Path()));
-
-    Planted<Number> device("device");
-    QVERIFY(axis.SetDeviceStop_ValuePath(device.Path()));
-    axis.m_repairs = 0;
-    start->SetValue(11.0, nullptr); // a new start alone changes neither
-    QCOMPARE(axis.m_defaultStart, 10.0);
-    QCOMPARE(axis.m_deviceStart, 10.0);
-    QCOMPARE(axis.m_repairs, 1);
-    stop->SetValue(21.0, nullptr); // the stop takes both over
-    QCOMPARE(axis.m_defaultStart, 11.0);
-    QCOMPARE(axis.m_defaultStop, 21.0);
-    QCOMPARE(axis.m_deviceStart, 10.0);
-    QCOMPARE(axis.m_deviceStop, 0.0);
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    device->SetValue(30.0, nullptr);
-    QCOMPARE(axis.m_deviceStart, 11.0);
-    QCOMPARE(axis.m_deviceStop, 30.0);
-    QVERIFY(!axis.m_unZoom.empty());
-    QCOMPARE(axis.m_repairs, 1); // and neither repairs
-}
-
-void tst_axisbase_binding::stopOfANamedRangeAlone()
-{
-    Planted<Number> stop("stop");
-    AxisProbe axis;
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    QVERIFY(axis.SetDefaultStop_ValuePath(stop.Path()));
-    stop->SetValue(3.0, nullptr);
-    QVERIFY(!axis.SetDefaultStop_ValuePath(QString()) && axis.SetDeviceStop_ValuePath(stop.Path()));
-    stop->SetValue(4.0, nullptr);
-    for (double const unset : { axis.m_defaultStart, axis.m_defaultStop, axis.m_deviceStart, axis.m_deviceStop })
-        QCOMPARE(unset, -1.0);
-    QVERIFY(!axis.m_unZoom.empty());
-    QCOMPARE(axis.m_repairs, 0);
-}
-
-void tst_axisbase_binding::onlyRepairs_data()
-{
-    QTest::addColumn<Binding>("binding");
-    QTest::newRow("half width") << HalfWidth;
-    QTest::newRow("default start") << DefaultStart;
-    QTest::newRow("device start") << DeviceStart;
-    QTest::newRow("auto scale") << AutoScale;
-}
-
-void tst_axisbase_binding::onlyRepairs()
-{
-    QFETCH(Binding, binding);
-    Planted<Number> number("number");
-    Planted<Value<bool>> flag("flag");
-    AxisProbe axis;
-    axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-    axis.m_pPixmap = std::make_unique<QPixmap>(1, 1);
-    QVERIFY(binding.bind(axis, number.Path()) || binding.bind(axis, flag.Path()));
-    axis.m_repairs = axis.m_calculations = 0;
-    axis.SetMustRecalcRulers(false);
-    number->SetValue(4.0, nullptr);
-    flag->SetValue(true, nullptr);
-    QCOMPARE(axis.m_repairs, 1);
-    QVERIFY(axis.GetMustRecalcRulers());
-    QCOMPARE(axis.m_calculations, 0);
-    QVERIFY(axis.m_pPixmap && !axis.m_unZoom.empty());
-    QCOMPARE(axis.m_start, 0.0);
-    QCOMPARE(axis.m_defaultStart, -1.0);
-    QCOMPARE(axis.m_deviceStart, -1.0);
-}
-
-void tst_axisbase_binding::firstLineWins_data()
-{
-    QTest::addColumn<Binding>("first");
-    QTest::addColumn<Binding>("other");
-    QTest::newRow("start, stop") << Start << Stop;
-    QTest::newRow("stop, centre") << Stop << Center;
-    QTest::newRow("start, speed") << Start << PixPerSecond;
-    QTest::newRow("centre, speed") << Center << PixPerSecond;
-    QTest::newRow("centre, offset") << Center << Offset;
-    QTest::newRow("centre, device stop") << Center << DeviceStop;
-    QTest::newRow("centre, default stop") << Center << DefaultStop;
-    QTest::newRow("speed, offset") << PixPerSecond << Offset;
-    QTest::newRow("speed, device stop") << PixPerSecond << DeviceStop;
-    QTest::newRow("offset, default stop") << Offset << DefaultStop;
-    QTest::newRow("default stop, device stop") << DefaultStop << DeviceStop;
-    QTest::newRow("stop, half width") << Stop << HalfWidth;
-    QTest::newRow("device stop, device start") << DeviceStop << DeviceStart;
-    QTest::newRow("default stop, force rebuild") << DefaultStop << ForceRebuild<0>();
-    QTest::newRow("start, default start") << Start << DefaultStart;
-}
-
-//! What a new value of two fields leaves is what it leaves of the first alone.
-void tst_axisbase_binding::firstLineWins()
-{
-    QFETCH(Binding, first);
-    QFETCH(Binding, other);
-    auto const outcome = [&](QList<Binding> const & bindings) {
-        Planted<Number> number("number");
-        AxisProbe axis(AxisBase::AxisVertical); // on which speed and offset move nothing
-        for (Binding const & binding : bindings)
-            if (!binding.bind(axis, number.Path()))
-                return QStringLiteral("not bound");
-        axis.m_pDefaultStart = axis.m_pDeviceStart = number.Get();
-        axis.m_unZoom.emplace_back(1.0, 2.0, 3.0);
-        axis.m_start = axis.m_stop = axis.m_offset = axis.m_pixPerSecond = 1.0;
-        axis.m_defaultStop = axis.m_deviceStop = 1.0;
-        axis.m_repairs = 0;
-        number->SetValue(7.0, nullptr);
-        return QStringLiteral("start %1 stop %2 speed %3 offset %4 default %5 device %6 history %7 repairs %8")
-            .arg(axis.m_start)
-            .arg(axis.m_stop)
-            .arg(axis.m_pixPerSecond)
-            .arg(axis.m_offset)
-            .arg(axis.m_defaultStop)
-            .arg(axis.m_deviceStop)
-            .arg(axis.m_unZoom.size())
-            .arg(axis.m_repairs);
-    };
-    QString const alone = outcome({ first });
-    QVERIFY(alone != QStringLiteral("not bound"));
-    QCOMPARE(outcome({ first, other }), alone);
-    QCOMPARE(outcome({ other, first }), alone);
-}
-
-void tst_axisbase_binding::unitBeforeShading()
-{
-    Planted<ValueSelection> both("both");
-    both->AddItems({ { QStringLiteral("a"), 0.0, 0 }, { QStringLiteral("b"), 0.0, 2 } });
-    AxisProbe axis;
-    QVERIFY(axis.SetShadingColor_ValuePath(both.Path()));
-    axis.m_pUnitSelection = both.Get();
-    axis.m_repairs = 0;
-    both->Select(2L, nullptr);
-    QCOMPARE(int(axis.GetShadingColor()), 0);
-    QCOMPARE(axis.m_repairs, 1);
-}
-
 void tst_axisbase_binding::scrollBar()
 {
     Planted<Number> number("number");
@@ -744,28 +257,6 @@ void tst_axisbase_binding::focusProxy()
     QVERIFY(!axis.focusProxy() && !buttons.first()->focusProxy());
 }
 
-void tst_axisbase_binding::otherSourcesAndCodes()
-{
-    Planted<Number> number("number");
-    AxisProbe axis;
-    QVERIFY(axis.SetStart_ValuePath(number.Path()));
-    Planted<Number> stranger("stranger");
-    axis.m_repairs = 0;
-    for (TChangeCode const code : { eRangeChanged, eItemsChanged, eInterimChanged }) {
-        axis.SetMustRecalcRulers(false);
-        axis.Update(number.Get(), code);
-        QVERIFY(axis.GetMustRecalcRulers());
-    }
-    axis.SetMustRecalcRulers(false);
-    axis.Update(stranger.Get(), eStateChanged);
-    QVERIFY(axis.GetMustRecalcRulers());
-    QCOMPARE(axis.m_repairs, 0);
-    axis.Update(stranger.Get(), eValueChanged);
-    QCOMPARE(axis.m_repairs, 1);
-    axis.Update(nullptr, eValueChanged); // the empty fields hold no null
-    QCOMPARE(axis.m_repairs, 2);
-}
-
 void tst_axisbase_binding::stateThatStays()
 {
     Planted<Number> number("number");
@@ -779,105 +270,20 @@ void tst_axisbase_binding::stateThatStays()
     QCOMPARE(axis.m_start, 5.0);
 }
 
-void tst_axisbase_binding::forwardedToAPaneThatEnded()
+void tst_axisbase_binding::departedValueThatLivesOn()
 {
     Planted<Number> number("number");
-    AxisProbe axis;
-    auto pane = std::make_unique<Pane>();
-    axis.SetPrimaryVMappingDrawPane(pane.get());
-    QVERIFY(axis.m_pPrimaryVMappingDrawPane == pane.get());
-    QVERIFY(axis.SetStart_ValuePath(number.Path()));
-    pane.reset();
+    CodeProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(number.Path()) && axis.SetForceRebuild_ValuePath(number.Path(), 2));
+    number->SetState(eStateGoingAway, nullptr);
+    QVERIFY(!axis.m_pStart && !axis.m_forceRebuild[2]); // all fields at once
+    QCOMPARE(number->GetObserverCount(), 0);
+    axis.m_codes.clear();
     number->SetValue(5.0, nullptr);
-    QCOMPARE(axis.m_start, 5.0);
-    axis.SetPrimaryVMappingDrawPane(nullptr);
-    number->SetValue(6.0, nullptr);
-    QCOMPARE(axis.m_start, 6.0);
-}
-
-//! An axis that is its own pane, and two that are each other's.
-void tst_axisbase_binding::forwardedInARing()
-{
-    Planted<Number> start("start");
-    AxisProbe axis;
-    AxisProbe other;
-    QVERIFY(axis.SetStart_ValuePath(start.Path()));
-    axis.SetPrimaryVMappingDrawPane(&axis);
-    start->SetValue(5.0, nullptr);
-    QCOMPARE(axis.m_start, 5.0);
-    QVERIFY(other.SetStart_ValuePath(start.Path()));
-    axis.SetPrimaryVMappingDrawPane(&other);
-    other.SetPrimaryVMappingDrawPane(&axis);
-    start->SetValue(6.0, nullptr);
-    QCOMPARE(axis.m_start, 6.0);
-    QCOMPARE(other.m_start, 6.0);
-    Pane pane;
-    axis.SetPrimaryVMappingDrawPane(&pane);
-    start->SetValue(7.0, nullptr);
-    start->SetValue(8.0, nullptr);
-    QCOMPARE(pane.m_heard.size(), std::size_t(4)); // each from the value and from the other axis
-}
-
-void tst_axisbase_binding::deletedWhileTold_data()
-{
-    QTest::addColumn<int>("when");
-    QTest::addColumn<bool>("value");
-    for (bool const value : { false, true }) {
-        char const * const what = value ? "value" : "axis";
-        QTest::addRow("the %s ends in redrawBars", what) << 0 << value;
-        QTest::addRow("the %s ends in signalRangeChanged", what) << 1 << value;
-        QTest::addRow("the %s ends in the pane", what) << 2 << value;
-        QTest::addRow("the %s ends in another observer", what) << 3 << value;
-    }
-}
-
-//! Whoever hears of a new start deletes the axis or the value.
-void tst_axisbase_binding::deletedWhileTold()
-{
-    QFETCH(int, when);
-    QFETCH(bool, value);
-    for (int road = 0; road < 5; ++road) {
-        Planted<Number> start("start");
-        Planted<Number> stop("stop");
-        stop->SetValue(9.0, nullptr);
-        auto * axis = new AxisProbe;
-        QPointer<AxisProbe> const watched(axis);
-        axis->AddMarker(eYellowX)->SetWrapAround(7);
-        QVERIFY(axis->SetStart_ValuePath(start.Path()) && axis->SetStop_ValuePath(stop.Path()));
-        auto const end = [&] {
-            if (value)
-                Tree::Instance()->Remove(start.Path());
-            else
-                delete watched.data();
-        };
-        Pane pane;
-        Pane observer;
-        if (when == 0)
-            connect(axis, &AxisBase::redrawBars, axis, end);
-        if (when == 1)
-            connect(axis, &AxisBase::signalRangeChanged, axis, end);
-        if (when == 2)
-            pane.m_then = end;
-        axis->SetPrimaryVMappingDrawPane(&pane);
-        if (when == 3) {
-            observer.m_then = end;
-            start->AddObserver(&observer);
-        }
-        QPointer<QObject> const life(axis);
-        if (road == 0)
-            start->SetValue(3.0, nullptr);
-        else if (road == 1)
-            axis->SetStartValue(3.0);
-        else if (road == 2)
-            axis->SetRange(3.0, 4.0);
-        else if (road == 3)
-            axis->SetStart_ValuePath(start.Path());
-        else
-            axis->setProperty("Start", 3.0);
-        if (value && life)
-            QVERIFY(axis->m_pStart == Tree::Instance()->FindAs<Number>(QStringLiteral("/axis/start")));
-        delete life.data();
-    }
+    QVERIFY(axis.m_codes.isEmpty());
+    QVERIFY(!axis.SetStart_ValuePath(number.Path())); // the told state lets go at once
+    QVERIFY(!axis.m_pStart && !number->HasObserver(&axis));
+    QCOMPARE(axis.m_defaultStart, 0.0); // of the first binding
 }
 
 void tst_axisbase_binding::endsQuietly()
