@@ -105,14 +105,28 @@ void ResortPopupMenu::slotSignalRouter(QAction * item)
         --m_telling;
 }
 
+void ResortPopupMenu::Open(QPoint const & position)
+{
+    QPointer<ResortPopupMenu> const self(this);
+    ++m_opening;
+    popup(position);
+    if (self)
+        --m_opening;
+}
+
 void ResortPopupMenu::showEvent(QShowEvent * event)
 {
+    QPointer<ResortPopupMenu> const self(this);
+    ++m_opening;
     auto const clients = m_clients; // a client may register another one
     for (auto const & entry : clients) {
         if (entry.expired())
             continue;
         IUpdateMenu * const client = *entry.lock(); // holds nothing alive while the client runs
         client->UpdateMenu(this);
+        if (!self)
+            return;
     }
+    --m_opening;
     QMenu::showEvent(event);
 }

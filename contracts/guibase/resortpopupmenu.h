@@ -6,6 +6,7 @@
 
 #include <QKeySequence>
 #include <QMenu>
+#include <QPoint>
 
 #include <memory>
 #include <vector>
@@ -51,9 +52,16 @@ public:
     //! is left out.
     void NotifyBeforeShow(IUpdateMenu * client);
 
-    //! Whether receivers are being told of a chosen item. Whoever is told deletes the menu by deleteLater(): Qt still
-    //! works on it.
-    bool IsTelling() const { return m_telling > 0; }
+    //! Shows the menu as popup() does, and is opening from the start.
+    //! \param position  on the screen, px.
+    void Open(QPoint const & position);
+
+    //! Whether the menu is about to be shown: by Open(), or while its clients update it.
+    bool IsOpening() const { return m_opening > 0; }
+
+    //! Whether the menu is opening, or receivers are being told of a chosen item. Whoever hears of it deletes the menu
+    //! by deleteLater(): Qt still works on it.
+    bool IsTelling() const { return m_telling > 0 || IsOpening(); }
 
 public Q_SLOTS:
     //! Hands a chosen item on: its receiver first, then signalActivated(). Null, foreign actions and the items of
@@ -71,6 +79,7 @@ protected:
 private:
     std::vector<std::weak_ptr<IUpdateMenu *>> m_clients; // borrowed, may die first
     int m_telling = 0;                                   // chosen items, one inside the other
+    int m_opening = 0;                                   // ways to show it, the same
 };
 
 #endif

@@ -28,13 +28,13 @@ constexpr int ResultPanelId = 4000; // the same
 
 constexpr int MarkerCount = eMouseMove + 1;
 
-//! Deletes a menu as soon as nobody is in it: one that is shown at its close, one that is telling of a chosen item
-//! when that is done.
+//! Deletes a menu as soon as nobody is in it: one that is shown, or about to be, at its close, one that is telling of a
+//! chosen item when that is done.
 void Retire(ResortPopupMenu * menu)
 {
     if (!menu)
         return;
-    if (menu->isVisible())
+    if (menu->isVisible() || menu->IsOpening())
         QObject::connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
     else if (menu->IsTelling())
         menu->deleteLater();
@@ -42,7 +42,7 @@ void Retire(ResortPopupMenu * menu)
         delete menu;
 }
 
-//! Lets a menu that is telling of a chosen item outlive the axis.
+//! Lets a menu that is opening or telling of a chosen item outlive the axis.
 void Outlive(ResortPopupMenu * menu)
 {
     if (!menu || !menu->IsTelling())

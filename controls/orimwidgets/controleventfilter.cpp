@@ -55,6 +55,6 @@ bool ControlEventFilter::OpenMenu(QContextMenuEvent const & event)
     if (open && open != menu && open->parent() == menu->parent())
         open->close();
     if (menu)
-        menu->popup(event.globalPos());
+        menu->Open(event.globalPos());
     return true;
 }

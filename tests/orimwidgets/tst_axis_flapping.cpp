@@ -243,7 +243,7 @@ void tst_axis_flapping::AddMarker()
     marker->SetParent(&m_list);
     m_watchers.push_back({ [marker] { return marker->Set_ValuePath(Path); },
                            [marker] { return marker->GetConnected(); }, [marker] { return marker->GetValue(); },
-                           &marker->m_heard, Only(eNumber) });
+                           &marker->m_heard, Only(eNumber) | Only(eWhole) });
 }
 
 void tst_axis_flapping::initTestCase()

@@ -3,12 +3,16 @@
 #include "menuprobe.h"
 
 #include "guibase.h"
+#include "iupdatemenu.h"
 #include "marker.h"
 #include "resortpopupmenu.h"
 #include "testmain.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QTranslator>
+
+#include <functional>
 
 namespace {
 
@@ -60,6 +64,8 @@ private Q_SLOTS:
     void axisEndsWhileItIsShown();
     void axisEndsWhileARetiredMenuTells();
     void singleMenuGoesWithTheAxis();
+    void endsWhileItOpens_data();
+    void endsWhileItOpens();
 
     // before it is shown
     void updatedBeforeItIsShown();
@@ -500,6 +506,62 @@ void tst_axisbase_menu::singleMenuGoesWithTheAxis()
         }
         QVERIFY(!menu);
     }
+}
+
+void tst_axisbase_menu::endsWhileItOpens_data()
+{
+    QTest::addColumn<bool>("byClient");
+    QTest::addColumn<bool>("rebuilt");
+    QTest::newRow("built anew as Qt tells of it") << false << true;
+    QTest::newRow("the axis ends as Qt tells of it") << false << false;
+    QTest::newRow("built anew by a client") << true << true;
+    QTest::newRow("the axis ends by a client") << true << false;
+}
+
+//! A menu that is built anew while it opens stays until it closes; one whose axis ends goes as soon as Qt is done.
+void tst_axisbase_menu::endsWhileItOpens()
+{
+    class Client : public IUpdateMenu
+    {
+    public:
+        std::function<void()> m_then;
+
+        void UpdateMenu(ResortPopupMenu * /*menu*/) override { m_then(); }
+    };
+
+    QFETCH(bool, byClient);
+    QFETCH(bool, rebuilt);
+    QPointer<MenuAxis> const axis(new MenuAxis);
+    axis->SetAxisZoomEnable(true, false);
+    axis->show();
+    QPointer<ResortPopupMenu> const menu(axis->GetContextMenu());
+    auto const then = [&] {
+        if (rebuilt)
+            axis->BuildMenu();
+        else
+            delete axis.data();
+    };
+    Client client;
+    client.m_then = then;
+    if (byClient)
+        menu->NotifyBeforeShow(&client);
+    else
+        connect(menu, &QMenu::aboutToShow, this, then);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), axis->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(axis, &event);
+    QVERIFY(menu);
+    QCOMPARE(!axis, !rebuilt);
+    QVERIFY(!menu->IsOpening());
+    if (rebuilt) {
+        DrainDeferredDeletes();
+        QVERIFY(menu && menu->isVisible());
+        QVERIFY(axis->GetContextMenu() != menu);
+        menu->close();
+    }
+    DrainDeferredDeletes();
+    QVERIFY(!menu);
+    QVERIFY(!QApplication::activePopupWidget());
+    delete axis.data();
 }
 
 // Before it is shown
