@@ -3,6 +3,7 @@
 #include "lineplayer.h"
 #include "markertools.h"
 #include "panetools.h"
+#include "rangetools.h"
 #include "resortpopupmenu.h"
 #include "sessiontools.h"
 #include "testmain.h"
@@ -15,27 +16,14 @@
 
 #include <cmath>
 
+using namespace RangeTools;
 using namespace SessionTools;
 using PaneTools::ToneSource;
 
 namespace {
 
-using Range = std::array<double, 2>;
-
 constexpr double BandStart = ToneSource::Centre - ToneSource::Rate / 2.0; // Hz
 constexpr double BandStop = ToneSource::Centre + ToneSource::Rate / 2.0;
-
-QUndoStack & Steps() { return *GuiBase::Instance().UndoStack(); }
-
-bool IsNear(double a, double b, double most) { return std::abs(a - b) <= most; }
-
-//! Whether a range lies at parts of another one, to within a pixel or two.
-bool LiesAt(Range const & range, Range const & whole, double first, double last)
-{
-    double const span = whole[1] - whole[0];
-    return IsNear(range[0], whole[0] + first * span, 0.01 * span) &&
-           IsNear(range[1], whole[0] + last * span, 0.01 * span);
-}
 
 void AddPlaces(bool levels)
 {
@@ -110,61 +98,22 @@ private Q_SLOTS:
 private:
     using Event = std::function<void(ConsoleWindow &)>;
 
-    static std::unique_ptr<ConsoleWindow> Window();
     static std::vector<Event> Session();
     ResortPopupMenu * MenuOf(Place place, double part = 0.4);
-    static bool PanesAgree(ConsoleWindow & window);
 
     std::unique_ptr<ConsoleWindow> m_window;
 };
 
-//! A window that shows some lines of a tone and stands still.
-std::unique_ptr<ConsoleWindow> tst_ConsoleSession::Window()
-{
-    auto window = std::make_unique<ConsoleWindow>(std::make_unique<LinePlayer>(std::make_unique<ToneSource>()),
-                                                  QStringLiteral("tone"));
-    ConsoleValues::Select(ConsolePaths::Bins, 256);
-    ConsoleValues::Set(ConsolePaths::LineRate, 100.0);
-    window->resize(1000, 700);
-    window->show();
-    window->activateWindow();
-    window->Start();
-    return window;
-}
-
 void tst_ConsoleSession::init()
 {
-    m_window = Window();
-    QTRY_VERIFY(m_window->Figures().painted > 3);
-    m_window->Player().Stop();
-    QTRY_COMPARE(m_window->Figures().taken, m_window->Figures().produced);
-    ConsoleValues::Set(ConsolePaths::LevelMin, -120.0);
-    ConsoleValues::Set(ConsolePaths::LevelMax, 0.0);
-    Steps().clear();
+    m_window = StandingWindow();
+    QVERIFY(m_window);
 }
 
 void tst_ConsoleSession::cleanup()
 {
     m_window.reset();
     Steps().clear();
-}
-
-//! All panes and scales show what the values hold.
-bool tst_ConsoleSession::PanesAgree(ConsoleWindow & window)
-{
-    window.grab();
-    bool agree = true;
-    for (Place const place : { eSpectrum, eWaterfall }) {
-        RangePane & pane = PaneOf(window, place);
-        Range const frequencies = RangeOf(eSpectrum);
-        Range const levels = RangeOf(eLevelScale);
-        agree = agree && pane.GetFrequencyRange().start == frequencies[0] &&
-                pane.GetFrequencyRange().span == frequencies[1] - frequencies[0] &&
-                pane.GetFrequencyAxis().Start() == frequencies[0] && pane.GetFrequencyAxis().Stop() == frequencies[1] &&
-                pane.GetLevelMin() == levels[0] && pane.GetLevelMax() == levels[1] &&
-                pane.GetLevelScale().Start() == levels[0] && pane.GetLevelScale().Stop() == levels[1];
-    }
-    return agree && IsNear(ConsoleValues::Get(ConsolePaths::Span), RangeOf(eSpectrum)[1] - RangeOf(eSpectrum)[0], 1e-6);
 }
 
 void tst_ConsoleSession::dragZooms()
@@ -769,7 +718,7 @@ void tst_ConsoleSession::windowGoneAfterAnyEvent()
     std::vector<Event> const events = Session();
     int gone = 0;
     for (std::size_t last = 0; last < events.size(); last += 10) {
-        auto window = Window();
+        auto window = ToneWindow();
         QTRY_VERIFY(window->Figures().painted > 0);
         for (std::size_t number = 0; number <= last; ++number)
             events[number](*window);
