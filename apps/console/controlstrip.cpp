@@ -11,7 +11,9 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 namespace {
@@ -51,6 +53,26 @@ double ReadNumber(QDoubleSpinBox const * box, IValueNumeric const * value, doubl
     return box->value() * unit;
 }
 
+//! Leaves the keys of undo to the window, but for text that has been typed and is not yet a number.
+class NumberBox : public QDoubleSpinBox
+{
+public:
+    explicit NumberBox(QWidget * parent) : QDoubleSpinBox(parent)
+    {
+        connect(this, &QDoubleSpinBox::editingFinished, lineEdit(), [this] { lineEdit()->setModified(false); });
+    }
+
+    bool event(QEvent * event) override
+    {
+        bool const isOverride = event->type() == QEvent::ShortcutOverride && !lineEdit()->isModified();
+        auto * const key = isOverride ? static_cast<QKeyEvent *>(event) : nullptr;
+        if (!key || !(key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)))
+            return QDoubleSpinBox::event(event);
+        event->ignore();
+        return false;
+    }
+};
+
 } // namespace
 
 ControlStrip::ControlStrip(QWidget * parent) : QWidget(parent), m_pLayout(new FlowLayout(this))
@@ -83,7 +105,7 @@ QComboBox * ControlStrip::AddSelection(QString const & name, QString const & lab
 QDoubleSpinBox * ControlStrip::AddNumber(QString const & name, QString const & label, QString const & path,
                                          NumberForm const & form)
 {
-    auto * const box = new QDoubleSpinBox(this);
+    auto * const box = new NumberBox(this);
     box->setObjectName(name);
     box->setLocale(QLocale::c());
     box->setDecimals(form.decimals);
