@@ -459,9 +459,14 @@ void RangePane::focusInEvent(QFocusEvent * event)
 
 void RangePane::focusOutEvent(QFocusEvent * event)
 {
+    LifeWatch const life(GetObserverLifetime());
     m_windowHand.LetGo();
-    m_hand.LetGo();
-    m_pFrequencyAxis->DropDrag();
+    if (!life.IsOver())
+        m_hand.LetGo();
+    if (!life.IsOver())
+        m_pFrequencyAxis->DropDrag();
+    if (life.IsOver())
+        return;
     MarkerList::focusOutEvent(event);
     update();
 }

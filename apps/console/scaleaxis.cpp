@@ -327,14 +327,20 @@ void ScaleAxis::focusInEvent(QFocusEvent * event)
 
 void ScaleAxis::focusOutEvent(QFocusEvent * event)
 {
+    LifeWatch const life(GetObserverLifetime());
     m_hand.LetGo();
-    DropDrag();
+    if (!life.IsOver())
+        DropDrag();
+    if (life.IsOver())
+        return;
     AxisBase::focusOutEvent(event);
     update();
 }
 
 void ScaleAxis::hideEvent(QHideEvent * event)
 {
+    LifeWatch const life(GetObserverLifetime());
     DropDrag();
-    AxisBase::hideEvent(event);
+    if (!life.IsOver())
+        AxisBase::hideEvent(event);
 }

@@ -62,7 +62,13 @@ public:
     bool ZoomToBest() override;
     void ZoomToDevice() override;
     bool ZoomToBegin() override;
+    //! Passes over ranges that are shown already, as after undo.
     void UnZoom() override;
+    void UpdateMenu(ResortPopupMenu * menu) override;
+
+    //! Least width of a range, axis units: a narrower one that is zoomed to becomes as wide around its middle, within
+    //! the limits of the values. 0, as at the start, for none.
+    void SetLeastSpan(double span) { m_leastSpan = span; }
 
     //! Lets axes that show one range go back together: the ranges that one of them can go back to are those of all.
     static void ShareUnZoom(std::vector<ScaleAxis *> const & axes);
@@ -146,6 +152,7 @@ private:
     void TakeOffsets();
 
     bool ChangeRange(std::function<bool()> const & change);
+    void PassOverShownRanges();
     void ShowNextRange(QMouseEvent * event);
     void ZoomBy(double factor);
     void PanBy(double part, bool isRepeat);
@@ -163,6 +170,7 @@ private:
     MarkerHand m_hand;
     int m_first = 0; // px, of the picture beside
     int m_length = 0;
+    double m_leastSpan = 0.0;                    // axis units
     RangeStep::Range m_before{ 0.0, 0.0 };       // the drag
     std::vector<QPointer<ScaleAxis>> m_partners; // show the same range
 };

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -25,6 +26,8 @@ constexpr double BandOpacity = 0.6; // of what covers the part beside a band
 constexpr double ShadeOpacity = 0.15;
 constexpr double ZoomStep = 0.5; // range after a key by the range before
 constexpr double PanStep = 0.1;  // part of the range that a key moves it by
+constexpr double SameFactor = 1e-9;
+constexpr std::size_t MostRanges = 1000; // to go back to; the first one stays, for Home
 
 constexpr double Lowest = std::numeric_limits<double>::lowest();
 constexpr double Highest = std::numeric_limits<double>::max();
@@ -51,6 +54,8 @@ bool ScaleAxis::ChangeRange(std::function<bool()> const & change)
     bool const isApplied = change();
     if (life.IsOver())
         return false;
+    while (m_unZoom.size() > MostRanges)
+        m_unZoom.erase(m_unZoom.begin() + 1);
     for (QPointer<ScaleAxis> const & partner : m_partners) {
         if (partner)
             partner->m_unZoom = m_unZoom;
@@ -60,6 +65,15 @@ bool ScaleAxis::ChangeRange(std::function<bool()> const & change)
 
 bool ScaleAxis::SetZoomedRange(double start, double stop, bool record)
 {
+    if (start > stop)
+        std::swap(start, stop);
+    if (stop - start < m_leastSpan) {
+        double const low = m_pStart ? m_pStart->GetNumericMin() : Lowest;
+        double const high = m_pStop ? m_pStop->GetNumericMax() : Highest;
+        double const middle = start + (stop - start) / 2.0;
+        start = std::max(std::min(middle - m_leastSpan / 2.0, high - m_leastSpan), low);
+        stop = start + m_leastSpan;
+    }
     return ChangeRange([=] { return AxisBase::SetZoomedRange(start, stop, record); });
 }
 
@@ -97,9 +111,23 @@ bool ScaleAxis::ZoomToBegin()
 void ScaleAxis::UnZoom()
 {
     ChangeRange([this] {
+        PassOverShownRanges();
         AxisBase::UnZoom();
         return true;
     });
+}
+
+void ScaleAxis::UpdateMenu(ResortPopupMenu * menu)
+{
+    PassOverShownRanges();
+    AxisBase::UpdateMenu(menu);
+}
+
+//! Undo goes back without the history, which then ends with what is shown.
+void ScaleAxis::PassOverShownRanges()
+{
+    while (!m_unZoom.empty() && m_unZoom.back().start == m_start && m_unZoom.back().stop == m_stop)
+        ZoomHistory::Pop(m_unZoom);
 }
 
 //! Levels go from what shows the signal to all levels and back, frequencies from the default range to all.
@@ -122,6 +150,11 @@ void ScaleAxis::ShowNextRange(QMouseEvent * event)
 
 void ScaleAxis::ZoomBy(double factor)
 {
+    double const span = m_stop - m_start;
+    if (factor < 1.0 && span > 0.0)
+        factor = std::max(factor, m_leastSpan / span); // what stands at the marker stays there
+    if (std::abs(factor - 1.0) < SameFactor)
+        return;
     int const current = GetCurrentMarker();
     double const marker = GetMarkerValue(current);
     bool const isAtMarker = GetShowMarker(current) && marker > m_start && marker < m_stop;
@@ -286,7 +319,8 @@ void ScaleAxis::EndDrag(QMouseEvent const * event)
         return;
     if (isPan)
         PushRange(m_before, { m_start, m_stop }, false);
-    Q_EMIT signalBand();
+    if (!life.IsOver())
+        Q_EMIT signalBand();
 }
 
 void ScaleAxis::DropDrag()
@@ -295,11 +329,13 @@ void ScaleAxis::DropDrag()
         return;
     bool const isPan = m_mouseMode == MousePan;
     m_mouseMode = MouseIdle;
-    setCursor(Qt::ArrowCursor);
+    LifeWatch const life(GetObserverLifetime());
     update();
-    if (isPan)
+    setCursor(Qt::ArrowCursor);
+    if (!life.IsOver() && isPan)
         PushRange(m_before, { m_start, m_stop }, false);
-    Q_EMIT signalBand();
+    if (!life.IsOver())
+        Q_EMIT signalBand();
 }
 
 bool ScaleAxis::CancelDrag()
@@ -308,7 +344,10 @@ bool ScaleAxis::CancelDrag()
         return false;
     if (m_mouseMode == MousePan) {
         LifeWatch const life(GetObserverLifetime());
-        SetRange(m_before.start, m_before.stop);
+        if (m_pStart && m_pStop) // neither end may hold the other one back
+            RangeStep(RangeText(), m_pStart->GetPathName(), m_pStop->GetPathName(), m_before, m_before, false).undo();
+        else
+            SetRange(m_before.start, m_before.stop);
         if (life.IsOver())
             return true;
     }
@@ -343,7 +382,8 @@ bool ScaleAxis::TakeKey(QKeyEvent const * event)
         ZoomBy(1.0 / ZoomStep);
         return true;
     case Qt::Key_Backspace:
-        UnZoom();
+        if (IsUnZoomAvailable())
+            UnZoom();
         return true;
     case Qt::Key_Home: {
         QMouseEvent twice(QEvent::MouseButtonDblClick, QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton,
