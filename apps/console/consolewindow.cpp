@@ -26,6 +26,7 @@
 #include <QSplitter>
 #include <QTimerEvent>
 #include <QToolButton>
+#include <QUndoStack>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -165,6 +166,7 @@ void ConsoleWindow::BindPanes()
         frequencies.SetDeviceStop_ValuePath(QLatin1String(ConsolePaths::DeviceStop));
         ScaleAxis & levels = pane->GetLevelScale();
         levels.SetDefaultRange(LevelFloor, FullScale);
+        levels.SetLeastSpan(ConsoleValues::LeastLevelSpan);
         connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
         pane->BindResults();
     }
@@ -190,6 +192,11 @@ void ConsoleWindow::FollowValues()
     });
     follow(ConsolePaths::Gradient,
            [] { LevelGradients::Choose(static_cast<int>(ConsoleValues::GetKey(ConsolePaths::Gradient))); });
+    follow(ConsolePaths::Span, [this] {
+        double const least = m_values.GetBand().span / ConsoleValues::MostZoom;
+        m_pSpectrum->GetFrequencyAxis().SetLeastSpan(least);
+        m_pWaterfall->GetFrequencyAxis().SetLeastSpan(least);
+    });
 }
 
 void ConsoleWindow::FindDirections(std::vector<SimulatedEmitter> emitters, quint64 seed)
@@ -225,11 +232,24 @@ ConsoleFigures ConsoleWindow::Figures() const
 void ConsoleWindow::FollowBand(SpectrumLine const & line)
 {
     FrequencyRange const band{ line.centre - line.span / 2.0, line.span };
-    if (band == m_values.GetBand())
+    FrequencyRange const former = m_values.GetBand();
+    if (band == former)
         return;
+    if (band.start >= former.start + former.span || former.start >= band.start + band.span)
+        ForgetRanges();
     m_values.SetBand(band);
     double const step = line.span / static_cast<double>(std::max<std::size_t>(1, line.levels.size()));
     m_pStatus->SetFrequency(tr("Centre %1").arg(NumberTexts::FrequencyWithUnit(line.centre, std::max(1.0, step))));
+}
+
+//! Ranges and steps of undo that speak of frequencies which are no longer shown would end at an edge of the new band.
+void ConsoleWindow::ForgetRanges()
+{
+    for (RangePane * const pane : { static_cast<RangePane *>(m_pSpectrum), static_cast<RangePane *>(m_pWaterfall) }) {
+        pane->GetFrequencyAxis().DropDrag();
+        pane->GetFrequencyAxis().ClearUnZoom();
+    }
+    GuiBase::Instance().UndoStack()->clear();
 }
 
 void ConsoleWindow::slotLines()

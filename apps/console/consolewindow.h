@@ -77,6 +77,7 @@ private:
     void BindPanes();
     void FollowValues();
     void FollowBand(SpectrumLine const & line);
+    void ForgetRanges();
     void slotLines();
     void slotColorsChanged();
     void slotPlay(bool play);

@@ -48,6 +48,9 @@ void RangeStep::Write(Range range) const
             value->SetValue(number, nullptr);
     };
     auto const * const start = tree->FindAs<ValueNumeric<double>>(m_startPath);
+    auto const * const stop = tree->FindAs<ValueNumeric<double>>(m_stopPath);
+    if (start && stop && (range.stop <= start->GetMin() || range.start >= stop->GetMax()))
+        return;
     bool const upward = start && range.start > start->GetValue();
     if (upward)
         set(m_stopPath, range.stop);

@@ -5,7 +5,8 @@
 #include <QString>
 #include <QUndoCommand>
 
-//! Step of undo that moves a range held by two values of the tree. It is for what moves the range many times, such as
+//! Step of undo that moves a range held by two values of the tree; a range that lies wholly beyond their limits is left
+//! alone, since all that they could show of it is an edge. It is for what moves the range many times, such as
 //! a drag: the step is pushed at the end, so that nothing that live data changed meanwhile is taken back with it.
 class RangeStep : public QUndoCommand
 {

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void repeatsBecomeOneStep_data();
     void repeatsBecomeOneStep();
     void valuesThatHaveGoneAreLeftOut();
+    void rangesBeyondTheLimitsAreLeftAlone_data();
+    void rangesBeyondTheLimitsAreLeftAlone();
 
 private:
     void Push(RangeStep::Range before, RangeStep::Range after, bool isRepeat = false,
@@ -162,6 +164,28 @@ void tst_RangeStep::valuesThatHaveGoneAreLeftOut()
     QCOMPARE(End("stop")->GetValue(), 20.0);
     Tree::Instance()->Remove(QStringLiteral("/test/stop"));
     m_stack.redo();
+}
+
+void tst_RangeStep::rangesBeyondTheLimitsAreLeftAlone_data()
+{
+    QTest::addColumn<double>("start"); // of the range, which is 10 wide
+    QTest::addColumn<double>("shown");
+    QTest::newRow("above") << 150.0 << 50.0;
+    QTest::newRow("from the upper limit on") << 100.0 << 50.0;
+    QTest::newRow("below") << -50.0 << 50.0;
+    QTest::newRow("up to the lower limit") << -10.0 << 50.0;
+    QTest::newRow("over the upper limit") << 95.0 << 95.0;
+    QTest::newRow("over the lower limit") << -5.0 << 0.0;
+}
+
+void tst_RangeStep::rangesBeyondTheLimitsAreLeftAlone()
+{
+    QFETCH(double, start);
+    Push({ start, start + 10.0 }, { 50.0, 60.0 });
+    for (char const * const name : { "start", "stop" })
+        End(name)->SetMinMax(0.0, 100.0, 0.0, nullptr);
+    m_stack.undo();
+    QTEST(End("start")->GetValue(), "shown");
 }
 
 ORIM_TEST_MAIN(tst_RangeStep)
