@@ -26,8 +26,13 @@ double Error(quint64 seed, quint64 number)
     return SeedMix::Part(seed, 2 * number) - SeedMix::Part(seed, 2 * number + 1);
 }
 
+//! Of the levels that are finite; 0 for none.
 double Median(std::vector<double> levels)
 {
+    levels.erase(std::remove_if(levels.begin(), levels.end(), [](double level) { return !std::isfinite(level); }),
+                 levels.end());
+    if (levels.empty())
+        return 0.0;
     auto const middle = levels.begin() + static_cast<std::ptrdiff_t>(levels.size() / 2);
     std::nth_element(levels.begin(), middle, levels.end());
     return *middle;

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void resultsRiseInFrequency();
     void lineWithoutAWidthHasNone_data();
     void lineWithoutAWidthHasNone();
+    void levelsWithoutANumberAreLeftOut_data();
+    void levelsWithoutANumberAreLeftOut();
     void emitterOutsideTheLineIsNotFound();
     void wideOneIsFoundAtItsPeak();
     void narrowOneKeepsItsBins();
@@ -160,6 +162,36 @@ void tst_DirectionFinder::lineWithoutAWidthHasNone()
     line.span = span;
     line.levels.resize(static_cast<std::size_t>(bins));
     QVERIFY(FinderOf({ Emitter(QStringLiteral("A"), 300e3) }).Measure(line).empty());
+}
+
+void tst_DirectionFinder::levelsWithoutANumberAreLeftOut_data()
+{
+    QTest::addColumn<double>("level");
+    QTest::addColumn<int>("others"); // of the bins without the emitter's, so many hold the level
+    QTest::addColumn<int>("count");
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    double const infinite = std::numeric_limits<double>::infinity();
+    QTest::newRow("no number in most") << nan << Bins - 10 << 1;
+    QTest::newRow("endless in most") << infinite << Bins - 10 << 1;
+    QTest::newRow("endless below 0 in most") << -infinite << Bins - 10 << 1;
+    QTest::newRow("no number in all") << nan << Bins << 0;
+    QTest::newRow("endless in all") << infinite << Bins << 0;
+    QTest::newRow("endless below 0 in all") << -infinite << Bins << 0;
+}
+
+void tst_DirectionFinder::levelsWithoutANumberAreLeftOut()
+{
+    QFETCH(double, level);
+    QFETCH(int, others);
+    QFETCH(int, count);
+    SpectrumLine line = Quiet();
+    std::fill_n(line.levels.begin(), others, level);
+    if (others < Bins)
+        line.levels[995] = Noise + DirectionFinder::Threshold; // the noise is that of the finite ones
+    DirectionFinder const finder = FinderOf({ Emitter(QStringLiteral("A"), 995e3, 8e3) });
+    QCOMPARE(finder.Measure(line).size(), static_cast<std::size_t>(count));
+    line.levels[995] -= 0.1;
+    QVERIFY(finder.Measure(line).empty());
 }
 
 void tst_DirectionFinder::emitterOutsideTheLineIsNotFound()
