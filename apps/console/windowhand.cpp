@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "windowhand.h"
 
+#include "markerhand.h"
 #include "markerlist.h"
 #include "qtcompat.h"
 #include "undorecording.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -56,23 +58,37 @@ void WindowHand::Hold(int window, Part part)
     m_before = WindowValues::RangeOf(window);
 }
 
+//! A window so narrow that its borders reach all of it is taken as a whole in its middle third.
+WindowHand::Part WindowHand::PartAt(int window, int border, int pixel) const
+{
+    FrequencyRange const range = WindowValues::RangeOf(window);
+    double const inside = range.span > 0.0 ? (HertzAt(pixel) - range.start) / range.span : 0.0;
+    bool const isNarrow = range.span < 3 * MarkerHand::Reach * HertzAPixel();
+    if (border < 0 || (isNarrow && inside > 1.0 / 3.0 && inside < 2.0 / 3.0))
+        return eWhole;
+    double const place = m_list.GetMarkerValue(border);
+    return place - range.start <= range.start + range.span - place ? eLower : eUpper;
+}
+
 bool WindowHand::Press(QMouseEvent const * event, int marker)
 {
     if (event->button() != Qt::LeftButton)
         return false;
+    LifeWatch const life(m_list.GetObserverLifetime());
     LetGo();
+    if (life.IsOver())
+        return true;
     QPoint const at = Position(event).toPoint();
     int const border = WindowOf(marker);
     int const window = border >= 0 ? border : Under(at);
     if (window < 0 || (border < 0 && marker >= 0)) {
         WindowValues::Focus(-1);
-        return false;
+        return life.IsOver();
     }
     WindowValues::Focus(window);
-    double const place = m_list.GetMarkerValue(marker);
-    FrequencyRange const range = WindowValues::RangeOf(window);
-    bool const isLower = place - range.start <= range.start + range.span - place;
-    Hold(window, border < 0 ? eWhole : isLower ? eLower : eUpper);
+    if (life.IsOver())
+        return true;
+    Hold(window, PartAt(window, border < 0 ? -1 : marker, at.x()));
     m_byMouse = true;
     m_grip = HertzAt(at.x());
     return true;
@@ -83,8 +99,9 @@ bool WindowHand::Move(QMouseEvent const * event)
     if (m_held < 0 || !m_byMouse)
         return false;
     if (!WindowValues::IsVisible(m_held)) { // hidden meanwhile
+        LifeWatch const life(m_list.GetObserverLifetime());
         LetGo();
-        return false;
+        return life.IsOver();
     }
     MoveTo(HertzAt(Position(event).toPoint().x()) - m_grip);
     return true;
@@ -128,23 +145,25 @@ void WindowHand::LetGo()
     FrequencyRange const now = WindowValues::RangeOf(window);
     if (window < 0 || now == m_before)
         return;
+    LifeWatch const life(m_list.GetObserverLifetime());
     WindowValues::SetRange(window, m_before);
+    if (life.IsOver())
+        return;
     GuiUndoRecordingHelper const step(&m_list, MoveText(window));
     WindowValues::SetRange(window, now);
 }
 
-void WindowHand::Cancel()
-{
-    WindowValues::SetRange(m_held, m_before);
-    LetGo();
-}
+//! It went back before it is let go: that is no step.
+void WindowHand::Cancel() { WindowValues::SetRange(std::exchange(m_held, -1), m_before); }
 
 bool WindowHand::Choose(int window)
 {
     if (!WindowValues::IsVisible(window))
         return false;
+    LifeWatch const life(m_list.GetObserverLifetime());
     LetGo();
-    WindowValues::Focus(window);
+    if (!life.IsOver())
+        WindowValues::Focus(window);
     return true;
 }
 
@@ -171,10 +190,11 @@ bool WindowHand::KeyPress(QKeyEvent const * event)
         return Choose(WindowValues::Next((event->modifiers() & Qt::ShiftModifier) == 0));
     if (focused < 0)
         return false;
+    LifeWatch const life(m_list.GetObserverLifetime());
     if (key == Qt::Key_M || key == Qt::Key_Escape) {
         LetGo();
         WindowValues::Focus(-1);
-        return key == Qt::Key_Escape; // M goes on to a marker
+        return life.IsOver() || key == Qt::Key_Escape; // M goes on to a marker
     }
     if (key == Qt::Key_Delete) {
         LetGo();
@@ -193,14 +213,18 @@ bool WindowHand::Step(QKeyEvent const * event)
     int const focused = WindowValues::Focused();
     Part const part = (event->modifiers() & Qt::ShiftModifier) ? eUpper : eWhole;
     FrequencyRange const before = m_held == focused ? m_before : WindowValues::RangeOf(focused);
+    LifeWatch const life(m_list.GetObserverLifetime());
     if (m_held != focused)
         LetGo();
+    if (life.IsOver())
+        return true;
     Hold(focused, part); // each step goes on from the one before
     m_byMouse = false;
     m_key = key;
     int const pixels = (event->modifiers() & Qt::AltModifier) ? FastSteps : 1;
     MoveTo((key == Qt::Key_Right ? pixels : -pixels) * HertzAPixel());
-    m_before = before; // and all are one
+    if (!life.IsOver())
+        m_before = before; // and all are one
     return true;
 }
 

@@ -13,9 +13,10 @@ class QKeyEvent;
 class QMouseEvent;
 
 //! The operator's hand on the windows of a pane. The mouse takes a window by its inside and moves it, by a border and
-//! resizes it. Keys: 1 to 5 choose a window, F6 the next one, with Shift the one before; while one has the focus the
-//! left and right arrows move it by a pixel, with Shift they move its upper border, with Alt by ten; Delete hides it,
-//! Escape takes a drag back or leaves the window. Letting go makes it one step of undo.
+//! resizes it; a narrow one can be moved by its middle third. Keys: 1 to 5 choose a window, F6 the next one, with Shift
+//! the one before; while one has the focus the left and right arrows move it by a pixel, with Shift they move its upper
+//! border, with Alt by ten; Delete hides it, Escape takes a drag back or leaves the window. Letting go makes it one
+//! step of undo.
 class WindowHand
 {
 public:
@@ -44,8 +45,8 @@ public:
     //! Index of the window that is held, by the mouse or by a key; -1 for none.
     int Held() const { return m_held; }
 
-    //! Each tells whether the event was for a window.
-    //! \param marker  the one that can be taken there; -1 for none. One that is no border comes before a window.
+    //! Each tells whether the event was for a window, or the list has ended over it: whoever hears of a step may end
+    //! it. \param marker  the one that can be taken there; -1 for none. One that is no border comes before a window.
     bool Press(QMouseEvent const * event, int marker);
     bool Move(QMouseEvent const * event);
     bool Release(QMouseEvent const * event);
@@ -53,6 +54,8 @@ public:
     bool KeyRelease(QKeyEvent const * event);
     //! Lets go of what is held: what it became is one step of undo.
     void LetGo();
+    //! Hides a window, as one step of undo.
+    static void Hide(int window);
 
 private:
     enum Part
@@ -62,12 +65,12 @@ private:
         eUpper
     };
 
+    Part PartAt(int window, int border, int pixel) const;
     void Hold(int window, Part part);
     void MoveTo(double hertz);
     void Cancel();
     bool Choose(int window);
     bool Step(QKeyEvent const * event);
-    static void Hide(int window);
     double HertzAt(int pixel) const;
     double HertzAPixel() const;
 

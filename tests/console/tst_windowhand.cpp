@@ -9,6 +9,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <functional>
+#include <map>
+#include <utility>
+
 using namespace MarkerTools;
 
 class tst_WindowHand : public QObject
@@ -27,6 +31,10 @@ private Q_SLOTS:
     void dragMovesAWindow();
     void dragOfABorderResizes_data();
     void dragOfABorderResizes();
+    void narrowWindowIsMovedByItsMiddle_data();
+    void narrowWindowIsMovedByItsMiddle();
+    void endsWithItsList_data();
+    void endsWithItsList();
     void dragIsOneStepOfUndo();
     void dragWithoutAMoveIsNoStep();
     void clickBesideLeavesTheWindow();
@@ -63,6 +71,28 @@ private:
 namespace {
 
 FrequencyRange Range(double start, double span) { return { start, span }; }
+
+//! Tells once of the first change of a window.
+class FirstChange : public IObserver
+{
+public:
+    FirstChange(int window, std::function<void()> changed) : m_changed(std::move(changed))
+    {
+        for (int item = 0; item < WindowValues::eItemCount; ++item)
+            Tree::Instance()
+                ->Find(WindowValues::PathOf(window, static_cast<WindowValues::Item>(item)))
+                ->AddObserver(this);
+    }
+
+    void Update(Observable *, TChangeCode) override
+    {
+        if (auto const changed = std::exchange(m_changed, nullptr))
+            changed();
+    }
+
+private:
+    std::function<void()> m_changed;
+};
 
 } // namespace
 
@@ -228,6 +258,107 @@ void tst_WindowHand::dragOfABorderResizes()
     QVERIFY2(WindowValues::RangeOf(0) == Range(start, span),
              qPrintable(QString::number(WindowValues::RangeOf(0).span)));
     QCOMPARE(UndoCount(), 1);
+}
+
+void tst_WindowHand::narrowWindowIsMovedByItsMiddle_data()
+{
+    QTest::addColumn<double>("width");
+    QTest::addColumn<int>("at");
+    QTest::addColumn<bool>("stop"); // border that the mouse is at
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("span");
+    QTest::newRow("first third") << 9.0 << 52 << false << 40.0 << 19.0;
+    QTest::newRow("end of the first third") << 9.0 << 53 << false << 40.0 << 19.0;
+    QTest::newRow("middle, nearer to the start") << 9.0 << 54 << false << 40.0 << 9.0;
+    QTest::newRow("middle, nearer to the stop") << 9.0 << 55 << true << 40.0 << 9.0;
+    QTest::newRow("last third") << 9.0 << 57 << true << 50.0 << 2.0;
+    QTest::newRow("beside it") << 9.0 << 48 << false << 40.0 << 19.0;
+    QTest::newRow("two pixels") << 2.0 << 51 << false << 40.0 << 2.0;
+    QTest::newRow("just narrow") << 14.0 << 55 << false << 40.0 << 14.0;
+    QTest::newRow("wide enough for its borders") << 15.0 << 55 << false << 40.0 << 25.0;
+}
+
+void tst_WindowHand::narrowWindowIsMovedByItsMiddle()
+{
+    QFETCH(double, width);
+    QFETCH(int, at);
+    QFETCH(bool, stop);
+    QFETCH(double, start);
+    QFETCH(double, span);
+    ShowWindow(0, 50.0, width);
+    QVERIFY(Press({ at, 50 }, stop ? WindowHand::StopMarker(0) : WindowHand::StartMarker(0)));
+    QVERIFY(Move({ at - 10, 50 }));
+    QVERIFY(Release({ at - 10, 50 }));
+    QVERIFY2(WindowValues::RangeOf(0) == Range(start, span),
+             qPrintable(QString::number(WindowValues::RangeOf(0).start)));
+}
+
+void tst_WindowHand::endsWithItsList_data()
+{
+    QTest::addColumn<QString>("before"); // what the operator does first
+    QTest::addColumn<QString>("last");   // and what ends the list
+    QTest::newRow("at a press") << QString() << QStringLiteral("press");
+    QTest::newRow("at a press elsewhere") << QStringLiteral("press move") << QStringLiteral("beside");
+    QTest::newRow("at a press that leaves it") << QStringLiteral("press release") << QStringLiteral("beside");
+    QTest::newRow("at a move") << QStringLiteral("press") << QStringLiteral("move");
+    QTest::newRow("at a move while hidden") << QStringLiteral("press move hide") << QStringLiteral("move");
+    QTest::newRow("at a release") << QStringLiteral("press move") << QStringLiteral("release");
+    QTest::newRow("at Escape in a drag") << QStringLiteral("press move") << QStringLiteral("escape");
+    QTest::newRow("at an arrow") << QStringLiteral("press release") << QStringLiteral("right");
+    QTest::newRow("at the release of an arrow") << QStringLiteral("press release right") << QStringLiteral("up");
+    QTest::newRow("at Delete after an arrow") << QStringLiteral("press release right") << QStringLiteral("delete");
+    QTest::newRow("at M after an arrow") << QStringLiteral("press release right") << QStringLiteral("m");
+    QTest::newRow("at M") << QStringLiteral("press release") << QStringLiteral("m");
+    QTest::newRow("at another window after an arrow") << QStringLiteral("press release right") << QStringLiteral("2");
+    QTest::newRow("at another window") << QStringLiteral("press release") << QStringLiteral("2");
+}
+
+void tst_WindowHand::endsWithItsList()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, last);
+    ShowWindow(1, 100.0, 10.0);
+    auto const hideAlone = [] {
+        QString const path = WindowValues::PathOf(0, WindowValues::eVisible);
+        Tree::Instance()->FindAs<Value<bool>>(path)->SetValue(false, nullptr);
+        return true;
+    };
+    std::map<QString, std::function<bool()>> const hand{
+        { QStringLiteral("press"),
+          [this] {
+              return Press({ 60, 50 });
+          } },
+        { QStringLiteral("beside"),
+          [this] {
+              return Press({ 150, 50 });
+          } },
+        { QStringLiteral("move"),
+          [this] {
+              return Move({ 80, 50 });
+          } },
+        { QStringLiteral("release"),
+          [this] {
+              return Release({ 80, 50 });
+          } },
+        { QStringLiteral("hide"), hideAlone },
+        { QStringLiteral("escape"), [this] { return Key(Qt::Key_Escape); } },
+        { QStringLiteral("right"), [this] { return Key(Qt::Key_Right); } },
+        { QStringLiteral("up"), [this] { return KeyUp(Qt::Key_Right); } },
+        { QStringLiteral("delete"), [this] { return Key(Qt::Key_Delete); } },
+        { QStringLiteral("m"), [this] { return Key(Qt::Key_M); } },
+        { QStringLiteral("2"), [this] { return Key(Qt::Key_2); } },
+    };
+    for (QString const & step : before.split(QLatin1Char(' '))) {
+        if (!step.isEmpty())
+            QVERIFY(hand.at(step)());
+    }
+    FirstChange const end(0, [this] {
+        m_hand.reset();
+        m_frames.reset();
+        m_list.reset();
+    });
+    QVERIFY(hand.at(last)()); // the event is used up
+    QVERIFY(!m_list);
 }
 
 void tst_WindowHand::dragIsOneStepOfUndo()
