@@ -6,6 +6,7 @@
 #include "frequencyaxis.h"
 #include "numbertexts.h"
 #include "qtcompat.h"
+#include "resortpopupmenu.h"
 #include "resultmarker.h"
 #include "resultmarkerlist.h"
 #include "shadingbar.h"
@@ -49,6 +50,11 @@ RangePane::RangePane(QWidget * parent)
     connect(m_pFrequencyAxis, &AxisBase::signalRangeChanged, this, &RangePane::TakeFrequencies);
     connect(m_pFrequencyAxis, &ScaleAxis::signalBand, this, qOverload<>(&QWidget::update));
     m_pFrequencyAxis->SetMenuMarkerPane(this);
+    for (int window = 0; window < WindowValues::Count; ++window) {
+        auto * const menu = new ResortPopupMenu(this, "WindowMenu");
+        menu->insertItem(tr("Hide window %1").arg(window + 1), this, SLOT(slotHideWindow(int)), QKeySequence(), window);
+        m_windowMenus[static_cast<std::size_t>(window)] = menu;
+    }
     EnableContextMenu(true);
 }
 
@@ -389,8 +395,10 @@ void RangePane::HandOn(QMouseEvent const * event)
 bool RangePane::TakePress(QMouseEvent const * event)
 {
     int const marker = m_hand.Under(Position(event).toPoint());
-    bool const isResult = marker < 0 && m_resultHand.Press(event);
-    return isResult || m_windowHand.Press(event, marker) || m_hand.Press(event);
+    bool const isRuler = marker >= 0 && WindowHand::WindowOf(marker) < 0;
+    LifeWatch const life(GetObserverLifetime());
+    bool const isResult = !isRuler && m_resultHand.Press(event);
+    return life.IsOver() || isResult || m_windowHand.Press(event, marker) || m_hand.Press(event);
 }
 
 void RangePane::mousePressEvent(QMouseEvent * event)
@@ -425,10 +433,20 @@ ResortPopupMenu * RangePane::GetContextMenu()
 {
     QPoint const at = GetCurrentXYMenu();
     int const index = m_hand.Under(at);
+    int const label = m_frames.LabelAt(at);
+    int const window = label >= 0 ? label : WindowHand::WindowOf(index);
+    if (window >= 0)
+        return m_windowMenus[static_cast<std::size_t>(window)];
     bool const isLevel = index >= 0 && (GetMarkerSpecial(index) & eSpecialY) != 0;
     ScaleAxis & scale = isLevel ? *m_pLevelScale : static_cast<ScaleAxis &>(*m_pFrequencyAxis);
     scale.SetCurrentXYMenu(index >= 0 ? scale.GetMarkPlace(index) : QPoint(at.x(), -1));
     return scale.GetContextMenu();
+}
+
+void RangePane::slotHideWindow(int window)
+{
+    m_windowHand.LetGo();
+    WindowHand::Hide(window);
 }
 
 void RangePane::keyPressEvent(QKeyEvent * event)

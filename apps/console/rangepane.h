@@ -12,6 +12,9 @@
 #include "valuefollower.h"
 #include "windowframes.h"
 #include "windowhand.h"
+#include "windowvalues.h"
+
+#include <array>
 
 class FrameStats;
 class FrequencyAxis;
@@ -84,7 +87,8 @@ public:
 
     double PixelToValue(int direction, int pixel) override;
     int ValueToPixel(int direction, double value) override;
-    //! That of the scale to which the place belongs: of the levels on a level marker, else of the frequencies.
+    //! On the label or a border of a window, that which hides it. Else that of the scale to which the place belongs: of
+    //! the levels on a level marker, else of the frequencies.
     ResortPopupMenu * GetContextMenu() override;
     void RepairDrawing() override;
     void updateWidget() override; //!< the markers are laid anew
@@ -154,6 +158,9 @@ protected:
     void focusInEvent(QFocusEvent * event) override;
     void focusOutEvent(QFocusEvent * event) override;
 
+private Q_SLOTS:
+    void slotHideWindow(int window);
+
 private:
     void TakeFrequencies();
     void TakeLevels();
@@ -183,6 +190,7 @@ private:
     MarkerRulers m_rulers;
     MarkerHand m_hand;
     WindowFrames m_frames;
+    std::array<ResortPopupMenu *, WindowValues::Count> m_windowMenus{}; // children: each hides its window
     WindowHand m_windowHand;
     ResultHand m_resultHand;
     ValueFollower m_selected; // number of the selected result

@@ -10,6 +10,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int LabelGap = 2; // px, as all below
@@ -53,6 +55,8 @@ void WindowFrames::Lay(QRect const & picture, QFontMetrics const & metrics)
     m_list.GetCurrentStartStop(eMarkerX, first, last);
     for (int i = 0; i < WindowValues::Count; ++i) {
         ClientWindow & window = *m_windows.GetWindow(i);
+        if (!window.IsVisible())
+            continue;
         FrequencyRange const range = WindowValues::RangeOf(i);
         window.RecalcBorders();
         int start = -1;
@@ -64,6 +68,13 @@ void WindowFrames::Lay(QRect const & picture, QFontMetrics const & metrics)
         m_frames.push_back({ i, rect, QRect(), window.GetText(), window.GetFocus() });
     }
     PlaceLabels(picture, metrics);
+}
+
+int WindowFrames::LabelAt(QPoint at) const
+{
+    auto const found =
+        std::find_if(m_frames.begin(), m_frames.end(), [at](Frame const & frame) { return frame.label.contains(at); });
+    return found != m_frames.end() ? found->window : -1;
 }
 
 //! At the bottom, where the flags of markers do not reach.

@@ -42,6 +42,9 @@ public:
     //! The frames as they were painted last.
     std::vector<Frame> const & Get() const { return m_frames; }
 
+    //! Window with its label at a place, as it was painted last; -1 for none.
+    int LabelAt(QPoint at) const;
+
     //! Paints what lies below the markers.
     void Paint(QPainter & painter, QRect const & picture);
     //! Paints the labels of what Paint() painted. \param ground, text  colours of that of a window without the focus.

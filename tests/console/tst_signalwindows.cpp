@@ -2,17 +2,21 @@
 #include "signalwindows.h"
 
 #include "clientwindow.h"
+#include "colorset.h"
+#include "consolebearings.h"
 #include "consolewindow.h"
 #include "frequencyaxis.h"
 #include "lineplayer.h"
 #include "markertools.h"
 #include "panetools.h"
+#include "resortpopupmenu.h"
 #include "spectrumpane.h"
 #include "testmain.h"
 #include "waterfallpane.h"
 
 #include <QToolButton>
 
+#include <array>
 #include <cmath>
 
 using namespace MarkerTools;
@@ -47,6 +51,13 @@ private Q_SLOTS:
     void hidingABorderHidesItInTheOtherPane();
     void keyboardAlone_data();
     void keyboardAlone();
+    void narrowWindowIsMovedInBothPanes_data();
+    void narrowWindowIsMovedInBothPanes();
+    void resultAtABorderIsSelected_data();
+    void resultAtABorderIsSelected();
+    void menuHidesAWindow_data();
+    void menuHidesAWindow();
+    void liveDataMakesNoSteps();
     void undoLeavesOneInFocus_data();
     void undoLeavesOneInFocus();
     void retuneLeavesTheWindows();
@@ -60,6 +71,8 @@ private:
     RangePane & Pane(bool waterfall) const { return *Panes()[waterfall ? 1 : 0]; }
 
     WindowFrames::Frame FrameOf(RangePane & pane, int window) const;
+
+    static void SetResult(double frequency);
 
     std::unique_ptr<ConsoleWindow> m_window;
 };
@@ -88,7 +101,11 @@ void tst_SignalWindows::init()
     GuiBase::Instance().UndoStack()->clear();
 }
 
-void tst_SignalWindows::cleanup() { m_window.reset(); }
+void tst_SignalWindows::cleanup()
+{
+    m_window.reset();
+    ColorSet::Instance().Load(0);
+}
 
 //! The frame of a window as it is painted now; with window -1 when it is not.
 WindowFrames::Frame tst_SignalWindows::FrameOf(RangePane & pane, int window) const
@@ -99,6 +116,13 @@ WindowFrames::Frame tst_SignalWindows::FrameOf(RangePane & pane, int window) con
             return frame;
     }
     return { -1, QRect(), QRect(), QString(), false };
+}
+
+//! Has the direction finder find one emitter.
+void tst_SignalWindows::SetResult(double frequency)
+{
+    auto * const list = Tree::Instance()->FindAs<ValueList<BearingResult>>(QLatin1String(ConsolePaths::Bearings));
+    list->SetEntries({ BearingResult({ 41.3, -4.5, frequency, 95.0, -30.0 }, QStringLiteral("Tower")) }, nullptr);
 }
 
 void tst_SignalWindows::markSurroundsTheHighestSignal_data()
@@ -401,6 +425,140 @@ void tst_SignalWindows::keyboardAlone()
     QFocusEvent out(QEvent::FocusOut);
     QCoreApplication::sendEvent(&pane, &out);
     QCOMPARE(UndoCount(), steps + 1);
+}
+
+void tst_SignalWindows::narrowWindowIsMovedInBothPanes_data()
+{
+    QTest::addColumn<bool>("waterfall");
+    QTest::addColumn<int>("width"); // px
+    QTest::addColumn<int>("beside");
+    for (bool const waterfall : { false, true }) {
+        QString const where = waterfall ? QStringLiteral("waterfall: ") : QStringLiteral("spectrum: ");
+        QTest::newRow(qPrintable(where + QStringLiteral("four pixels"))) << waterfall << 4 << 0;
+        QTest::newRow(qPrintable(where + QStringLiteral("twelve pixels"))) << waterfall << 12 << 0;
+        QTest::newRow(qPrintable(where + QStringLiteral("left of the middle"))) << waterfall << 12 << -1;
+        QTest::newRow(qPrintable(where + QStringLiteral("right of the middle"))) << waterfall << 12 << 1;
+    }
+}
+
+void tst_SignalWindows::narrowWindowIsMovedInBothPanes()
+{
+    QFETCH(bool, waterfall);
+    QFETCH(int, width);
+    QFETCH(int, beside);
+    RangePane & pane = Pane(waterfall);
+    double const pixel = ToneSource::Rate / pane.GetPictureRect().width(); // Hz
+    m_window->Windows().Mark();
+    WindowValues::SetRange(0, { ToneSource::Centre - 3000.0, width * pixel });
+    QRect const before = FrameOf(pane, 0).rect;
+    QPoint const from = before.center() + QPoint(beside, 0);
+    Drag(pane, from, from + QPoint(40, 0));
+    for (RangePane * const other : Panes())
+        QCOMPARE(FrameOf(*other, 0).rect.left(), before.left() + 40);
+    QVERIFY(std::abs(WindowValues::RangeOf(0).span - width * pixel) < 1e-6);
+}
+
+void tst_SignalWindows::resultAtABorderIsSelected_data()
+{
+    QTest::addColumn<bool>("waterfall");
+    QTest::newRow("in the spectrum") << false;
+    QTest::newRow("in the waterfall") << true;
+}
+
+void tst_SignalWindows::resultAtABorderIsSelected()
+{
+    QFETCH(bool, waterfall);
+    RangePane & pane = Pane(waterfall);
+    m_window->Windows().Mark();
+    WindowValues::SetRange(0, { Tone, 500.0 });
+    WindowValues::Focus(-1);
+    SetResult(Tone);
+    QRect const picture = pane.GetPictureRect();
+    int const line = FrameOf(pane, 0).rect.left();
+    Drag(pane, { line, picture.top() + 8 }, { line, picture.top() + 8 });
+    QCOMPARE(ConsoleBearings::Selected(), 0);
+    QCOMPARE(WindowValues::Focused(), -1);
+    // where the result has no line, the border is met
+    ConsoleBearings::Select(-1);
+    FrameOf(pane, 0);
+    Drag(pane, { line, picture.center().y() }, { line, picture.center().y() });
+    QCOMPARE(ConsoleBearings::Selected(), -1);
+    QCOMPARE(WindowValues::Focused(), 0);
+}
+
+void tst_SignalWindows::menuHidesAWindow_data()
+{
+    QTest::addColumn<bool>("waterfall");
+    QTest::addColumn<int>("place");
+    for (bool const waterfall : { false, true }) {
+        QString const where = waterfall ? QStringLiteral("waterfall: ") : QStringLiteral("spectrum: ");
+        QTest::newRow(qPrintable(where + QStringLiteral("label"))) << waterfall << 0;
+        QTest::newRow(qPrintable(where + QStringLiteral("lower border"))) << waterfall << 1;
+        QTest::newRow(qPrintable(where + QStringLiteral("upper border"))) << waterfall << 2;
+    }
+}
+
+void tst_SignalWindows::menuHidesAWindow()
+{
+    QFETCH(bool, waterfall);
+    QFETCH(int, place);
+    RangePane & pane = Pane(waterfall);
+    for (int window = 0; window < 2; ++window)
+        m_window->Windows().Mark();
+    WindowValues::SetRange(1, { ToneSource::Centre - 3000.0, 1000.0 });
+    GuiBase::Instance().UndoStack()->clear();
+    WindowFrames::Frame const frame = FrameOf(pane, 1);
+    int const middle = frame.rect.center().y();
+    std::array<QPoint, 3> const places{
+        { frame.label.center(), { frame.rect.left(), middle }, { frame.rect.right(), middle } }
+    };
+    pane.SetCurrentXYMenu(frame.rect.center());
+    QVERIFY(!pane.GetContextMenu()->FindItem(1) ||
+            pane.GetContextMenu()->FindItem(1)->text() != QStringLiteral("Hide window 2"));
+    pane.SetCurrentXYMenu(places[static_cast<std::size_t>(place)]);
+    ResortPopupMenu const * const menu = pane.GetContextMenu();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().size(), 1);
+    QCOMPARE(menu->actions().front()->text(), QStringLiteral("Hide window 2"));
+    menu->actions().front()->trigger();
+    QVERIFY(!WindowValues::IsVisible(1));
+    QVERIFY(WindowValues::IsVisible(0));
+    for (RangePane * const shown : Panes())
+        QCOMPARE(FrameOf(*shown, 1).window, -1);
+    QCOMPARE(UndoCount(), 1);
+    QCOMPARE(GuiBase::Instance().UndoStack()->undoText(), QStringLiteral("Hide window 2"));
+    GuiBase::Instance().UndoStack()->undo();
+    QCOMPARE(FrameOf(pane, 1).rect, frame.rect);
+}
+
+void tst_SignalWindows::liveDataMakesNoSteps()
+{
+    m_window.reset();
+    m_window = std::make_unique<ConsoleWindow>(std::make_unique<LinePlayer>(std::make_unique<ToneSource>()),
+                                               QStringLiteral("tone"));
+    ConsoleValues::Select(ConsolePaths::Bins, 256);
+    m_window->resize(1000, 700);
+    m_window->FindDirections({ { QStringLiteral("Tower"), Tone, 100.0, 0.0, 100.0, 5.0, 90 } }, 1);
+    m_window->Windows().MarkWhenShown();
+    for (char const * const path : { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown })
+        ConsoleValues::SetFlag(path, true); // they wait for a line
+    GuiBase::Instance().UndoStack()->clear();
+    m_window->show();
+    m_window->Start();
+    QTRY_VERIFY(WindowValues::IsVisible(WindowValues::Count - 1));
+    QTRY_COMPARE(ConsoleBearings::Count(), 1);
+    std::vector<FrequencyRange> ranges;
+    for (int window = 0; window < WindowValues::Count; ++window)
+        ranges.push_back(WindowValues::RangeOf(window));
+    m_window->Player().Pause();
+    m_window->Player().Seek(1.0);
+    m_window->Player().Play();
+    ColorSet::Instance().Load(1);
+    quint64 const taken = m_window->Figures().taken;
+    QTRY_VERIFY(m_window->Figures().taken > taken + 10);
+    QCOMPARE(UndoCount(), 0);
+    for (int window = 0; window < WindowValues::Count; ++window)
+        QVERIFY(WindowValues::RangeOf(window) == ranges[static_cast<std::size_t>(window)]);
 }
 
 void tst_SignalWindows::undoLeavesOneInFocus_data()
