@@ -16,6 +16,7 @@
 
 #include <QToolButton>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void resultAtABorderIsSelected();
     void menuHidesAWindow_data();
     void menuHidesAWindow();
+    void coloursFollowTheSet();
     void liveDataMakesNoSteps();
     void undoLeavesOneInFocus_data();
     void undoLeavesOneInFocus();
@@ -529,6 +531,51 @@ void tst_SignalWindows::menuHidesAWindow()
     QCOMPARE(GuiBase::Instance().UndoStack()->undoText(), QStringLiteral("Hide window 2"));
     GuiBase::Instance().UndoStack()->undo();
     QCOMPARE(FrameOf(pane, 1).rect, frame.rect);
+}
+
+void tst_SignalWindows::coloursFollowTheSet()
+{
+    for (int window = 0; window < 2; ++window)
+        m_window->Windows().Mark();
+    WindowValues::SetRange(0, { ToneSource::Centre - 3000.0, 500.0 });
+    WindowValues::SetRange(1, { ToneSource::Centre - 2000.0, 500.0 });
+    WindowValues::Focus(1);
+    SetResult(ToneSource::Centre + 2500.0); // clear of the flags of the windows
+    for (int set = 0; set < 2; ++set) {
+        ColorSet::Instance().Load(set);
+        for (int const selected : { -1, 0 }) {
+            ConsoleBearings::Select(selected);
+            for (RangePane * const pane : Panes()) {
+                QImage const image = Rendered(*pane);
+                for (int const window : { 0, 1 }) {
+                    QRect const label = FrameOf(*pane, window).label;
+                    QCOMPARE(image.pixelColor(label.bottomRight()),
+                             window == 1 ? pane->GetColors().text : pane->GetColors().ground);
+                }
+                std::vector<MarkerRulers::Ruler> const & rulers = pane->GetRulers();
+                auto const result = std::find_if(rulers.begin(), rulers.end(), [](MarkerRulers::Ruler const & ruler) {
+                    return ruler.index == eFree33;
+                });
+                QVERIFY(result != rulers.end());
+                QPoint const stub(result->line, pane->GetPictureRect().top() + 3);
+                QCOMPARE(
+                    image.pixelColor(result->flag.isNull() ? stub : result->flag.topLeft()),
+                    ColorSet::Instance()[selected == 0 ? IColorBase::eColorSelectedResult : IColorBase::eColorResult]);
+            }
+        }
+    }
+    // the sets differ in what was looked at, and a change repaints of itself
+    ColorSet::Instance().Load(0);
+    std::vector<QImage> before;
+    for (RangePane * const pane : Panes())
+        before.push_back(Rendered(*pane));
+    ColorSet::Instance().Load(1);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        WindowFrames::Frame const frame = FrameOf(*Panes()[i], 0);
+        QImage const after = Rendered(*Panes()[i]);
+        QVERIFY(after.pixel(frame.rect.center()) != before[i].pixel(frame.rect.center()));
+        QVERIFY(after.pixel(frame.label.bottomRight()) != before[i].pixel(frame.label.bottomRight()));
+    }
 }
 
 void tst_SignalWindows::liveDataMakesNoSteps()
