@@ -4,20 +4,37 @@
 #include "guibase.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeySequence>
 #include <QToolButton>
 #include <QUndoStack>
+
+namespace {
+
+//! In the middle of a drag nothing is taken back: its step is yet to come, and would jump over that.
+void KeepFromDrags(QAction * action, QUndoStack * stack, void (QUndoStack::*step)())
+{
+    QObject::disconnect(action, &QAction::triggered, stack, nullptr);
+    QObject::connect(action, &QAction::triggered, stack, [stack, step] {
+        if (QApplication::mouseButtons() == Qt::NoButton)
+            (stack->*step)();
+    });
+}
+
+} // namespace
 
 UndoButtons::UndoButtons(QWidget * parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("undoButtons"));
     auto * const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    QUndoStack const * const stack = GuiBase::Instance().UndoStack();
+    QUndoStack * const stack = GuiBase::Instance().UndoStack();
     QAction * const undo = stack->createUndoAction(this);
     undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+    KeepFromDrags(undo, stack, &QUndoStack::undo);
     QAction * const redo = stack->createRedoAction(this);
+    KeepFromDrags(redo, stack, &QUndoStack::redo);
     redo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
     AddButton("undo", tr("Undo"), undo);
     AddButton("redo", tr("Redo"), redo);

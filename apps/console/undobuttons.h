@@ -7,7 +7,8 @@
 class QAction;
 
 //! Two buttons that take the operator's changes back and do them again, those of the undo stack of GuiBase. Their tips
-//! tell which change is next. Ctrl+Z and Ctrl+Shift+Z do the same anywhere in the window.
+//! tell which change is next. Ctrl+Z and Ctrl+Shift+Z do the same anywhere in the window; while a button
+//! of the mouse is held nothing is taken back.
 class UndoButtons : public QWidget
 {
     Q_OBJECT

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void clicksTakeBackAndDoAgain();
     void keysDoTheSame_data();
     void keysDoTheSame();
+    void heldMouseKeepsTheSteps();
     void tipsNameTheChange();
     void reachedByTheTabKey();
 
@@ -110,6 +111,22 @@ void tst_UndoButtons::keysDoTheSame()
     QTest::keyClick(target, Qt::Key_Z, Qt::ControlModifier); // nothing is left
     QTest::keyClick(target, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(Number(), 1.0);
+}
+
+void tst_UndoButtons::heldMouseKeepsTheSteps()
+{
+    Change(1.0);
+    Change(2.0);
+    GuiBase::Instance().UndoStack()->undo();
+    QPoint const beside(m_window->width() - 1, m_window->height() - 1);
+    QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, {}, beside);
+    QTest::keyClick(m_window.get(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(Number(), 1.0);
+    QTest::keyClick(m_window.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(Number(), 1.0);
+    QTest::mouseRelease(m_window->windowHandle(), Qt::LeftButton, {}, beside);
+    QTest::keyClick(m_window.get(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(Number(), 0.0);
 }
 
 void tst_UndoButtons::tipsNameTheChange()
