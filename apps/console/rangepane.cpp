@@ -451,7 +451,7 @@ void RangePane::slotHideWindow(int window)
 
 void RangePane::keyPressEvent(QKeyEvent * event)
 {
-    if (event->key() == Qt::Key_Insert) {
+    if (event->key() == Qt::Key_Insert && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
         Q_EMIT signalMark();
         return;
     }

@@ -27,6 +27,7 @@ TimeAxis::TimeAxis(QWidget * parent)
     setAccessibleName(tr("Time scale"));
     SetAxisZoomEnable(false, false);
     EnableContextMenu(false);
+    setContextMenuPolicy(Qt::PreventContextMenu); // that of the pane is about frequencies
     setFocusPolicy(Qt::NoFocus);
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "rangetools.h"
 #include "testmain.h"
+#include "timeaxis.h"
 
+#include <QApplication>
 #include <QDoubleSpinBox>
 
 using namespace RangeTools;
@@ -37,6 +39,13 @@ private Q_SLOTS:
     void historyIsLimited();
     void fastPanOfTheLevels_data();
     void fastPanOfTheLevels();
+    void levelMarkerKeepsItsPlace();
+    void menuByKeyboardGoesBack_data();
+    void menuByKeyboardGoesBack();
+    void noMenuOnTheTimeAxis();
+    void insertAloneMarks();
+    void bandOnAScaleDimsThePicture_data();
+    void bandOnAScaleDimsThePicture();
     void windowGoneWhileADragEnds_data();
     void windowGoneWhileADragEnds();
 
@@ -320,6 +329,97 @@ void tst_ConsoleUndo::fastPanOfTheLevels()
     QVERIFY(IsNear(RangeOf(eLevelScale)[0], -60.0, 1e-9));
     QVERIFY(IsNear(RangeOf(eLevelScale)[1], -58.0, 1e-9));
     QVERIFY(PanesAgree(*m_window));
+}
+
+void tst_ConsoleUndo::levelMarkerKeepsItsPlace()
+{
+    ConsoleValues::SetFlag(ConsolePaths::LevelMarkerShown, true);
+    ConsoleValues::Set(ConsolePaths::LevelMarker, -100.0);
+    QTest::keyClick(&WidgetOf(*m_window, eLevelScale), Qt::Key_Plus);
+    QCOMPARE(RangeOf(eLevelScale), Range({ -110.0, -50.0 }));
+}
+
+void tst_ConsoleUndo::menuByKeyboardGoesBack_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::newRow("in the spectrum") << int(eSpectrum);
+    QTest::newRow("in the waterfall") << int(eWaterfall);
+    QTest::newRow("on the scale of the spectrum") << int(eSpectrumScale);
+    QTest::newRow("on the scale of the waterfall") << int(eWaterfallScale);
+    QTest::newRow("on the level scale") << int(eLevelScale);
+    QTest::newRow("on the shading bar") << int(eShadingBar);
+}
+
+void tst_ConsoleUndo::menuByKeyboardGoesBack()
+{
+    QFETCH(int, place);
+    Place const at = static_cast<Place>(place);
+    QWidget & widget = WidgetOf(*m_window, at);
+    widget.setFocus();
+    Range const before = RangeOf(at);
+    QTest::keyClick(&widget, Qt::Key_Plus);
+    QVERIFY(RangeOf(at) != before);
+    QTest::keyClick(&widget, Qt::Key_Menu);
+    for (Qt::Key const key : { Qt::Key_Up, Qt::Key_Up, Qt::Key_Return }) { // above the properties
+        QVERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), key);
+    }
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(RangeOf(at), before);
+    QCOMPARE(Steps().count(), 2);
+}
+
+void tst_ConsoleUndo::noMenuOnTheTimeAxis()
+{
+    m_window->grab();
+    TimeAxis & axis = m_window->Waterfall().GetTimeAxis();
+    RightClick(axis, axis.rect().center()); // not that of the pane either
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_ConsoleUndo::insertAloneMarks()
+{
+    QSignalSpy const marks(&m_window->Spectrum(), &RangePane::signalMark);
+    QTest::keyClick(&m_window->Spectrum(), Qt::Key_Insert, Qt::ControlModifier);
+    QTest::keyClick(&m_window->Spectrum(), Qt::Key_Insert, Qt::ShiftModifier);
+    QCOMPARE(marks.count(), 0);
+    QTest::keyClick(&m_window->Spectrum(), Qt::Key_Insert, Qt::KeypadModifier);
+    QTest::keyClick(&m_window->Spectrum(), Qt::Key_Insert);
+    QCOMPARE(marks.count(), 2);
+}
+
+void tst_ConsoleUndo::bandOnAScaleDimsThePicture_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::newRow("scale of the spectrum") << int(eSpectrumScale);
+    QTest::newRow("scale of the waterfall") << int(eWaterfallScale);
+    QTest::newRow("level scale") << int(eLevelScale);
+}
+
+void tst_ConsoleUndo::bandOnAScaleDimsThePicture()
+{
+    QFETCH(int, place);
+    Place const at = static_cast<Place>(place);
+    RangePane & pane = PaneOf(*m_window, at);
+    QWidget & widget = WidgetOf(*m_window, at);
+    widget.setFocus();
+    QRect const picture = pane.GetPictureRect(); // one device pixel a pixel
+    auto const around = [&](double part) {
+        QPoint const on = At(*m_window, at, part);
+        QPoint const point =
+            IsLevel(at) ? QPoint(picture.center().x(), on.y()) : QPoint(on.x(), picture.top() + picture.height() / 3);
+        return QRect(point - QPoint(3, 3), QSize(7, 7));
+    };
+    QImage const before = PaneTools::Rendered(pane);
+    Mouse(widget, QEvent::MouseButtonPress, At(*m_window, at, 0.3));
+    Mouse(widget, QEvent::MouseMove, At(*m_window, at, 0.6));
+    QImage const during = PaneTools::Rendered(pane);
+    for (double const part : { 0.35, 0.45, 0.55 })
+        QCOMPARE(during.copy(around(part)), before.copy(around(part)));
+    for (double const part : { 0.1, 0.25, 0.65, 0.9 })
+        QVERIFY2(during.copy(around(part)) != before.copy(around(part)), qPrintable(QString::number(part)));
+    Mouse(widget, QEvent::MouseButtonRelease, At(*m_window, at, 0.3));
+    QCOMPARE(PaneTools::Rendered(pane), before); // a click: nothing is left of it
 }
 
 void tst_ConsoleUndo::windowGoneWhileADragEnds_data()
