@@ -431,6 +431,10 @@ void tst_ConsoleBearings::resultsCostNoOtherPaint()
     SpectrumPane & pane = m_window->Spectrum();
     QCoreApplication::sendPostedEvents();
     QTRY_VERIFY(!pane.GetMustRecalcRulers());
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    PaintCount const settled(pane);
+    pane.SetLine(std::make_shared<SpectrumLine>(LineAt(0.5)));
+    QTRY_VERIFY(settled.Get() > 0); // whatever else was due is painted with it
     PaintCount const panePaints(pane);
     PaintCount const axisPaints(pane.GetFrequencyAxis());
     PaintCount const scalePaints(pane.GetLevelScale());
