@@ -127,7 +127,7 @@ void tst_DirectionFinder::resultsRiseInFrequency()
         FinderOf({ Emitter(QStringLiteral("high"), 800e3, 1e3), Emitter(QStringLiteral("low"), 100e3, 50e3),
                    Emitter(QStringLiteral("middle"), 400e3, 20e3) });
     SpectrumLine line = Quiet();
-    for (std::size_t const bin : { 100, 400, 800 })
+    for (std::size_t const bin : { 100U, 400U, 800U })
         line.levels[bin] = -40.0;
     QStringList const order{ QStringLiteral("low"), QStringLiteral("middle"), QStringLiteral("high") };
     QCOMPARE(NamesOf(finder.Measure(line)), order);
