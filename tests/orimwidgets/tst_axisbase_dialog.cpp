@@ -37,9 +37,10 @@ public:
     {
         m_zooms.push_back({ start, stop });
         m_recorded = m_recorded || record;
+        std::function<void()> const then = m_then; // the axis may end as it tells of the range
         bool const done = AxisProbe::SetZoomedRange(start, stop, record);
-        if (m_then)
-            m_then();
+        if (then)
+            then();
         return done;
     }
 };

@@ -268,11 +268,11 @@ void tst_AzimuthFormatter::letsGoWhenItEnds()
 {
     ValueNumeric<double> * const north = PlantNorth(20.0);
     auto formatter = std::make_unique<AzimuthFormatter>();
-    IObserver * const observer = formatter.get();
     formatter->SetNorth_ValuePath(Path);
-    QVERIFY(north->HasObserver(observer));
+    QVERIFY(north->HasObserver(formatter.get()));
+    int const before = north->GetObserverCount();
     formatter.reset();
-    QVERIFY(!north->HasObserver(observer));
+    QCOMPARE(north->GetObserverCount(), before - 1);
 }
 
 void tst_AzimuthFormatter::strangersAreIgnored()
