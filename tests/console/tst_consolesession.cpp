@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QPointer>
 #include <QToolButton>
 
 #include <cmath>
@@ -168,7 +169,7 @@ void tst_ConsoleSession::bandIsShown()
         QRect const around(point - QPoint(4, 4), QSize(9, 9));
         return before.copy(around) != during.copy(around);
     };
-    for (double const part : { 0.35, 0.45, 0.55 })
+    for (double const part : { 0.4, 0.45, 0.5 })
         QVERIFY2(!differs(part), qPrintable(QString::number(part)));
     for (double const part : { 0.1, 0.25, 0.65, 0.9 })
         QVERIFY2(differs(part), qPrintable(QString::number(part)));
@@ -664,9 +665,12 @@ std::vector<tst_ConsoleSession::Event> tst_ConsoleSession::Session()
         events.push_back([=](ConsoleWindow & window) { QTest::keyClick(&WidgetOf(window, place), code, modifiers); });
     };
     auto const menuKey = [&events](Qt::Key code) {
-        events.push_back([=](ConsoleWindow &) {
+        events.push_back([=](ConsoleWindow & window) {
+            QPointer<ConsoleWindow> const owner(&window);
             if (QWidget * const menu = QApplication::activePopupWidget())
                 QTest::keyClick(menu, code);
+            if (owner && !QApplication::activePopupWidget())
+                owner->activateWindow(); // as a window manager does, which the platform of the tests lacks
         });
     };
     events.push_back([](ConsoleWindow &) { ConsoleValues::SetFlag(ConsolePaths::Marker1Shown, true); });

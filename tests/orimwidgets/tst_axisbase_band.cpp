@@ -439,10 +439,12 @@ void tst_axisbase_band::realMouse()
     scene.axis.show();
     QVERIFY(QTest::qWaitForWindowExposed(&scene.axis));
     int const width = scene.axis.width(); // the platform may have widened the window
-    QTest::mousePress(&scene.axis, Qt::LeftButton, Qt::NoModifier, QPoint(10, 5));
-    QTest::mouseMove(&scene.axis, QPoint(40, 5));
+    QWindow * const window = scene.axis.windowHandle();
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, QPoint(10, 5));
+    QTest::mouseMove(window, QPoint(40, 5));
     QTRY_COMPARE(scene.axis.m_bandEnd, 40);
-    QTest::mouseRelease(&scene.axis, Qt::LeftButton, Qt::NoModifier, QPoint(60, 5));
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, QPoint(60, 5));
+    QTRY_COMPARE(scene.axis.m_mouseMode, 0);
     double const unit = 100.0 / (width - 1);
     QCOMPARE(scene.axis.m_start, 10 * unit);
     QCOMPARE(scene.axis.m_stop, 60 * unit);
