@@ -3,6 +3,7 @@
 // empty it gives all of that back. The undo stack, where the same zooms are recorded, has a limit.
 
 #include "axisprobe.h"
+#include "countedbytes.h"
 
 #include "guibase.h"
 #include "testmain.h"
@@ -13,15 +14,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <limits>
-#include <malloc.h>
-#include <new>
 
 namespace {
-
-long long bytes = 0; // of memory, taken with new and not given back
 
 //! An axis without timers and menus, so that the memory is that of the history.
 class QuietAxis : public AxisProbe
@@ -47,23 +43,6 @@ using Way = std::function<void(QuietAxis &)>;
 } // namespace
 
 Q_DECLARE_METATYPE(Way)
-
-void * operator new(std::size_t size)
-{
-    void * const block = std::malloc(size != 0 ? size : 1);
-    if (!block)
-        throw std::bad_alloc();
-    bytes += static_cast<long long>(malloc_usable_size(block));
-    return block;
-}
-
-void operator delete(void * block) noexcept
-{
-    bytes -= block ? static_cast<long long>(malloc_usable_size(block)) : 0;
-    std::free(block);
-}
-
-void operator delete(void * block, std::size_t /*size*/) noexcept { operator delete(block); }
 
 class tst_zoom_endurance : public QObject
 {

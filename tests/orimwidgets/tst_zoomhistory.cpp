@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "zoomhistory.h"
 
+#include "countedbytes.h"
 #include "testmain.h"
 
-#include <cstdlib>
 #include <limits>
-#include <malloc.h>
-#include <new>
 
 namespace {
 
@@ -15,26 +13,7 @@ constexpr double Nothing = std::numeric_limits<double>::quiet_NaN();
 
 using Step = ZoomHistory::StartStopBandwidth;
 
-long long bytes = 0; // of memory, taken and not given back
-
 } // namespace
-
-void * operator new(std::size_t size)
-{
-    void * const block = std::malloc(size != 0 ? size : 1);
-    if (!block)
-        throw std::bad_alloc();
-    bytes += static_cast<long long>(malloc_usable_size(block));
-    return block;
-}
-
-void operator delete(void * block) noexcept
-{
-    bytes -= block ? static_cast<long long>(malloc_usable_size(block)) : 0;
-    std::free(block);
-}
-
-void operator delete(void * block, std::size_t /*size*/) noexcept { operator delete(block); }
 
 class tst_zoomhistory : public QObject
 {
