@@ -4,10 +4,10 @@
 #include "connectmarkervisibilityflags.h"
 #include "consolevalues.h"
 #include "frequencyaxis.h"
-#include "shadingbar.h"
+#include "panestack.h"
 #include "spectrumpane.h"
-#include "waterfallpane.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -38,26 +38,14 @@ bool IsLevel(MarkerRow const & row) { return (row.special & eSpecialY) != 0; }
 
 } // namespace
 
-ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, WaterfallPane & waterfall, QObject * parent)
+ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, PaneStack const & panes, QObject * parent)
     : QObject(parent)
     , m_spectrum(spectrum)
-    , m_lists{ &spectrum,
-               &waterfall,
-               &spectrum.GetFrequencyAxis(),
-               &waterfall.GetFrequencyAxis(),
-               &spectrum.GetLevelScale(),
-               &waterfall.GetLevelScale() }
 {
     static_assert(MarkerRows.size() == Count, "one row a marker");
-    for (MarkerList * const list : m_lists) {
-        bool const isScale = list == &spectrum.GetLevelScale() || list == &waterfall.GetLevelScale();
-        if (!isScale)
-            AddTo(*list, false);
-        if (isScale || list == &spectrum)
-            AddTo(*list, true);
+    AddLists(panes);
+    for (MarkerList * const list : m_lists)
         connect(list, &MarkerList::signalSetState, this, &ConsoleMarkers::slotState);
-    }
-    ConnectMarkerVisibilityFlags(m_lists[0], m_lists[1], m_lists[2], m_lists[3], m_lists[4], m_lists[5]);
     for (std::size_t row = 0; row < Count; ++row) {
         m_shown.push_back(std::make_unique<ValueFollower>([this, row] { Show(row, m_shown[row]->Flag(false)); }));
         m_shown.back()->Bind(QLatin1String(MarkerRows[row].shownPath));
@@ -65,6 +53,34 @@ ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, WaterfallPane & waterfal
 }
 
 ConsoleMarkers::~ConsoleMarkers() = default;
+
+//! First the panes, then their frequency scales, then their level scales.
+void ConsoleMarkers::AddLists(PaneStack const & panes)
+{
+    std::vector<MarkerList *> frequencyScales;
+    std::vector<MarkerList *> levelScales;
+    for (PaneFrame const * const frame : panes.Frames()) {
+        auto * const pane = qobject_cast<RangePane *>(&frame->Pane());
+        if (!pane)
+            continue;
+        AddTo(*pane, false);
+        AddTo(pane->GetFrequencyAxis(), false);
+        m_lists.push_back(pane);
+        frequencyScales.push_back(&pane->GetFrequencyAxis());
+        if (frame->Form().levels == PaneLevels::eRows)
+            AddTo(*pane, true);
+        if (frame->Form().levels == PaneLevels::eNone)
+            continue;
+        AddTo(pane->GetLevelScale(), true);
+        levelScales.push_back(&pane->GetLevelScale());
+    }
+    m_lists.insert(m_lists.end(), frequencyScales.begin(), frequencyScales.end());
+    m_lists.insert(m_lists.end(), levelScales.begin(), levelScales.end());
+    std::array<MarkerList *, 17> mesh{};
+    std::copy_n(m_lists.begin(), std::min(m_lists.size(), mesh.size()), mesh.begin());
+    ConnectMarkerVisibilityFlags(mesh[0], mesh[1], mesh[2], mesh[3], mesh[4], mesh[5], mesh[6], mesh[7], mesh[8],
+                                 mesh[9], mesh[10], mesh[11], mesh[12], mesh[13], mesh[14], mesh[15], mesh[16]);
+}
 
 void ConsoleMarkers::AddTo(MarkerList & list, bool levels)
 {

@@ -3,6 +3,7 @@
 #define ORIM_CONSOLEMARKERS_H
 
 #include "marker.h"
+#include "paneframe.h"
 #include "valuefollower.h"
 
 #include <QObject>
@@ -12,10 +13,11 @@
 #include <vector>
 
 class MarkerList;
+class PaneStack;
 class SpectrumPane;
-class WaterfallPane;
 
-//! The markers of the console: two of a frequency, which stand in both panes and on their scales, and one of a level.
+//! The markers of the console: two of a frequency, which stand in every pane with a frequency range and on its scale,
+//! and one of a level, where levels are shown.
 //! Each is one value of the tree, and a flag tells whether it is shown. A marker that is shown for the first time, or
 //! that stands out of view, is placed on the highest signal in view.
 class ConsoleMarkers : public QObject
@@ -26,8 +28,8 @@ public:
     static constexpr EMarkerID Second = eWhiteX; // compared with the first
     static constexpr EMarkerID Level = eYellowY;
 
-    //! \param spectrum, waterfall  borrowed: must outlive this.
-    ConsoleMarkers(SpectrumPane & spectrum, WaterfallPane & waterfall, QObject * parent = nullptr);
+    //! \param spectrum  where peaks are looked for; as the panes, it is borrowed and must outlive this.
+    ConsoleMarkers(SpectrumPane & spectrum, PaneStack const & panes, QObject * parent = nullptr);
     ~ConsoleMarkers() override;
 
     //! To be called when the spectrum shows a line: places what was shown before there was a signal.
@@ -36,7 +38,8 @@ public:
 private:
     static constexpr std::size_t Count = 3;
 
-    void AddTo(MarkerList & list, bool levels);
+    void AddLists(PaneStack const & panes);
+    static void AddTo(MarkerList & list, bool levels);
     void Show(std::size_t row, bool on);
     void Place(std::size_t row);
     bool IsInView(std::size_t row) const;

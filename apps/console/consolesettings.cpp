@@ -5,11 +5,11 @@
 #include "consolevalues.h"
 #include "consolewindow.h"
 #include "guibase.h"
+#include "panestack.h"
 #include "spectrumengine.h"
 #include "tree.h"
 #include "valueselection.h"
 
-#include <QSplitter>
 #include <QStringList>
 
 #include <array>
@@ -62,6 +62,18 @@ constexpr std::array<ValueRow, 4> SelectionRows{ {
     { ConsolePaths::TimeZone, "timeZone", 0.0 },
 } };
 
+struct FlagRow
+{
+    char const * path;
+    char const * key;
+};
+
+constexpr std::array<FlagRow, 3> FlagRows{ {
+    { ConsolePaths::PersistenceShown, "persistenceShown" },
+    { ConsolePaths::AzimuthShown, "azimuthShown" },
+    { ConsolePaths::ElevationShown, "elevationShown" },
+} };
+
 //! Two finite levels of a text "min;max".
 bool ReadLevels(QString const & text, double & min, double & max)
 {
@@ -93,6 +105,8 @@ void ConsoleSettings::AddValues()
     for (ValueRow const & row : SelectionRows)
         m_group.Add(tree->FindAs<ValueSelection>(QLatin1String(row.path)), QLatin1String(row.key),
                     static_cast<long>(row.start));
+    for (FlagRow const & row : FlagRows)
+        m_group.Add(tree->FindAs<Value<bool>>(QLatin1String(row.path)), QLatin1String(row.key), false);
 }
 
 void ConsoleSettings::AddTexts()
@@ -115,7 +129,7 @@ void ConsoleSettings::AddTexts()
         if (ok)
             ColorSet::Instance().Load(set);
     };
-    auto const getSplitter = [this] { return QString::fromLatin1(m_window.Splitter().saveState().toBase64()); };
+    auto const getSplitter = [this] { return QString::fromLatin1(m_window.Splitter().State().toBase64()); };
     auto const setSplitter = [this](QString const & text) {
         if (!text.isEmpty() && text.size() <= MostSplitterText)
             m_window.Splitter().restoreState(QByteArray::fromBase64(text.toLatin1()));

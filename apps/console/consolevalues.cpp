@@ -153,7 +153,8 @@ void ConsoleValues::InsertSelections()
 void ConsoleValues::InsertFlags()
 {
     for (char const * const path :
-         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
+         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown,
+           ConsolePaths::PersistenceShown, ConsolePaths::AzimuthShown, ConsolePaths::ElevationShown })
         m_paths.push_back(Insert(path, std::make_unique<Value<bool>>(Split(path).second)));
     m_paths.push_back(Insert(ConsolePaths::Bearings,
                              std::make_unique<ValueList<BearingResult>>(Split(ConsolePaths::Bearings).second)));

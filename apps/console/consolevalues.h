@@ -39,6 +39,10 @@ constexpr char const * Marker1Shown = "/console/markers/marker1Shown"; // flag, 
 constexpr char const * Marker2Shown = "/console/markers/marker2Shown";
 constexpr char const * LevelMarkerShown = "/console/markers/levelShown";
 
+constexpr char const * PersistenceShown = "/console/panes/persistence"; // flag, as those below
+constexpr char const * AzimuthShown = "/console/panes/azimuth";
+constexpr char const * ElevationShown = "/console/panes/elevation";
+
 constexpr char const * Bearings = "/console/bearings/results";         // list, by rising frequency
 constexpr char const * SelectedBearing = "/console/bearings/selected"; // number in that list; -1 for none
 

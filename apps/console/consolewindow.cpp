@@ -11,6 +11,7 @@
 #include "lineplayer.h"
 #include "numbertexts.h"
 #include "panecolors.h"
+#include "panestack.h"
 #include "positionbar.h"
 #include "signalwindows.h"
 #include "spectrumpane.h"
@@ -23,7 +24,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
-#include <QSplitter>
 #include <QTimerEvent>
 #include <QToolButton>
 #include <QUndoStack>
@@ -58,15 +58,15 @@ ConsoleWindow::ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const &
     m_pStatus = new StatusLine(middle);
     m_pStatus->SetSource(source);
     layout->addWidget(m_pControls);
-    layout->addWidget(m_pSplitter, 1);
+    layout->addWidget(m_pPanes, 1);
     layout->addWidget(m_pPosition);
     layout->addWidget(m_pStatus);
     setCentralWidget(middle);
     ConnectPlayer();
     FollowValues();
     BindPanes();
-    m_pMarkers = new ConsoleMarkers(*m_pSpectrum, *m_pWaterfall, this);
-    m_pWindows = new SignalWindows(*m_pSpectrum, *m_pWaterfall, this);
+    m_pMarkers = new ConsoleMarkers(*m_pSpectrum, *m_pPanes, this);
+    m_pWindows = new SignalWindows(*m_pSpectrum, m_pPanes->RangePanes(), this);
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ConsoleWindow::slotColorsChanged);
     slotColorsChanged();
     resize(StartSize);
@@ -117,6 +117,10 @@ void ConsoleWindow::BuildControls()
                              { { QStringLiteral("marker1"), tr("M1"), path(ConsolePaths::Marker1Shown) },
                                { QStringLiteral("marker2"), tr("M2"), path(ConsolePaths::Marker2Shown) },
                                { QStringLiteral("levelMarker"), tr("Level"), path(ConsolePaths::LevelMarkerShown) } });
+    m_pControls->AddSwitches(
+        tr("Panes"), { { QStringLiteral("persistence"), tr("Persistence"), path(ConsolePaths::PersistenceShown) },
+                       { QStringLiteral("azimuth"), tr("Azimuth"), path(ConsolePaths::AzimuthShown) },
+                       { QStringLiteral("elevation"), tr("Elevation"), path(ConsolePaths::ElevationShown) } });
     m_pColorSets = ColorSet::GetColorSetsComboBox(m_pControls);
     m_pColorSets->setObjectName(QStringLiteral("colorSets"));
     connect(m_pColorSets, qOverload<int>(&QComboBox::activated), this,
@@ -127,17 +131,19 @@ void ConsoleWindow::BuildControls()
     m_pControls->AddControl(QString(), new UndoButtons(m_pControls));
 }
 
+//! Every pane stands here, from the top down. One with a frequency range is bound to the values of the console, shows
+//! its markers and windows and takes its colours by being here.
 void ConsoleWindow::BuildPanes()
 {
-    m_pSplitter = new QSplitter(Qt::Vertical, this);
-    m_pSplitter->setObjectName(QStringLiteral("splitter"));
-    m_pSplitter->setChildrenCollapsible(false);
-    m_pSpectrum = new SpectrumPane(m_pSplitter);
-    m_pWaterfall = new WaterfallPane(m_pSplitter);
-    m_pSplitter->setStretchFactor(0, 2);
-    m_pSplitter->setStretchFactor(1, 3);
-    m_pSpectrum->SetFrameStats(&m_stats);
-    m_pWaterfall->SetFrameStats(&m_stats);
+    m_pPanes = new PaneStack(this);
+    m_pSpectrum = new SpectrumPane;
+    m_pWaterfall = new WaterfallPane;
+    m_pPanes->AddPane({ m_pSpectrum, tr("Spectrum"), 2, PaneLevels::eRows, QString(),
+                        [this](PaneLines const & lines) { m_pSpectrum->SetLine(lines.back()); } });
+    m_pPanes->AddPane({ m_pWaterfall, tr("Waterfall"), 3, PaneLevels::eColors, QString(),
+                        [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); } });
+    for (RangePane * const pane : m_pPanes->RangePanes())
+        pane->SetFrameStats(&m_stats);
 }
 
 void ConsoleWindow::ConnectPlayer()
@@ -154,24 +160,38 @@ void ConsoleWindow::ConnectPlayer()
 
 void ConsoleWindow::BindPanes()
 {
-    for (RangePane * const pane : { static_cast<RangePane *>(m_pSpectrum), static_cast<RangePane *>(m_pWaterfall) }) {
+    std::vector<ScaleAxis *> frequencyScales;
+    std::vector<ScaleAxis *> levelScales;
+    for (PaneFrame const * const frame : m_pPanes->Frames()) {
+        auto * const pane = qobject_cast<RangePane *>(&frame->Pane());
+        if (!pane)
+            continue;
         pane->SetStart_ValuePath(QLatin1String(ConsolePaths::Start));
         pane->SetStop_ValuePath(QLatin1String(ConsolePaths::Stop));
-        pane->SetLevelMin_ValuePath(QLatin1String(ConsolePaths::LevelMin));
-        pane->SetLevelMax_ValuePath(QLatin1String(ConsolePaths::LevelMax));
         FrequencyAxis & frequencies = pane->GetFrequencyAxis();
         frequencies.SetDefaultStart_ValuePath(QLatin1String(ConsolePaths::BandStart));
         frequencies.SetDefaultStop_ValuePath(QLatin1String(ConsolePaths::BandStop));
         frequencies.SetDeviceStart_ValuePath(QLatin1String(ConsolePaths::DeviceStart));
         frequencies.SetDeviceStop_ValuePath(QLatin1String(ConsolePaths::DeviceStop));
-        ScaleAxis & levels = pane->GetLevelScale();
-        levels.SetDefaultRange(LevelFloor, FullScale);
-        levels.SetLeastSpan(ConsoleValues::LeastLevelSpan);
-        connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
+        frequencyScales.push_back(&frequencies);
+        if (frame->Form().levels != PaneLevels::eNone) {
+            BindLevels(*pane);
+            levelScales.push_back(&pane->GetLevelScale());
+        }
         pane->BindResults();
     }
-    ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetFrequencyAxis(), &m_pWaterfall->GetFrequencyAxis() });
-    ScaleAxis::ShareUnZoom({ &m_pSpectrum->GetLevelScale(), &m_pWaterfall->GetLevelScale() });
+    ScaleAxis::ShareUnZoom(frequencyScales);
+    ScaleAxis::ShareUnZoom(levelScales);
+}
+
+void ConsoleWindow::BindLevels(RangePane & pane)
+{
+    pane.SetLevelMin_ValuePath(QLatin1String(ConsolePaths::LevelMin));
+    pane.SetLevelMax_ValuePath(QLatin1String(ConsolePaths::LevelMax));
+    ScaleAxis & levels = pane.GetLevelScale();
+    levels.SetDefaultRange(LevelFloor, FullScale);
+    levels.SetLeastSpan(ConsoleValues::LeastLevelSpan);
+    connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
 }
 
 void ConsoleWindow::FollowValues()
@@ -194,8 +214,8 @@ void ConsoleWindow::FollowValues()
            [] { LevelGradients::Choose(static_cast<int>(ConsoleValues::GetKey(ConsolePaths::Gradient))); });
     follow(ConsolePaths::Span, [this] {
         double const least = m_values.GetBand().span / ConsoleValues::MostZoom;
-        m_pSpectrum->GetFrequencyAxis().SetLeastSpan(least);
-        m_pWaterfall->GetFrequencyAxis().SetLeastSpan(least);
+        for (RangePane * const pane : m_pPanes->RangePanes())
+            pane->GetFrequencyAxis().SetLeastSpan(least);
     });
 }
 
@@ -245,7 +265,7 @@ void ConsoleWindow::FollowBand(SpectrumLine const & line)
 //! Ranges and steps of undo that speak of frequencies which are no longer shown would end at an edge of the new band.
 void ConsoleWindow::ForgetRanges()
 {
-    for (RangePane * const pane : { static_cast<RangePane *>(m_pSpectrum), static_cast<RangePane *>(m_pWaterfall) }) {
+    for (RangePane * const pane : m_pPanes->RangePanes()) {
         pane->GetFrequencyAxis().DropDrag();
         pane->GetFrequencyAxis().ClearUnZoom();
     }
@@ -266,8 +286,7 @@ void ConsoleWindow::slotLines()
     FollowBand(*m_batch.back());
     if (m_fitDue)
         FitLevelRange();
-    m_pWaterfall->AppendLines(m_batch);
-    m_pSpectrum->SetLine(m_batch.back());
+    m_pPanes->TakeLines(m_batch);
     m_pMarkers->slotLineShown();
     m_pWindows->slotLineShown();
     if (m_clock.isValid())
@@ -280,8 +299,8 @@ void ConsoleWindow::slotColorsChanged()
     QApplication::setPalette(ColorSet::Instance().GetPalette());
     ColorSet::UpdateComboBox(m_pColorSets);
     PaneColors const colors = CurrentPaneColors();
-    m_pSpectrum->SetColors(colors);
-    m_pWaterfall->SetColors(colors);
+    for (RangePane * const pane : m_pPanes->RangePanes())
+        pane->SetColors(colors);
 }
 
 void ConsoleWindow::slotPlay(bool play)

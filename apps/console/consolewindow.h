@@ -19,9 +19,10 @@
 class ConsoleMarkers;
 class ControlStrip;
 class LinePlayer;
+class PaneStack;
 class PositionBar;
 class QComboBox;
-class QSplitter;
+class RangePane;
 class SignalWindows;
 class SpectrumPane;
 class StatusLine;
@@ -60,7 +61,8 @@ public:
 
     ConsoleValues & Values() { return m_values; }
 
-    QSplitter & Splitter() { return *m_pSplitter; }
+    //! The panes, from the top down in the order in which they are read.
+    PaneStack & Splitter() { return *m_pPanes; }
 
     QComboBox & ColorSets() { return *m_pColorSets; }
 
@@ -75,6 +77,7 @@ private:
     void BuildPanes();
     void ConnectPlayer();
     void BindPanes();
+    void BindLevels(RangePane & pane);
     void FollowValues();
     void FollowBand(SpectrumLine const & line);
     void ForgetRanges();
@@ -96,7 +99,7 @@ private:
     std::vector<std::shared_ptr<SpectrumLine const>> m_batch; // lines taken last
     ControlStrip * m_pControls = nullptr;
     QComboBox * m_pColorSets = nullptr;
-    QSplitter * m_pSplitter = nullptr;
+    PaneStack * m_pPanes = nullptr;
     SpectrumPane * m_pSpectrum = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
     PositionBar * m_pPosition = nullptr;

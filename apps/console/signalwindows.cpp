@@ -4,11 +4,12 @@
 #include "consolevalues.h"
 #include "spectrumpane.h"
 #include "undorecording.h"
-#include "waterfallpane.h"
 #include "windowframes.h"
 #include "windowvalues.h"
 
 #include <QApplication>
+
+#include <utility>
 
 namespace {
 
@@ -16,20 +17,20 @@ constexpr double MiddlePart = 0.1; // of the view, where there is no signal
 
 } // namespace
 
-SignalWindows::SignalWindows(SpectrumPane & spectrum, WaterfallPane & waterfall, QObject * parent)
+SignalWindows::SignalWindows(SpectrumPane & spectrum, std::vector<RangePane *> panes, QObject * parent)
     : QObject(parent)
     , m_spectrum(spectrum)
-    , m_waterfall(waterfall)
+    , m_panes(std::move(panes))
 {
-    for (RangePane * const pane : { static_cast<RangePane *>(&spectrum), static_cast<RangePane *>(&waterfall) }) {
+    for (RangePane * const pane : m_panes) {
         pane->GetWindowFrames().Bind();
         connect(pane, &RangePane::signalMark, this, [this] { Mark(); });
     }
     for (int window = 0; window < WindowValues::Count; ++window) {
         for (int item = 0; item < WindowValues::eItemCount; ++item) {
             m_followers.push_back(std::make_unique<ValueFollower>([this] {
-                m_spectrum.updateWidget();
-                m_waterfall.updateWidget();
+                for (RangePane * const pane : m_panes)
+                    pane->updateWidget();
             }));
             m_followers.back()->Bind(WindowValues::PathOf(window, static_cast<WindowValues::Item>(item)));
         }

@@ -10,16 +10,16 @@
 #include <memory>
 #include <vector>
 
+class RangePane;
 class SpectrumPane;
-class WaterfallPane;
 
-//! The windows with which the operator marks signals: the same five in both panes.
+//! The windows with which the operator marks signals: the same five in every pane with a frequency range.
 class SignalWindows : public QObject
 {
     Q_OBJECT
 public:
-    //! \param spectrum, waterfall  borrowed: must outlive this.
-    SignalWindows(SpectrumPane & spectrum, WaterfallPane & waterfall, QObject * parent = nullptr);
+    //! \param spectrum  where signals are looked for; as all panes, it is borrowed and must outlive this.
+    SignalWindows(SpectrumPane & spectrum, std::vector<RangePane *> panes, QObject * parent = nullptr);
     ~SignalWindows() override;
 
     //! Puts the next hidden window around the highest signal in view that no window marks, without one in the middle of
@@ -38,7 +38,7 @@ private:
     void Put(int window);
 
     SpectrumPane & m_spectrum;
-    WaterfallPane & m_waterfall;
+    std::vector<RangePane *> m_panes;                        // borrowed
     std::vector<std::unique_ptr<ValueFollower>> m_followers; // of what is painted
     bool m_due = false;
 };

@@ -4,10 +4,9 @@
 #include "consolewindow.h"
 #include "icfg.h"
 #include "lineplayer.h"
+#include "panestack.h"
 #include "panetools.h"
 #include "testmain.h"
-
-#include <QSplitter>
 
 #include <map>
 

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "panestack.h"
+
+#include "rangepane.h"
+#include "valuefollower.h"
+
+#include <algorithm>
+
+PaneStack::PaneStack(QWidget * parent) : QSplitter(Qt::Vertical, parent)
+{
+    setObjectName(QStringLiteral("splitter"));
+    setChildrenCollapsible(false);
+}
+
+PaneStack::~PaneStack() = default;
+
+PaneFrame * PaneStack::AddPane(PaneForm const & form)
+{
+    auto * const frame = new PaneFrame(form, this);
+    int const index = indexOf(frame);
+    setStretchFactor(index, form.stretch);
+    m_frames.push_back(frame);
+    m_followers.push_back(nullptr);
+    if (!form.shownPath.isEmpty()) {
+        m_followers.back() = std::make_unique<ValueFollower>([this] {
+            SetFull(nullptr);
+            ShowFrames();
+        });
+        m_followers.back()->Bind(form.shownPath);
+    }
+    return frame;
+}
+
+PaneFrame * PaneStack::FrameOf(QWidget const * widget) const
+{
+    for (PaneFrame * const frame : m_frames) {
+        if (widget && (frame == widget || frame->isAncestorOf(widget)))
+            return frame;
+    }
+    return nullptr;
+}
+
+std::vector<RangePane *> PaneStack::RangePanes() const
+{
+    std::vector<RangePane *> panes;
+    for (PaneFrame const * const frame : m_frames) {
+        if (auto * const pane = qobject_cast<RangePane *>(&frame->Pane()))
+            panes.push_back(pane);
+    }
+    return panes;
+}
+
+void PaneStack::TakeLines(PaneLines const & lines)
+{
+    for (PaneFrame * const frame : m_frames)
+        frame->TakeLines(lines);
+}
+
+void PaneStack::SetFull(PaneFrame * frame)
+{
+    auto const place = std::find(m_frames.begin(), m_frames.end(), frame);
+    bool const isShown = place != m_frames.end() && IsWanted(static_cast<std::size_t>(place - m_frames.begin()));
+    if (frame == m_pFull || (frame && !isShown))
+        return;
+    if (!m_pFull)
+        m_state = saveState();
+    m_pFull = frame;
+    ShowFrames();
+    if (!m_pFull)
+        restoreState(m_state);
+}
+
+QByteArray PaneStack::State() const { return m_pFull ? m_state : saveState(); }
+
+bool PaneStack::IsWanted(std::size_t index) const { return !m_followers[index] || m_followers[index]->Flag(true); }
+
+void PaneStack::ShowFrames()
+{
+    for (std::size_t index = 0; index < m_frames.size(); ++index)
+        m_frames[index]->setVisible(m_pFull ? m_frames[index] == m_pFull : IsWanted(index));
+}
