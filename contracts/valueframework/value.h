@@ -168,7 +168,7 @@ template <class T, class Format = typename ValueTraits<T>::Format, class Stream 
 class ORIMCONTRACTS_EXPORT Value : public ValueBase
 {
 public:
-    explicit Value(QString const & name = QString(), TValueState state = eStateValid) : ValueBase(name, state) {}
+    explicit Value(QString const & name = QString(), TValueState state = eStateValid);
 
     ~Value() override { this->GoAway(); }
 
@@ -193,6 +193,12 @@ public:
 protected:
     T m_value{};
 };
+
+// Never inlined: gcc 12 stores neighbouring table pointers of a new object as one vector, does not see by it that the
+// base has become this class, and takes the next virtual call on the object for one that cannot happen.
+template <class T, class Format, class Stream>
+Q_NEVER_INLINE Value<T, Format, Stream>::Value(QString const & name, TValueState state) : ValueBase(name, state)
+{}
 
 template <class T, class Format, class Stream>
 void Value<T, Format, Stream>::SetValue(T value, IObserver * except)

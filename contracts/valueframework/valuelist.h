@@ -68,7 +68,7 @@ template <class T, class Format = typename ValueTraits<T>::Format, class Stream 
 class ORIMCONTRACTS_EXPORT ValueList : public ValueBase
 {
 public:
-    explicit ValueList(QString const & name = QString(), TValueState state = eStateValid) : ValueBase(name, state) {}
+    explicit ValueList(QString const & name = QString(), TValueState state = eStateValid);
 
     ~ValueList() override { this->GoAway(); }
 
@@ -116,6 +116,11 @@ private:
     std::vector<T> m_entries;
     std::size_t m_cursor = 0;
 };
+
+// never inlined, as that of Value
+template <class T, class Format, class Stream>
+Q_NEVER_INLINE ValueList<T, Format, Stream>::ValueList(QString const & name, TValueState state) : ValueBase(name, state)
+{}
 
 template <class T, class Format, class Stream>
 void ValueList<T, Format, Stream>::Append(T const & entry, IObserver * except)

@@ -47,9 +47,7 @@ template <class T, class Format = typename ValueTraits<T>::Format, class Stream 
 class ORIMCONTRACTS_EXPORT ValueNumeric : public Value<T, Format, Stream>, public IValueNumeric
 {
 public:
-    explicit ValueNumeric(QString const & name = QString(), TValueState state = eStateValid)
-        : Value<T, Format, Stream>(name, state)
-    {}
+    explicit ValueNumeric(QString const & name = QString(), TValueState state = eStateValid);
 
     ~ValueNumeric() override { this->GoAway(); }
 
@@ -108,6 +106,12 @@ private:
     StepGrid<T> m_grid;
     T m_interim{};
 };
+
+// never inlined, as that of Value
+template <class T, class Format, class Stream>
+Q_NEVER_INLINE ValueNumeric<T, Format, Stream>::ValueNumeric(QString const & name, TValueState state)
+    : Value<T, Format, Stream>(name, state)
+{}
 
 template <class T, class Format, class Stream>
 void ValueNumeric<T, Format, Stream>::Store(T value, IObserver * except)
