@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "captiontexts.h"
+
 #include "translationcenter.h"
+
+#include <QCoreApplication>
 
 namespace {
 
@@ -21,4 +25,12 @@ private:
 
 Registration const registration;
 
+// behind the registration, which loads the translation
+QString const pause = QCoreApplication::translate("VCCaption", "Pause");
+QString const resume = QCoreApplication::translate("VCCaption", "Resume");
+
 } // namespace
+
+QString const & CaptionTexts::Pause() { return pause; }
+
+QString const & CaptionTexts::Resume() { return resume; }

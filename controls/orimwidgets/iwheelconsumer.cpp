@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "iwheelconsumer.h"
+
+IWheelConsumer::~IWheelConsumer() = default;

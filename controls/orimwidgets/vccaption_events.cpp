@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "iwheelconsumer.h"
+#include "qtcompat.h"
+#include "vccaption.h"
+
+#include <QFocusEvent>
+
+bool VCCaption::event(QEvent * event)
+{
+    bool const isHandled = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest && !IsPictureCurrent())
+        update(); // a button that comes or goes moves the texts
+    return isHandled;
+}
+
+// Focus
+
+void VCCaption::SetFocusState(bool on)
+{
+    m_HasFocus = on;
+    BuildPixmap();
+    update();
+    Q_EMIT FocusSet(on);
+}
+
+void VCCaption::focusInEvent(QFocusEvent * /*event*/) { SetFocusState(true); }
+
+void VCCaption::focusOutEvent(QFocusEvent * /*event*/) { SetFocusState(false); }
+
+// Mouse
+
+bool VCCaption::DragsParent() const { return MainStyle() == StyleKeepOnTop && parentWidget(); }
+
+void VCCaption::mousePressEvent(QMouseEvent * event)
+{
+    if (!DragsParent()) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    m_MoveState = 1;
+    m_MovePos = GlobalPosition(event).toPoint();
+}
+
+void VCCaption::mouseMoveEvent(QMouseEvent * event)
+{
+    if (m_MoveState != 1 || !DragsParent()) {
+        QWidget::mouseMoveEvent(event);
+        return;
+    }
+    QPoint const position = GlobalPosition(event).toPoint();
+    parentWidget()->move(parentWidget()->pos() + position - m_MovePos);
+    m_MovePos = position;
+}
+
+void VCCaption::mouseReleaseEvent(QMouseEvent * event)
+{
+    if (!DragsParent()) {
+        QWidget::mouseReleaseEvent(event);
+        return;
+    }
+    m_MoveState = 0;
+}
+
+void VCCaption::mouseDoubleClickEvent(QMouseEvent * /*event*/) { Q_EMIT CaptionDoubleClick(); }
+
+void VCCaption::SetWheelConsumer(IWheelConsumer * consumer)
+{
+    m_pWheelConsumer = consumer;
+    m_WheelConsumerLife = consumer ? LifeWatch(consumer->GetConsumerLifetime()) : LifeWatch();
+}
+
+void VCCaption::wheelEvent(QWheelEvent * event)
+{
+    if (m_WheelConsumerLife.IsOver()) {
+        QWidget::wheelEvent(event);
+        return;
+    }
+    event->accept();
+    if (WheelDelta(event) < 0)
+        m_pWheelConsumer->WheelDown();
+    else
+        m_pWheelConsumer->WheelUp();
+}
