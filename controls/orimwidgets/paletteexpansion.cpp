@@ -141,9 +141,9 @@ bool PaletteExpansion::TakeColors(QImage const & picture)
     auto const table = picture.colorTable();
     m_colors.resize(Indices);
     bool opaque = true;
-    int const last = static_cast<int>(table.size()) - 1;
+    int const count = static_cast<int>(table.size());
     for (int i = 0; i < static_cast<int>(Indices); ++i) {
-        QRgb const color = last < 0 ? qRgb(i, i, i) : table.at(std::min(i, last));
+        QRgb const color = count == 0 ? qRgb(i, i, i) : i < count ? table.at(i) : 0U;
         opaque = opaque && qAlpha(color) == 255;
         m_colors[static_cast<std::size_t>(i)] = qPremultiply(color);
     }

@@ -21,7 +21,8 @@ class QPainter;
 //! \endcode
 //! Pixels are those of the screen whatever its device pixel ratio: a picture is neither smoothed nor resampled, and one
 //! that shall fill a pane has the pane's size times the ratio, over GetPixelSize(). Any other format, and a null
-//! picture, draws nothing. The picture's own ratio is not looked at, and the picture is never shared or changed.
+//! picture, draws nothing. An index beyond the palette is transparent; without a palette the indices are shades of
+//! grey. The picture's own ratio is not looked at, and the picture is never shared or changed.
 class ORIMWIDGETS_EXPORT PaletteExpansion
 {
 public:
