@@ -5,7 +5,12 @@
 #include "toint.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
+#include <QPainter>
 #include <QPalette>
+#include <QStringList>
+#include <QStyle>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -29,6 +34,14 @@ QFont WithSize(QFont font, int size)
     return font;
 }
 
+//! Whether two texts differ in digits alone, which are equally wide.
+bool AreEquallyWide(QString const & a, QString const & b)
+{
+    auto const isDigit = [](QChar sign) { return sign >= QLatin1Char('0') && sign <= QLatin1Char('9'); };
+    auto const isAlike = [&](QChar x, QChar y) { return x == y || (isDigit(x) && isDigit(y)); };
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), isAlike);
+}
+
 } // namespace
 
 VCLabel::VCLabel(QWidget * parent, char const * name, unsigned int flags)
@@ -44,8 +57,12 @@ bool VCLabel::SetValue_ValuePath(QString const & path) { return m_value.BindPath
 
 void VCLabel::setText(QString const & text)
 {
-    if (text != QLabel::text())
-        QLabel::setText(text);
+    QString const before = QLabel::text();
+    if (text == before)
+        return;
+    QLabel::setText(text);
+    if (!AreEquallyWide(text, before))
+        FitFont();
 }
 
 void VCLabel::SetBackgroundColor(QColor const & color)
@@ -78,8 +95,7 @@ QSize VCLabel::sizeHint() const
 {
     if (m_sizingText.isEmpty())
         return QLabel::sizeHint();
-    QFontMetrics const metrics(m_fullFont, this);
-    return metrics.size(0, m_sizingText) + Surround(m_fullFont);
+    return Room(m_fullFont, m_sizingText);
 }
 
 QSize VCLabel::minimumSizeHint() const
@@ -93,10 +109,41 @@ void VCLabel::resizeEvent(QResizeEvent * event)
     FitFont();
 }
 
-bool VCLabel::Fits(QFont const & font) const
+bool VCLabel::event(QEvent * event)
 {
-    QSize const wanted = QFontMetrics(font, this).size(0, m_sizingText) + Surround(font);
-    return wanted.width() <= width() && wanted.height() <= height();
+    if (event->type() != QEvent::ToolTip || !m_isCut || !toolTip().isEmpty())
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), Qt::convertFromPlainText(text()), this);
+    return true;
+}
+
+void VCLabel::paintEvent(QPaintEvent * event)
+{
+    if (!m_isCut) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    drawFrame(&painter);
+    int const inset = margin();
+    QRect const room = contentsRect().adjusted(inset, inset, -inset, -inset);
+    auto const aligned = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
+    style()->drawItemText(&painter, room, aligned, palette(), isEnabled(), ElidedText(), foregroundRole());
+}
+
+QString VCLabel::ElidedText() const
+{
+    QFontMetrics const metrics(font(), this);
+    int const room = width() - Surround(font()).width();
+    QStringList lines = text().split(QLatin1Char('\n'));
+    for (QString & line : lines)
+        line = metrics.elidedText(line, Qt::ElideRight, room);
+    return lines.join(QLatin1Char('\n'));
+}
+
+QSize VCLabel::Room(QFont const & font, QString const & text) const
+{
+    return QFontMetrics(font, this).size(0, text) + Surround(font);
 }
 
 //! The label indents its text at the edge to which it is aligned: by half an x when it has a frame.
@@ -115,9 +162,20 @@ void VCLabel::FitFont()
 {
     if (m_sizingText.isEmpty())
         return;
+    auto const fits = [this](QFont const & font) {
+        QSize const wanted = Room(font, m_sizingText).expandedTo(Room(font, text()));
+        return wanted.width() <= width() && wanted.height() <= height();
+    };
     QFont fitted = m_fullFont;
-    for (int size = SizeBelow(m_fullFont); size >= SmallestSize && !Fits(fitted); --size)
+    int size = SizeBelow(m_fullFont);
+    if (size >= SmallestSize && !fits(m_fullFont)) {
+        if (!fits(WithSize(m_fullFont, SmallestSize)))
+            size = SmallestSize; // as for a text of hundreds of digits
+        while (size > SmallestSize && !fits(WithSize(m_fullFont, size)))
+            --size;
         fitted = WithSize(m_fullFont, size);
+    }
     if (fitted != font())
         setFont(fitted);
+    m_isCut = Room(fitted, text()).width() > width();
 }

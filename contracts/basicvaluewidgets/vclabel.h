@@ -32,8 +32,9 @@ public:
     //! gives ground and text of the parent again.
     void SetBackgroundColor(QColor const & color);
     //! Sets a font, and makes it smaller until a text fits into the label: now and whenever the size changes. It is
-    //! never larger than \a font and never below 4 points or pixels.
-    //! \param text  the widest text that the label is to show; for an empty one the font is taken as it is.
+    //! never larger than \a font and never below 4 points or pixels. A wider text that is shown makes it smaller still;
+    //! one that does not fit even then ends in an ellipsis, and is told whole by the tool tip of a label without one.
+    //! \param text  the widest text that the label is made for; for an empty one the font is taken as it is.
     void SetFontOnSize(QFont const & font, QString const & text);
 
     void Update(Observable * subject, TChangeCode code) override;
@@ -42,17 +43,22 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent * event) override;
+    void paintEvent(QPaintEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
 
 private:
     void FitFont();
-    bool Fits(QFont const & font) const;
+    QString ElidedText() const;
+    //! Room that a text takes in a font, with the frame.
+    QSize Room(QFont const & font, QString const & text) const;
     //! What frame, margin and indent take beside a text in a font.
     QSize Surround(QFont const & font) const;
 
     ValueBinding<ValueBase> m_value{ this };
     QFont m_fullFont; // as given to SetFontOnSize()
     QString m_sizingText;
+    bool m_isCut = false; // the text is wider than the label in the smallest font
 };
 
 #endif

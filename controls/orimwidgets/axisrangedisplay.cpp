@@ -9,6 +9,7 @@
 #include "tree.h"
 #include "undorecording.h"
 #include "valueselection.h"
+#include "vccaption.h"
 #include "vclabel.h"
 
 #include <QLabel>
@@ -188,9 +189,8 @@ void AxisRangeDisplay::AdaptFontSize()
 {
     QFont const font(GuiBase::Instance().GetFontFamily(), FontSize);
     QString const text = SizingText();
-    for (VCLabel * const label : { m_pFirst, m_pSecond, m_pCenter })
+    for (VCLabel * const label : { m_pFirst, m_pDifference, m_pSecond, m_pCenter })
         label->SetFontOnSize(font, text);
-    m_pDifference->SetFontOnSize(font, IsTimeAxis() ? DigitsOf(SpanFormat()) : text);
     m_pButton->setFont(QFont(GuiBase::Instance().GetFontFamily()));
 }
 
@@ -384,27 +384,11 @@ void AxisRangeDisplay::ShowValues()
 {
     if (!IsReady())
         return;
-    double a = m_ruler1.Get()->GetInterimValue(); // the value itself, unless it is dragged
-    double b = m_ruler2.Get()->GetInterimValue();
-    double const difference = std::fabs(b - a);
-    if (ShowsTimeStamps())
-        std::swap(a, b);
-    double const center = (a + b) * 0.5;
-    for (VCLabel * const label : { m_pFirst, m_pDifference, m_pSecond, m_pCenter })
-        label->setToolTip(QString());
-    if (!IsTimeAxis()) {
-        write(m_pFirst, a);
-        write(m_pDifference, difference);
-        write(m_pSecond, b);
-        write(m_pCenter, center);
-        return;
-    }
-    bool const areSpans = !ShowsTimeStamps();
-    m_pFirst->setText(TimeText(a, m_formatString, areSpans));
-    m_pSecond->setText(TimeText(b, m_formatString, areSpans));
-    m_pCenter->setText(TimeText(center, m_formatString, areSpans));
-    m_pDifference->setText(TimeText(difference, SpanFormat(), true));
-    m_pDifference->setToolTip(SpanFormat());
+    double const a = m_ruler1.Get()->GetInterimValue(); // read before others hear of the changed labels
+    double const b = m_ruler2.Get()->GetInterimValue();
+    ShowTexts();
+    if (IsTimeAxis() && m_pCaption)
+        m_pCaption->SetTimeCaption(a, b);
 }
 
 // Rulers on the axis

@@ -8,6 +8,7 @@
 #include "valuebinding.h"
 #include "valuenumeric.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -19,6 +20,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class SuffixedDouble;
+class VCCaption;
 class VCLabel;
 
 //! Read-out of an axis: the values of two rulers, their difference and their centre. A double click on the difference
@@ -68,14 +70,22 @@ public:
     //! 17. Numbers beyond count as the nearest of these.
     void SetFormat(int width, int precision);
     //! How the times of rulers and centre are written, as Orim::DateTime takes it. "mm:ss" for spans and "hh:mm" for
-    //! time stamps at the start; the axis sets it as its range changes.
+    //! time stamps at the start; the axis sets it as its range changes. The difference of times is written as "mm:ss",
+    //! and to the millisecond in its tool tip. A span of an hour or more has its hours in front of the minutes that a
+    //! format starts with.
     void SetFormatString(QString const & format);
     //! The same, and the fonts leave room for this format from now on, whatever format is set later.
     void SetFormatStringForFixedSize(QString const & format);
 
-    //! Gives the read-outs the largest font, up to 12 points, in which their texts fit.
+    //! Caption that ShowValues() tells the times of the rulers of a time axis from now on; null for none. It may end
+    //! first.
+    void SetCaption(VCCaption * caption);
+
+    //! Gives the read-outs the largest font, up to 12 points, in which their texts fit: "999.999", of times "99:99", or
+    //! the format that is set for good. What is wider is written smaller, see VCLabel::SetFontOnSize().
     void AdaptFontSize();
-    //! Shows the bound values: the interim ones while they are dragged. Does nothing unless all four are bound.
+    //! Shows the bound values: the interim ones while they are dragged. On a time axis the caption shows the span
+    //! between the rulers as well. Does nothing unless all four are bound.
     void ShowValues();
     //! Shows a number in a label, as a value of the axis. "---" for NaN and infinite. Ignores null.
     void write(VCLabel * label, double value);
@@ -142,8 +152,8 @@ private:
     bool MoveRulers(TChangeCode code);
     bool Write(Binding & binding, double value, unsigned int turn);
 
-    static QString SpanFormat();
-    QString TimeText(double value, QString const & format, bool isSpan) const;
+    void ShowTexts();
+    QString TimeText(double value) const;
     SuffixedDouble const * Converter() const;
     double DisplayFactor() const;
 
@@ -163,6 +173,7 @@ private:
     int m_width = 3;
     int m_precision = 1;
     SuffixedDouble * m_pConverter = nullptr; // borrowed
+    QPointer<VCCaption> m_pCaption;          // borrowed
     QString m_formatString;
     QString m_fixedFormat;    // empty: none was set
     bool m_isBinding = false; // what is replayed is taken over at the end

@@ -8,6 +8,7 @@
 #include "suffixeddouble.h"
 #include "timetics.h"
 #include "undorecording.h"
+#include "vccaption.h"
 #include "vclabel.h"
 
 #include <QApplication>
@@ -25,6 +26,25 @@ constexpr int WidestField = 100;
 constexpr int MostDigits = 17;
 constexpr double MicrosecondsOfSecond = 1e6;
 constexpr auto MicrosecondsOfHour = static_cast<unsigned long long>(TimeTics::Hour);
+constexpr char ExactSpan[] = "mm:ss.zzz";
+
+QString HoursOf(double span)
+{
+    return QStringLiteral("%1:").arg(AxisText::TimeStamp(span) / MicrosecondsOfHour, 2, 10, QLatin1Char('0'));
+}
+
+//! \param span  us. From an hour on its hours stand in front of the minutes that the format starts with.
+QString SpanText(double span, QString const & format)
+{
+    unsigned long long const stamp = AxisText::TimeStamp(span);
+    bool const lacksHours = stamp >= MicrosecondsOfHour && format.startsWith(QLatin1String("mm"));
+    return (lacksHours ? HoursOf(span) : QString()) + Orim::DateTime(stamp).toString(format, 0);
+}
+
+QString StampText(double time, QString const & format)
+{
+    return Orim::DateTime(AxisText::TimeStamp(time)).toString(format, GuiBase::Instance().GetTimeZoneValue());
+}
 
 //! Reads a span of time, us: "12.5" (s), "1:30", "-1:02:03.5". A sign at the front counts for all of it.
 bool ReadSpan(QString const & text, double & span)
@@ -50,31 +70,36 @@ bool ReadSpan(QString const & text, double & span)
 
 // Format
 
-QString AxisRangeDisplay::SpanFormat() { return QStringLiteral("mm:ss.zzz"); }
-
 void AxisRangeDisplay::SetPixelToValueServer(AxisBase * axis)
 {
     m_server = Watch(axis);
-    ShowValues();
+    ShowTexts();
+}
+
+void AxisRangeDisplay::SetCaption(VCCaption * caption)
+{
+    m_pCaption = caption;
+    if (isVisible())
+        ShowValues();
 }
 
 void AxisRangeDisplay::SetConverter(SuffixedDouble * converter)
 {
     m_pConverter = converter;
-    ShowValues();
+    ShowTexts();
 }
 
 void AxisRangeDisplay::SetFormat(int width, int precision)
 {
     m_width = std::clamp(width, -WidestField, WidestField);
     m_precision = std::clamp(precision, 0, MostDigits);
-    ShowValues();
+    ShowTexts();
 }
 
 void AxisRangeDisplay::SetFormatString(QString const & format)
 {
     m_formatString = format;
-    ShowValues();
+    ShowTexts();
 }
 
 void AxisRangeDisplay::SetFormatStringForFixedSize(QString const & format)
@@ -109,10 +134,36 @@ void AxisRangeDisplay::write(VCLabel * label, double value)
         label->setText(QStringLiteral("%1").arg(shown, m_width, 'f', m_precision));
 }
 
-QString AxisRangeDisplay::TimeText(double value, QString const & format, bool isSpan) const
+//! A time stamp or a span in the format that is set.
+QString AxisRangeDisplay::TimeText(double value) const
 {
-    long long const zone = isSpan ? 0 : GuiBase::Instance().GetTimeZoneValue();
-    return Orim::DateTime(AxisText::TimeStamp(value)).toString(format, zone);
+    return ShowsTimeStamps() ? StampText(value, m_formatString) : SpanText(value, m_formatString);
+}
+
+void AxisRangeDisplay::ShowTexts()
+{
+    if (!IsReady())
+        return;
+    double a = m_ruler1.Get()->GetInterimValue(); // the value itself, unless it is dragged
+    double b = m_ruler2.Get()->GetInterimValue();
+    double const difference = std::fabs(b - a);
+    if (ShowsTimeStamps())
+        std::swap(a, b);
+    double const center = (a + b) * 0.5;
+    for (VCLabel * const label : { m_pFirst, m_pDifference, m_pSecond, m_pCenter })
+        label->setToolTip(QString());
+    if (!IsTimeAxis()) {
+        write(m_pFirst, a);
+        write(m_pDifference, difference);
+        write(m_pSecond, b);
+        write(m_pCenter, center);
+        return;
+    }
+    m_pFirst->setText(TimeText(a));
+    m_pSecond->setText(TimeText(b));
+    m_pCenter->setText(TimeText(center));
+    m_pDifference->setText(SpanText(difference, QStringLiteral("mm:ss")));
+    m_pDifference->setToolTip(SpanText(difference, QLatin1String(ExactSpan)));
 }
 
 // Entry
@@ -205,11 +256,10 @@ QString AxisRangeDisplay::EntryText(bool isCenter) const
 {
     double const value = (isCenter ? m_center : m_difference).Get()->GetNumericValue();
     if (isCenter && ShowsTimeStamps())
-        return TimeText(value, QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"), false);
+        return StampText(value, QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
     if (IsTimeAxis()) {
-        unsigned long long const span = AxisText::TimeStamp(std::fabs(value));
-        QString const hours = QStringLiteral("%1:").arg(span / MicrosecondsOfHour, 2, 10, QLatin1Char('0'));
-        return hours + TimeText(static_cast<double>(span % MicrosecondsOfHour), SpanFormat(), true);
+        double const span = std::fabs(value);
+        return HoursOf(span) + Orim::DateTime(AxisText::TimeStamp(span)).toString(QLatin1String(ExactSpan), 0);
     }
     double const shown = value * DisplayFactor();
     SuffixedDouble const * const converter = Converter();

@@ -11,6 +11,8 @@
 #include "testmain.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -98,6 +100,11 @@ private Q_SLOTS:
     void fontFollowsTheSize();
     void fontWithoutAText();
     void fittedFontLeavesTheLayoutAlone();
+    void widerTextMakesTheFontSmaller();
+    void boundTextMakesTheFontSmaller();
+    void textWithoutRoomEndsInAnEllipsis_data();
+    void textWithoutRoomEndsInAnEllipsis();
+    void cutTextIsToldByTheToolTip();
 };
 
 void tst_VCLabel::construction_data()
@@ -533,6 +540,110 @@ void tst_VCLabel::fittedFontLeavesTheLayoutAlone()
     QVERIFY(wanted.width() >= metrics.horizontalAdvance(QStringLiteral("999.999")));
     label.resize(wanted);
     QCOMPARE(label.font().pointSize(), 12);
+}
+
+void tst_VCLabel::widerTextMakesTheFontSmaller()
+{
+    VCLabel label;
+    label.setFrameStyle(0x32);
+    label.setAlignment(Qt::AlignCenter);
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("99:99"));
+    label.show();
+    label.resize(label.sizeHint());
+    QSize const wanted = label.sizeHint();
+    label.setText(QStringLiteral("10:20"));
+    QCOMPARE(label.font().pointSize(), 12);
+    label.setText(QStringLiteral("25:00:01"));
+    int const fitted = label.font().pointSize();
+    QVERIFY(fitted > 4 && fitted < 12);
+    QVERIFY(PlainLabelFits(label, label.text(), fitted));
+    QVERIFY(!PlainLabelFits(label, label.text(), fitted + 1));
+    label.setText(QStringLiteral("25:00:02")); // digits are equally wide
+    QCOMPARE(label.font().pointSize(), fitted);
+    label.setText(QStringLiteral("25:00-02"));
+    QVERIFY(PlainLabelFits(label, label.text(), label.font().pointSize()));
+    label.setText(QStringLiteral("WW:WW:WW"));
+    QVERIFY(label.font().pointSize() < fitted);
+    label.setText(QStringLiteral("1"));
+    QCOMPARE(label.font().pointSize(), 12);
+    QCOMPARE(label.sizeHint(), wanted); // the layout hears nothing of it
+    label.setText(QStringLiteral("25:00:01"));
+    label.resize(400, 100);
+    QCOMPARE(label.font().pointSize(), 12);
+    label.resize(wanted);
+    QCOMPARE(label.font().pointSize(), fitted);
+}
+
+void tst_VCLabel::boundTextMakesTheFontSmaller()
+{
+    auto * const value = new ValueNumeric<int>(QStringLiteral("value"));
+    Tree::Instance()->Insert(QStringLiteral("/label"), value);
+    VCLabel label;
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("99"));
+    label.resize(label.sizeHint());
+    QVERIFY(label.SetValue_ValuePath(QStringLiteral("/label/value")));
+    QCOMPARE(label.font().pointSize(), 12);
+    value->SetValue(1234, nullptr);
+    QVERIFY(label.font().pointSize() < 12);
+}
+
+void tst_VCLabel::textWithoutRoomEndsInAnEllipsis_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a number") << QString(60, QLatin1Char('8'));
+    QTest::newRow("two lines") << QStringLiteral("12\n") + QString(60, QLatin1Char('8'));
+}
+
+void tst_VCLabel::textWithoutRoomEndsInAnEllipsis()
+{
+    QFETCH(QString, text);
+    VCLabel label;
+    label.setFrameStyle(0x32);
+    label.setAlignment(Qt::AlignCenter);
+    label.show();
+    label.resize(60, 30);
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("99:99"));
+    label.setText(text);
+    QCOMPARE(label.text(), text);
+    QCOMPARE(label.font().pointSize(), 4);
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString & line : lines)
+        line = label.fontMetrics().elidedText(line, Qt::ElideRight, label.contentsRect().width());
+    QVERIFY(lines.last().endsWith(QChar(0x2026)));
+    QLabel plain(lines.join(QLatin1Char('\n')));
+    plain.setFrameStyle(0x32);
+    plain.setAlignment(Qt::AlignCenter);
+    plain.setFont(label.font());
+    plain.resize(60, 30);
+    QVERIFY(label.grab().toImage() == plain.grab().toImage());
+    label.resize(400, 30);
+    QVERIFY(label.font().pointSize() > 4);
+}
+
+void tst_VCLabel::cutTextIsToldByTheToolTip()
+{
+    auto const asked = [](QWidget & widget) {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), widget.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&widget, &help);
+        QString const told = QToolTip::isVisible() ? QToolTip::text() : QString();
+        return told;
+    };
+    VCLabel label;
+    label.resize(40, 20);
+    label.show();
+    label.SetFontOnSize(QFont(QStringLiteral("DejaVu Sans"), 12), QStringLiteral("99"));
+    label.setText(QStringLiteral("12"));
+    QCOMPARE(asked(label), QString());
+    QString const wide = QStringLiteral("<b>0123456789012345678901234567890123456789");
+    label.setText(wide);
+    QCOMPARE(asked(label), Qt::convertFromPlainText(wide));
+    label.setToolTip(QStringLiteral("its own"));
+    QCOMPARE(asked(label), QStringLiteral("its own"));
+    label.setToolTip(QString());
+    label.resize(600, 20);
+    QTRY_VERIFY(!QToolTip::isVisible() || asked(label).isEmpty());
+    QCOMPARE(asked(label), QString());
 }
 
 ORIM_TEST_MAIN(tst_VCLabel)

@@ -2,11 +2,14 @@
 #include "rangescene.h"
 
 #include "colorset.h"
+#include "specialdoubles.h"
 #include "testmain.h"
 #include "valueselection.h"
+#include "vccaption.h"
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -67,6 +70,19 @@ private Q_SLOTS:
     void sizingTexts();
     void fontFollowsTheFamily();
     void toolTipsOfValues();
+    void noNumberIsCut_data();
+    void noNumberIsCut();
+    void everyNumberIsWritten();
+
+    // the caption
+    void captionTakesTheTimes_data();
+    void captionTakesTheTimes();
+    void captionOfNumbersIsLeftAlone();
+    void captionFollowsADraggedRuler();
+    void captionKeepsItsSpanForEqualRulers();
+    void captionTakesTheTimesAtOnce();
+    void captionOfAHiddenDisplay();
+    void captionEndsFirst();
 };
 
 void tst_axisrangedisplay::cleanup()
@@ -410,9 +426,14 @@ void tst_axisrangedisplay::readOuts_data()
     row("negative", 1, -30.0, -10.0, "-30.0|20.0|-10.0|-20.0");
     row("equal", 1, 5.0, 5.0, "5.0|0.0|5.0|5.0");
     row("below one", 1, 0.0, 0.4, "0.0|0.4|0.4|0.2");
-    row("spans keep their order", 3, 60e6, 90e6, "01:00|00:30.000|01:30|01:15");
-    row("times: the later one first", 5, 60e6, 180e6, "00:03|02:00.000|00:01|00:02");
-    row("both bits: spans", 7, 60e6, 90e6, "01:00|00:30.000|01:30|01:15");
+    row("spans keep their order", 3, 60e6, 90e6, "01:00|00:30|01:30|01:15");
+    row("times: the later one first", 5, 60e6, 180e6, "00:03|02:00|00:01|00:02");
+    row("both bits: spans", 7, 60e6, 90e6, "01:00|00:30|01:30|01:15");
+    row("less than a second", 5, 60e6, 60.25e6, "00:01|00:00|00:01|00:01");
+    row("spans just below an hour", 3, 0.0, 3599.999e6, "00:00|59:59|59:59|29:59");
+    row("spans of an hour have their hours", 3, 0.0, 3600e6, "00:00|01:00:00|01:00:00|30:00");
+    row("a day between two times", 5, 60e6, 90061e6, "01:01|25:00:01|00:01|12:31");
+    row("a hundred hours between two times", 5, 60e6, 360060e6, "04:01|100:00:00|00:01|02:01");
 }
 
 void tst_axisrangedisplay::readOuts()
@@ -496,7 +517,7 @@ void tst_axisrangedisplay::times()
     Stage stage(AxisRangeDisplay::StyleHorizontal | AxisRangeDisplay::StyleTime, AcrossTime);
     stage.Rulers(Today, Today + 90.25 * Second);
     stage.display->SetFormatString(QStringLiteral("hh:mm:ss"));
-    QCOMPARE(stage.Texts(), QStringLiteral("15:01:30|01:30.250|15:00:00|15:00:45").split(QLatin1Char('|')));
+    QCOMPARE(stage.Texts(), QStringLiteral("15:01:30|01:30|15:00:00|15:00:45").split(QLatin1Char('|')));
     stage.display->SetFormatString(QString());
     QCOMPARE(stage.Text("First Ruler"), QString());
 }
@@ -507,11 +528,17 @@ void tst_axisrangedisplay::spans()
     Stage stage(AxisRangeDisplay::StyleTimeSpan);
     stage.Rulers(0.0, 61.5 * Second);
     stage.display->SetFormatString(QStringLiteral("hh:mm:ss"));
-    QCOMPARE(stage.Texts(), QStringLiteral("00:00:00|01:01.500|00:01:01|00:00:30").split(QLatin1Char('|')));
+    QCOMPARE(stage.Texts(), QStringLiteral("00:00:00|01:01|00:01:01|00:00:30").split(QLatin1Char('|')));
     stage.Rulers(-5e6, 5e6); // before the start there is none
     stage.display->ShowValues();
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("00:00:00"));
-    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:10.000"));
+    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:10"));
+    stage.Rulers(0.0, 25.0 * 3600.0 * Second);
+    stage.display->ShowValues();
+    QCOMPARE(stage.Text("Second Ruler"), QStringLiteral("01:00:00")); // a format with hours is taken as it is
+    stage.display->SetFormatString(QStringLiteral("ss"));
+    QCOMPARE(stage.Text("Second Ruler"), QStringLiteral("00"));
+    QCOMPARE(stage.Text("Difference"), QStringLiteral("25:00:00"));
 }
 
 void tst_axisrangedisplay::zoneChanges()
@@ -526,7 +553,7 @@ void tst_axisrangedisplay::zoneChanges()
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("17:01"));
     QCOMPARE(stage.Text("Second Ruler"), QStringLiteral("17:00"));
     QCOMPARE(stage.Text("Center"), QStringLiteral("17:00"));
-    QCOMPARE(stage.Text("Difference"), QStringLiteral("01:00.000")); // a span
+    QCOMPARE(stage.Text("Difference"), QStringLiteral("01:00")); // a span
     GuiBase::Instance().GetTimeZone()->Select(-12600L, nullptr);
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("11:31"));
 }
@@ -543,7 +570,7 @@ void tst_axisrangedisplay::fixedSize()
     QVERIFY(hint(times, "First Ruler") < hint(numbers, "First Ruler"));
     QCOMPARE(hint(spans, "First Ruler"), hint(times, "First Ruler"));
     QCOMPARE(hint(numbers, "Difference"), hint(numbers, "First Ruler"));
-    QVERIFY(hint(times, "Difference") > hint(times, "First Ruler")); // mm:ss.zzz
+    QCOMPARE(hint(times, "Difference"), hint(times, "First Ruler"));
     int const before = hint(times, "Center");
     times.SetFormatString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     QCOMPARE(hint(times, "Center"), before);
@@ -553,6 +580,7 @@ void tst_axisrangedisplay::fixedSize()
     times.SetFormatString(QStringLiteral("mm"));
     times.AdaptFontSize();
     QCOMPARE(hint(times, "Center"), fixed);
+    QCOMPARE(hint(times, "Difference"), fixed);
     times.SetFormatStringForFixedSize(QStringLiteral("99:99:99"));
     QCOMPARE(hint(times, "Center"), fixed); // a letter counts as a digit
 }
@@ -570,10 +598,9 @@ void tst_axisrangedisplay::sizingTexts()
         label.SetFontOnSize(QFont(GuiBase::Instance().GetFontFamily(), 12), QLatin1String(text));
         return label.sizeHint().width();
     };
-    QCOMPARE(hint(1, "First Ruler"), told("999.999"));
-    QCOMPARE(hint(1, "Center"), told("999.999"));
-    QCOMPARE(hint(5, "First Ruler"), told("99:99"));
-    QCOMPARE(hint(3, "Center"), told("99:99"));
+    for (char const * const name : { "First Ruler", "Difference", "Second Ruler", "Center" })
+        for (unsigned int const style : { 0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U })
+            QCOMPARE(hint(style, name), told((style & 6U) != 0 ? "99:99" : "999.999"));
 }
 
 void tst_axisrangedisplay::fontFollowsTheFamily()
@@ -606,11 +633,198 @@ void tst_axisrangedisplay::toolTipsOfValues()
         for (char const * const name : { "First Ruler", "Difference", "Second Ruler", "Center" })
             QCOMPARE(stage.Part(name)->toolTip(), QString());
     }
-    Stage times(AxisRangeDisplay::StyleTime, AcrossTime);
-    times.display->ShowValues();
-    QCOMPARE(times.Part("Difference")->toolTip(), QStringLiteral("mm:ss.zzz"));
-    QCOMPARE(times.Part("Center")->toolTip(), QString());
-    QCOMPARE(times.Part<QLabel>("up")->toolTip(), QStringLiteral("Upper Ruler")); // the arrows keep theirs
+    for (unsigned int const style : { 2U, 4U, 6U }) {
+        Stage times(style, AcrossTime);
+        times.Rulers(Today, Today + 90.25 * Second);
+        times.display->ShowValues();
+        QCOMPARE(times.Part("Difference")->toolTip(), QStringLiteral("01:30.250"));
+        QCOMPARE(times.Part("Center")->toolTip(), QString());
+        QCOMPARE(times.Part<QLabel>("up")->toolTip(), QStringLiteral("Upper Ruler")); // the arrows keep theirs
+        times.ruler2->SetValue(Today + 25.0 * 3600.0 * Second, nullptr);
+        times.display->ShowValues();
+        QCOMPARE(times.Part("Difference")->toolTip(), QStringLiteral("25:00:00.000"));
+    }
+}
+
+void tst_axisrangedisplay::noNumberIsCut_data()
+{
+    QTest::addColumn<unsigned int>("style");
+    QTest::addColumn<QVector<double>>("rulers");
+    QTest::addColumn<QString>("format");
+    QTest::newRow("a short number") << 1U << QVector<double>{ 1.0, 2.0 } << QString();
+    QTest::newRow("ten digits") << 1U << QVector<double>{ -1234567890.1, 1234567890.1 } << QString();
+    QTest::newRow("upright") << 0U << QVector<double>{ -1234567890.1, 1234567890.1 } << QString();
+    QTest::newRow("a date") << 5U << QVector<double>{ Today, Today + Second } << QStringLiteral("yyyy-MM-dd");
+    QTest::newRow("a thousand hours") << 5U << QVector<double>{ Today, Today + 3.6e6 * Second }
+                                      << QStringLiteral("hh:mm");
+}
+
+void tst_axisrangedisplay::noNumberIsCut()
+{
+    QFETCH(unsigned int, style);
+    QFETCH(QVector<double>, rulers);
+    QFETCH(QString, format);
+    Stage stage(style, (style & 4U) != 0 ? AcrossTime : Across);
+    stage.Show();
+    stage.axis.resize(600, 200);
+    int const points = stage.Part("First Ruler")->font().pointSize();
+    stage.display->SetFormatString(format);
+    QStringList const names{ QStringLiteral("First Ruler"), QStringLiteral("Difference"),
+                             QStringLiteral("Second Ruler"), QStringLiteral("Center") };
+    stage.Rulers(rulers[0], rulers[1]);
+    for (QString const & name : names) {
+        auto const * const label = stage.display->findChild<VCLabel *>(name);
+        QVERIFY(label->isVisible() && !label->text().isEmpty());
+        QVERIFY(label->fontMetrics().size(0, label->text()).width() <= label->contentsRect().width());
+    }
+    stage.Rulers(1.0, 2.0);
+    stage.display->SetFormatString(QStringLiteral("hh:mm"));
+    for (QString const & name : names)
+        QCOMPARE(stage.display->findChild<VCLabel *>(name)->font().pointSize(), points); // as large as before
+}
+
+void tst_axisrangedisplay::everyNumberIsWritten()
+{
+    Stage stage;
+    stage.Show();
+    for (double const factor : SpecialDoubles()) {
+        stage.axis.SetDisplayFactor(factor);
+        for (double const value : SpecialDoubles()) {
+            VCLabel label;
+            stage.display->write(&label, value);
+            bool isNumber = false;
+            label.text().toDouble(&isNumber);
+            QCOMPARE(isNumber, std::isfinite(value * stage.axis.GetDisplayFactor()));
+            QVERIFY(isNumber || label.text() == QLatin1String("---"));
+        }
+    }
+}
+
+// The caption
+
+void tst_axisrangedisplay::captionTakesTheTimes_data()
+{
+    QTest::addColumn<unsigned int>("style");
+    QTest::addColumn<QVector<double>>("rulers");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("times") << 5U << QVector<double>{ Today, Today + 90.25 * Second }
+                           << QStringLiteral("2026-11-21 15:00:00.000... 01:30.250[01:30.250");
+    QTest::newRow("upright") << 4U << QVector<double>{ Today, Today + Second }
+                             << QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000");
+    QTest::newRow("crossed") << 5U << QVector<double>{ Today + 90.25 * Second, Today }
+                             << QStringLiteral("2026-11-21 15:00:00.000... 01:30.250[01:30.250");
+    QTest::newRow("spans") << 3U << QVector<double>{ 5e6, 7.5e6 }
+                           << QStringLiteral("1970-01-01 00:00:05.000... 00:07.500[00:02.500");
+    QTest::newRow("both bits") << 7U << QVector<double>{ 5e6, 7.5e6 }
+                               << QStringLiteral("1970-01-01 00:00:05.000... 00:07.500[00:02.500");
+    QTest::newRow("before the start of time")
+        << 5U << QVector<double>{ -5e6, 5e6 } << QStringLiteral("1970-01-01 00:00:00.000... 00:05.000[00:10.000");
+}
+
+void tst_axisrangedisplay::captionTakesTheTimes()
+{
+    QFETCH(unsigned int, style);
+    QFETCH(QVector<double>, rulers);
+    Stage stage(style, AcrossTime);
+    VCCaption caption;
+    stage.display->SetCaption(&caption);
+    stage.Rulers(rulers[0], rulers[1]);
+    stage.display->ShowValues(); // also while it is hidden
+    QTEST(caption.GetCaptionCenter(), "text");
+    caption.SetCaptionCenter(QString());
+    stage.Show();
+    QTEST(caption.GetCaptionCenter(), "text");
+}
+
+void tst_axisrangedisplay::captionOfNumbersIsLeftAlone()
+{
+    Stage stage;
+    VCCaption caption;
+    caption.SetCaptionCenter(QStringLiteral("mine"));
+    stage.display->SetCaption(&caption);
+    stage.Rulers(1e6, 2e6);
+    stage.Show();
+    stage.display->ShowValues();
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("mine"));
+}
+
+void tst_axisrangedisplay::captionFollowsADraggedRuler()
+{
+    Stage stage(5U, AcrossTime);
+    VCCaption caption;
+    stage.display->SetCaption(&caption);
+    stage.Rulers(Today, Today + Second);
+    stage.Show();
+    stage.ruler2->SetInterimValue(Today + 2.0 * Second, nullptr);
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
+    stage.ruler2->SetInterimValue(Today + 3.0 * Second, nullptr);
+    stage.ruler2->CommitInterimValue(nullptr);
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:03.000[00:03.000"));
+    stage.center->SetValue(Today + 60.0 * Second, nullptr);
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:58.500... 01:01.500[00:03.000"));
+}
+
+void tst_axisrangedisplay::captionKeepsItsSpanForEqualRulers()
+{
+    Stage stage(5U, AcrossTime);
+    VCCaption caption;
+    stage.display->SetCaption(&caption);
+    stage.Rulers(Today, Today + Second);
+    stage.Show();
+    stage.ruler1->SetValue(Today + Second, nullptr);
+    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:00"));
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
+}
+
+void tst_axisrangedisplay::captionTakesTheTimesAtOnce()
+{
+    Stage stage(5U, AcrossTime);
+    stage.Rulers(Today, Today + Second);
+    stage.Show();
+    VCCaption first;
+    VCCaption second;
+    stage.display->SetCaption(&first);
+    QCOMPARE(first.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
+    stage.display->SetCaption(&second);
+    stage.ruler2->SetValue(Today + 2.0 * Second, nullptr);
+    QCOMPARE(first.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
+    QCOMPARE(second.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
+    stage.display->SetCaption(nullptr);
+    stage.ruler2->SetValue(Today + 3.0 * Second, nullptr);
+    QCOMPARE(second.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
+}
+
+void tst_axisrangedisplay::captionOfAHiddenDisplay()
+{
+    Stage stage(5U, AcrossTime);
+    VCCaption caption;
+    caption.SetCaptionCenter(QStringLiteral("of the waterfall"));
+    stage.display->SetCaption(&caption);
+    stage.Rulers(Today, Today + Second);
+    stage.axis.SetRange(Today, Today + 7.0 * 3600.0 * Second); // a format of its own
+    stage.display->SetFormatString(QStringLiteral("hh:mm:ss"));
+    stage.display->SetFormatStringForFixedSize(QStringLiteral("hh:mm:ss"));
+    stage.display->SetFormat(3, 2);
+    stage.display->SetConverter(nullptr);
+    stage.display->SetPixelToValueServer(&stage.axis);
+    GuiBase::Instance().GetTimeZone()->Select(7200L, nullptr);
+    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("of the waterfall"));
+}
+
+void tst_axisrangedisplay::captionEndsFirst()
+{
+    Stage stage(5U, AcrossTime);
+    stage.Rulers(Today, Today + Second);
+    auto caption = std::make_unique<VCCaption>();
+    stage.display->SetCaption(caption.get());
+    stage.Show();
+    caption.reset();
+    stage.ruler2->SetValue(Today + 2.0 * Second, nullptr);
+    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:02"));
+    VCCaption lives;
+    stage.display->SetCaption(&lives);
+    delete stage.display;
+    QVERIFY(!lives.GetCaptionCenter().isEmpty());
 }
 
 ORIM_TEST_MAIN(tst_axisrangedisplay)
