@@ -71,7 +71,7 @@ public:
     void ClearAll() override;
     void reset();
 
-    static constexpr long long m_sMostPixels = 1LL << 26;
+    static constexpr long long m_sMostPixels = 1LL << 25;
 
     // Pixels. While ageing is off, or without a picture, nothing is set.
 
