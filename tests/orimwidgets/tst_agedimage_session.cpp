@@ -6,6 +6,7 @@
 #include "agedimageaccess.h"
 #include "axisbase.h"
 #include "guibase.h"
+#include "krexception.h"
 #include "testmain.h"
 #include "valueagedimage.h"
 #include "valueselection.h"
@@ -149,15 +150,10 @@ void Session::StepOfValues(int step, int round)
 {
     if (auto * const active = step == 0 ? ValueOf<Value<bool>>(eActive) : nullptr)
         active->SetValue(round % 3 != 2, nullptr);
-    if (auto * const steps = step == 1 ? ValueOf<ValueSelection>(eSteps) : nullptr) {
-        try {
-            steps->SelectIndex(round % 5, nullptr);
-        } catch (std::exception const &) { // the choice that does not fit
-            Count();
-        }
-    }
+    if (auto * const steps = step == 1 ? ValueOf<ValueSelection>(eSteps) : nullptr)
+        steps->SelectIndex(round % 5, nullptr);
     if (auto * const driver = step == 2 ? ValueOf<ValueAgedImage>(eDriver) : nullptr)
-        if (m_pImage)
+        if (m_pImage && driver->HasObserver(m_pImage.data())) // who will take itself back
             driver->SetApplyAgedImage(round % 2 == 0 ? nullptr : m_pImage.data());
     if (step == 3)
         Feed(round);
@@ -215,16 +211,14 @@ void Session::StepOfPixels(int step, int round)
 
 void Session::Step(int step, int round)
 {
-    if (step < 6)
-        return StepOfValues(step, round);
-    if (!m_pImage)
-        return;
     try {
-        if (step < 16)
+        if (step < 6)
+            StepOfValues(step, round);
+        else if (step < 16 && m_pImage)
             StepOfPicture(step, round);
-        else
+        else if (m_pImage)
             StepOfPixels(step, round);
-    } catch (std::exception const &) { // after the choice that does not fit
+    } catch (KRException const &) { // the choice that does not fit
         Count();
     }
 }
