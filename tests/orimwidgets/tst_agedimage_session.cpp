@@ -225,7 +225,7 @@ void Session::Step(int step, int round)
 
 int Session::Run()
 {
-    for (int round = 0; round < 7; ++round)
+    for (int round = 0; round < 8; ++round)
         for (int step = 0; step < 22; ++step) {
             Step(step, round);
             Count();
