@@ -401,9 +401,11 @@ void AgedImage::ApplyColors2Image()
     int const length = m_ColorsPerQualityStep;
     int const blocks = length > 0 ? std::clamp(m_QualitySteps, 1, AgedPalette::MarkerEntry / length) : 0;
     for (int first = 0; first < blocks * length; first += length)
-        for (int age = 0; age < length; ++age)
+        for (int age = 0; age < length; ++age) {
+            int const entry = first + age;
             m_pImage->setColor(first + AgedPalette::IndexOfAge(age, m_ColorPosition, length),
-                               m_Colors[static_cast<std::size_t>(first + age)]);
+                               m_Colors[static_cast<std::size_t>(entry)]);
+        }
     m_Colors[AgedPalette::MarkerEntry] = MarkerColor();
     m_pImage->setColor(AgedPalette::MarkerEntry, m_Colors[AgedPalette::MarkerEntry]);
     m_pImage->setColor(AgedPalette::BackgroundEntry, m_Colors[AgedPalette::BackgroundEntry]);

@@ -73,6 +73,7 @@ private Q_SLOTS:
     void clearsToALine();
     void backgroundIsOnlyStored();
     void resetsTheBackground();
+    void debugPatternIsNone();
     void backgroundEndsFirst();
     void pixelLivesAllSteps_data();
     void pixelLivesAllSteps();
@@ -438,6 +439,9 @@ void tst_AgedImage::inputNeedsAgeingAndAPicture()
     image.SetAgeing(false);
     QVERIFY(image.GetDirty());
     QVERIFY(!image.GetAgeing());
+    image.SetCurrentTime(1000000);
+    image.SetCurrentTime(1500000); // a stream goes on
+    QCOMPARE(image.m_switches, 1);
     image.ClearDirty();
     image.SetAgeing(true);
     QVERIFY(image.GetDirty());
@@ -555,6 +559,14 @@ void tst_AgedImage::resetsTheBackground()
     empty.ResetBackground();
     QVERIFY(!empty.GetDirty());
     QCOMPARE(server.m_asked, 1);
+}
+
+void tst_AgedImage::debugPatternIsNone()
+{
+    AgedImageAccess image(5, 2);
+    image.SetDebugPattern();
+    QCOMPARE(image.SetPixels(), 0);
+    QVERIFY(!image.GetDirty());
 }
 
 void tst_AgedImage::backgroundEndsFirst()
