@@ -41,6 +41,7 @@ bool IsLevel(MarkerRow const & row) { return (row.special & eSpecialY) != 0; }
 ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, PaneStack const & panes, QObject * parent)
     : QObject(parent)
     , m_spectrum(spectrum)
+    , m_rulers({ ConsolePaths::Marker1, ConsolePaths::Marker2, ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper })
 {
     static_assert(MarkerRows.size() == Count, "one row a marker");
     AddLists(panes);
@@ -152,8 +153,11 @@ void ConsoleMarkers::slotLineShown()
 
 void ConsoleMarkers::slotState(QString const & path, EMarkerState state, bool value)
 {
+    bool const areRulers =
+        path == QLatin1String(ConsolePaths::MarkerLower) || path == QLatin1String(ConsolePaths::MarkerUpper);
     for (MarkerRow const & row : MarkerRows) {
-        if (state == eMarkerShow && path == QLatin1String(row.path))
+        bool const isMeant = path == QLatin1String(row.path) || (areRulers && !IsLevel(row));
+        if (state == eMarkerShow && isMeant)
             ConsoleValues::SetFlag(row.shownPath, value);
     }
 }

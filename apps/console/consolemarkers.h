@@ -3,7 +3,7 @@
 #define ORIM_CONSOLEMARKERS_H
 
 #include "marker.h"
-#include "paneframe.h"
+#include "rangerulers.h"
 #include "valuefollower.h"
 
 #include <QObject>
@@ -49,6 +49,7 @@ private:
     std::vector<MarkerList *> m_lists; // borrowed
     std::vector<std::unique_ptr<ValueFollower>> m_shown;
     std::array<bool, Count> m_placed{};
+    RangeRulers m_rulers; // of the frequency markers
 };
 
 #endif

@@ -26,23 +26,16 @@ struct NumberRow
     double start;
 };
 
-constexpr std::array<NumberRow, 17> NumberRows{ {
-    { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
-    { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
-    { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },
-    { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::BandStart, -1e12, 1e12, 0.0, -0.5 },
-    { ConsolePaths::BandStop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::DeviceStart, -1e12, 1e12, 0.0, -0.5 },
-    { ConsolePaths::DeviceStop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },
-    { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
-    { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },
-    { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
-    { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },
-    { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
-    { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },
-    { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
+constexpr std::array<NumberRow, 19> NumberRows{ {
+    { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },         { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
+    { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },         { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::BandStart, -1e12, 1e12, 0.0, -0.5 },     { ConsolePaths::BandStop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::DeviceStart, -1e12, 1e12, 0.0, -0.5 },   { ConsolePaths::DeviceStop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },   { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
+    { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },       { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
+    { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },        { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },        { ConsolePaths::MarkerLower, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::MarkerUpper, -1e12, 1e12, 0.0, 0.0 },    { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
     { ConsolePaths::SelectedBearing, -1.0, 7.0, 1.0, -1.0 },
 } };
 
@@ -248,8 +241,8 @@ void ConsoleValues::LimitCentre()
 void ConsoleValues::LimitToBand()
 {
     QScopedValueRollback<bool> const guard(m_coupling, true); // the ends follow when the limits hold
-    for (char const * const path :
-         { ConsolePaths::Start, ConsolePaths::Stop, ConsolePaths::Marker1, ConsolePaths::Marker2 }) {
+    for (char const * const path : { ConsolePaths::Start, ConsolePaths::Stop, ConsolePaths::Marker1,
+                                     ConsolePaths::Marker2, ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper }) {
         if (ValueNumeric<double> * const value = Number(path))
             value->SetMinMax(m_band.start, m_band.start + m_band.span, 0.0, nullptr);
     }

@@ -39,6 +39,9 @@ constexpr char const * Marker1Shown = "/console/markers/marker1Shown"; // flag, 
 constexpr char const * Marker2Shown = "/console/markers/marker2Shown";
 constexpr char const * LevelMarkerShown = "/console/markers/levelShown";
 
+constexpr char const * MarkerLower = "/console/markers/lower"; // Hz, the lower one of the two frequency markers
+constexpr char const * MarkerUpper = "/console/markers/upper"; // Hz, the other one
+
 constexpr char const * PersistenceShown = "/console/panes/persistence"; // flag, as those below
 constexpr char const * AzimuthShown = "/console/panes/azimuth";
 constexpr char const * ElevationShown = "/console/panes/elevation";

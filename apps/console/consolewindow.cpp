@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "consolewindow.h"
 
+#include "axisrangedisplay.h"
 #include "colorset.h"
 #include "consolemarkers.h"
 #include "controlstrip.h"
@@ -13,6 +14,7 @@
 #include "panecolors.h"
 #include "panestack.h"
 #include "positionbar.h"
+#include "rangebar.h"
 #include "signalwindows.h"
 #include "spectrumpane.h"
 #include "statusline.h"
@@ -65,6 +67,7 @@ ConsoleWindow::ConsoleWindow(std::unique_ptr<LinePlayer> player, QString const &
     ConnectPlayer();
     FollowValues();
     BindPanes();
+    BuildRanges();
     m_pMarkers = new ConsoleMarkers(*m_pSpectrum, *m_pPanes, this);
     m_pWindows = new SignalWindows(*m_pSpectrum, m_pPanes->RangePanes(), this);
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &ConsoleWindow::slotColorsChanged);
@@ -139,9 +142,12 @@ void ConsoleWindow::BuildPanes()
     m_pSpectrum = new SpectrumPane;
     m_pWaterfall = new WaterfallPane;
     m_pPanes->AddPane({ m_pSpectrum, tr("Spectrum"), 2, PaneLevels::eRows, QString(),
-                        [this](PaneLines const & lines) { m_pSpectrum->SetLine(lines.back()); } });
-    m_pPanes->AddPane({ m_pWaterfall, tr("Waterfall"), 3, PaneLevels::eColors, QString(),
-                        [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); } });
+                        [this](PaneLines const & lines) { m_pSpectrum->SetLine(lines.back()); }, nullptr, false,
+                        true });
+    m_pTimes = m_pPanes->AddPane({ m_pWaterfall, tr("Waterfall"), 3, PaneLevels::eColors, QString(),
+                                   [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); }, nullptr, true,
+                                   true });
+    connect(m_pWaterfall, &WaterfallPane::signalTimes, this, &ConsoleWindow::slotTimes);
     for (RangePane * const pane : m_pPanes->RangePanes())
         pane->SetFrameStats(&m_stats);
 }
@@ -150,12 +156,15 @@ void ConsoleWindow::ConnectPlayer()
 {
     LinePlayer * const player = m_pPlayer.get();
     m_pPosition->SetDuration(player->Duration());
-    m_pPosition->SetPlaying(player->IsPlaying());
+    connect(player, &LinePlayer::signalPlaying, this, &ConsoleWindow::ShowState);
     connect(player, &LinePlayer::signalLines, this, &ConsoleWindow::slotLines);
     connect(player, &LinePlayer::signalPosition, m_pPosition, &PositionBar::SetPosition);
     connect(m_pPosition, &PositionBar::signalSeek, player, &LinePlayer::Seek);
+    connect(m_pPosition, &PositionBar::signalSeek, this, &ConsoleWindow::ShowState);
+    connect(m_pPanes, &PaneStack::signalPlay, this, &ConsoleWindow::slotPlay);
     connect(m_pPosition, &PositionBar::signalPlay, this, [this] { slotPlay(true); });
     connect(m_pPosition, &PositionBar::signalPause, this, [this] { slotPlay(false); });
+    ShowState();
 }
 
 void ConsoleWindow::BindPanes()
@@ -192,6 +201,16 @@ void ConsoleWindow::BindLevels(RangePane & pane)
     levels.SetDefaultRange(LevelFloor, FullScale);
     levels.SetLeastSpan(ConsoleValues::LeastLevelSpan);
     connect(&levels, &ScaleAxis::signalBest, this, &ConsoleWindow::FitLevelRange);
+}
+
+void ConsoleWindow::BuildRanges()
+{
+    for (PaneFrame const * const frame : m_pPanes->Frames()) {
+        if (auto * const pane = qobject_cast<RangePane *>(&frame->Pane()))
+            frame->Ranges().Add({ &pane->GetFrequencyAxis(), "frequencyRange", AxisRangeDisplay::StyleHorizontal,
+                                  ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper, ConsolePaths::Marker1Shown,
+                                  ConsolePaths::Marker2Shown });
+    }
 }
 
 void ConsoleWindow::FollowValues()
@@ -309,17 +328,44 @@ void ConsoleWindow::slotPlay(bool play)
         m_pPlayer->Play();
     else
         m_pPlayer->Pause();
-    m_pPosition->SetPlaying(m_pPlayer->IsPlaying());
+}
+
+void ConsoleWindow::slotTimes()
+{
+    WaterfallImage const & image = m_pWaterfall->GetImage();
+    if (image.Filled() > 0)
+        m_pTimes->SetTimes(image.Stamp(image.Filled() - 1), image.Stamp(0));
+    else
+        m_pTimes->SetTimes(0.0, 0.0);
+}
+
+//! Tells everywhere whether the data stream plays. A recording is played as a ring: only one that pauses stands at its
+//! end.
+void ConsoleWindow::ShowState()
+{
+    bool const playing = m_pPlayer->IsPlaying();
+    m_pPosition->SetPlaying(playing);
+    m_pPanes->SetPlaying(playing);
+    bool const isAtEnd =
+        m_pPlayer->Duration() > 0.0 && m_pPlayer->Position() + 1.0 / m_pPlayer->LineRate() >= m_pPlayer->Duration();
+    QString const standing = isAtEnd ? tr("End of recording") : tr("Paused");
+    for (PaneFrame * const frame : m_pPanes->Frames()) {
+        bool const tellsRate = frame == m_pTimes && m_rate > 0.0;
+        QString const running =
+            tellsRate ? tr("Running  %1 lines/s").arg(QString::number(m_rate, 'f', 1)) : tr("Running");
+        frame->SetState(playing ? running : standing);
+    }
 }
 
 void ConsoleWindow::ShowFigures()
 {
     double const now = m_load.Seconds();
     double const passed = now - m_secondsAtStatus;
-    double const rate = passed > 0.0 ? static_cast<double>(m_taken - m_takenAtStatus) / passed : 0.0;
+    m_rate = passed > 0.0 ? static_cast<double>(m_taken - m_takenAtStatus) / passed : 0.0;
     m_takenAtStatus = m_taken;
     m_secondsAtStatus = now;
-    m_pStatus->SetFigures(rate, m_pPlayer->Dropped() + m_pPlayer->Skipped(), m_stats.MeanMilliseconds());
+    m_pStatus->SetFigures(m_rate, m_pPlayer->Dropped() + m_pPlayer->Skipped(), m_stats.MeanMilliseconds());
+    ShowState();
 }
 
 void ConsoleWindow::timerEvent(QTimerEvent * event)

@@ -19,6 +19,7 @@
 class ConsoleMarkers;
 class ControlStrip;
 class LinePlayer;
+class PaneFrame;
 class PaneStack;
 class PositionBar;
 class QComboBox;
@@ -78,12 +79,15 @@ private:
     void ConnectPlayer();
     void BindPanes();
     void BindLevels(RangePane & pane);
+    void BuildRanges();
     void FollowValues();
     void FollowBand(SpectrumLine const & line);
     void ForgetRanges();
     void slotLines();
     void slotColorsChanged();
     void slotPlay(bool play);
+    void slotTimes();
+    void ShowState();
     void ShowFigures();
 
     ConsoleValues m_values;
@@ -95,6 +99,7 @@ private:
     quint64 m_taken = 0;
     quint64 m_takenAtStatus = 0;
     double m_secondsAtStatus = 0.0;
+    double m_rate = 0.0;                                      // lines a second, as counted last
     bool m_fitDue = false;                                    // with the next line
     std::vector<std::shared_ptr<SpectrumLine const>> m_batch; // lines taken last
     ControlStrip * m_pControls = nullptr;
@@ -102,6 +107,7 @@ private:
     PaneStack * m_pPanes = nullptr;
     SpectrumPane * m_pSpectrum = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
+    PaneFrame * m_pTimes = nullptr; // the frame whose caption tells the times of the waterfall
     PositionBar * m_pPosition = nullptr;
     StatusLine * m_pStatus = nullptr;
     ConsoleMarkers * m_pMarkers = nullptr;

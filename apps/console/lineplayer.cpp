@@ -104,6 +104,7 @@ void LinePlayer::Play()
         return;
     m_playing = true;
     Send([](LineWorker & worker) { worker.SetPlaying(true); });
+    Q_EMIT signalPlaying(true);
 }
 
 void LinePlayer::Pause()
@@ -112,6 +113,7 @@ void LinePlayer::Pause()
         return;
     m_playing = false;
     Send([](LineWorker & worker) { worker.SetPlaying(false); });
+    Q_EMIT signalPlaying(false);
 }
 
 double LinePlayer::Position() const { return m_pWorker ? m_pWorker->Position() : 0.0; }

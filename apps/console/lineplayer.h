@@ -97,6 +97,8 @@ public:
 Q_SIGNALS:
     //! Lines wait: take them until TakeLine() gives false. Raised once a batch, in the thread of the player.
     void signalLines();
+    //! It plays from now on, or it pauses.
+    void signalPlaying(bool playing);
     //! The position has moved, s. Raised once a batch.
     void signalPosition(double seconds);
 

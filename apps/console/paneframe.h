@@ -2,6 +2,7 @@
 #ifndef ORIM_PANEFRAME_H
 #define ORIM_PANEFRAME_H
 
+#include "iwheelconsumer.h"
 #include "spectrumline.h"
 
 #include <QString>
@@ -10,6 +11,10 @@
 #include <functional>
 #include <memory>
 #include <vector>
+
+class RangeBar;
+class RangePane;
+class VCCaption;
 
 //! Lines in the order in which they were made, none of them null.
 using PaneLines = std::vector<std::shared_ptr<SpectrumLine const>>;
@@ -29,13 +34,21 @@ struct PaneForm
     QString name;   // of the pane, as the operator reads it
     int stretch;    // share of the height that all panes have
     PaneLevels levels = PaneLevels::eNone;
-    QString shownPath = {}; // flag in the tree that shows the pane; empty: it is always shown
+    QString shownPath = {};                                // flag in the tree that shows the pane; empty: always shown
     std::function<void(PaneLines const &)> take = nullptr; // shows new lines; null for a pane that follows values
     std::function<void(bool)> hold = nullptr; // holds the picture of a pane that follows values, or takes it up again
+    bool hasTimes = false;                    // the caption shows a time span and offers the time zone
+    bool hasDatastream = false;               // the caption has the button of the data stream
 };
 
-//! A pane of the console. Its picture can be held while the data goes on: what arrives meanwhile does not reach it.
-class PaneFrame : public QWidget
+//! A pane of the console under its caption. At the left stand the middle and the span of what the pane shows, at the
+//! right its state, in the middle of a pane with rows the times of these.
+//!
+//! The stop button holds the picture while the data goes on: what arrives meanwhile does not reach the pane. The full
+//! button and a double click on the caption ask for all the room, the data stream button asks to play or to pause. With
+//! the focus in the frame, F11, H and Space do what the three buttons do. The wheel over the caption zooms the
+//! frequencies as the keys plus and minus do.
+class PaneFrame : public QWidget, public IWheelConsumer
 {
     Q_OBJECT
 public:
@@ -47,6 +60,11 @@ public:
 
     PaneForm const & Form() const { return m_form; }
 
+    VCCaption & Caption() const { return *m_pCaption; }
+
+    //! The range displays below the pane.
+    RangeBar & Ranges() const { return *m_pRanges; }
+
     //! Hands new lines to the pane unless its picture is held.
     void TakeLines(PaneLines const & lines);
 
@@ -55,9 +73,44 @@ public:
 
     bool IsHeld() const { return m_held; }
 
+    //! What the caption tells of the data while the picture is not held.
+    void SetState(QString const & state);
+    //! Times of the oldest and the newest row, us since 1970; what is not above 0 shows none.
+    void SetTimes(double oldest, double newest);
+    //! Whether the data stream plays, as its button shows it.
+    void SetPlaying(bool playing);
+    //! Whether the pane has all the room, as the tool tip of the full button tells it.
+    void SetFull(bool full);
+
+    void WheelDown() override;
+    void WheelUp() override;
+
+Q_SIGNALS:
+    //! The operator wants all the room for this pane, or to give it back.
+    void signalFull();
+    //! The operator wants the data stream to play or to pause.
+    void signalPlay(bool play);
+    void signalHeld(bool held);
+
+protected:
+    //! Hears of every other size and font of the pane.
+    bool eventFilter(QObject * watched, QEvent * event) override;
+    void keyPressEvent(QKeyEvent * event) override;
+
 private:
+    void BuildCaption();
+    void ShowBand();
+    void ShowState();
+    void GiveRoom();
+    void Zoom(int key);
+
     PaneForm m_form;
+    RangePane * m_pRangePane = nullptr; // the pane, when it has a frequency range
+    VCCaption * m_pCaption = nullptr;   // a child, as the next
+    RangeBar * m_pRanges = nullptr;
+    QString m_state;
     bool m_held = false;
+    bool m_playing = true;
 };
 
 #endif

@@ -20,6 +20,8 @@ PaneFrame * PaneStack::AddPane(PaneForm const & form)
     int const index = indexOf(frame);
     setStretchFactor(index, form.stretch);
     m_frames.push_back(frame);
+    connect(frame, &PaneFrame::signalFull, this, [this, frame] { SetFull(frame == m_pFull ? nullptr : frame); });
+    connect(frame, &PaneFrame::signalPlay, this, &PaneStack::signalPlay);
     m_followers.push_back(nullptr);
     if (!form.shownPath.isEmpty()) {
         m_followers.back() = std::make_unique<ValueFollower>([this] {
@@ -62,12 +64,28 @@ void PaneStack::SetFull(PaneFrame * frame)
     bool const isShown = place != m_frames.end() && IsWanted(static_cast<std::size_t>(place - m_frames.begin()));
     if (frame == m_pFull || (frame && !isShown))
         return;
-    if (!m_pFull)
+    if (!m_pFull) {
         m_state = saveState();
+        m_sizes = sizes();
+        for (int index = 0; index < m_sizes.size(); ++index)
+            m_sizes[index] = m_sizes[index] > 0 ? m_sizes[index] : widget(index)->sizeHint().height();
+    }
+    QWidget * const focus = focusWidget();
+    bool const hadFocus = focus && FrameOf(focus);
     m_pFull = frame;
+    if (m_pFull && hadFocus && !m_pFull->isAncestorOf(focus))
+        m_pFull->Pane().setFocus(); // ahead of hiding, which would hand it to whoever is next
     ShowFrames();
     if (!m_pFull)
-        restoreState(m_state);
+        setSizes(m_sizes);
+    for (PaneFrame * const each : m_frames)
+        each->SetFull(each == m_pFull);
+}
+
+void PaneStack::SetPlaying(bool playing)
+{
+    for (PaneFrame * const frame : m_frames)
+        frame->SetPlaying(playing);
 }
 
 QByteArray PaneStack::State() const { return m_pFull ? m_state : saveState(); }

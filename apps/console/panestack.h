@@ -5,6 +5,7 @@
 #include "paneframe.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QSplitter>
 
 #include <memory>
@@ -43,8 +44,15 @@ public:
 
     PaneFrame * GetFull() const { return m_pFull; }
 
+    //! Shows in every caption whether the data stream plays.
+    void SetPlaying(bool playing);
+
     //! Heights of the panes for restoreState(): those that come back when one has all the room.
     QByteArray State() const;
+
+Q_SIGNALS:
+    //! The operator wants the data stream to play or to pause.
+    void signalPlay(bool play);
 
 private:
     bool IsWanted(std::size_t index) const;
@@ -54,6 +62,7 @@ private:
     std::vector<std::unique_ptr<ValueFollower>> m_followers; // of the flags, one a frame; null without one
     PaneFrame * m_pFull = nullptr;
     QByteArray m_state; // before one had all the room
+    QList<int> m_sizes; // at that time, px; what a pane asks for that was not shown
 };
 
 #endif

@@ -137,6 +137,7 @@ void WaterfallPane::TellTimes()
     for (std::size_t row = 0; row < times.size(); ++row)
         times[row] = m_image.Stamp(static_cast<int>(row));
     m_pTimeAxis->SetRows(std::move(times));
+    Q_EMIT signalTimes();
 }
 
 void WaterfallPane::CountPainted(qint64 nanoseconds)

@@ -44,6 +44,10 @@ public:
 
     QSize minimumSizeHint() const override { return { 240, 60 }; }
 
+Q_SIGNALS:
+    //! The times of the rows are others.
+    void signalTimes();
+
 protected:
     void Rebuild() override;
     PaneMargins Margins() const override;
