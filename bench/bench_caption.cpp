@@ -153,6 +153,8 @@ template <class Change>
 void Run(benchmark::State & state, QWidget & widget, Change const & change)
 {
     Show(widget);
+    change(1);
+    QApplication::sendPostedEvents();
     QImage const before = widget.grab().toImage();
     change(0);
     QApplication::sendPostedEvents();

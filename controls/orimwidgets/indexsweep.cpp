@@ -31,7 +31,7 @@ void ReplaceRow(unsigned char * row, int width, IndexSweep::Hits const & hits, u
 
 #if defined(ORIM_SWEEP_SSE2)
 
-constexpr int Block = 16; // pixels in a register
+constexpr qsizetype Block = 16; // pixels in a register
 constexpr int AllBits = 0xffff;
 
 inline __m128i Load(unsigned char const * from) { return _mm_loadu_si128(reinterpret_cast<__m128i const *>(from)); }
@@ -156,10 +156,10 @@ template <class Matcher>
 void ReplaceRows(unsigned char * row, qsizetype bytesPerLine, QSize const & size, Matcher const & matcher,
                  unsigned char const * line)
 {
-    constexpr int Round = Matcher::Blocks * Block;
-    int const width = size.width();
+    constexpr qsizetype Round = Matcher::Blocks * Block;
+    qsizetype const width = size.width();
     for (int y = 0; y < size.height(); ++y, row += bytesPerLine) {
-        int x = 0;
+        qsizetype x = 0;
         for (; x + Round <= width; x += Round)
             ReplaceRound(row + x, line + x, matcher);
         for (; x + Block <= width; x += Block)

@@ -42,7 +42,7 @@ struct Canvas
     }
 
     QSize m_size;
-    int m_stride;
+    qsizetype m_stride;
     Bytes m_bytes;
 };
 
