@@ -104,8 +104,11 @@ void ConsoleMarkers::Show(std::size_t row, bool on)
         Marker * const current = list->GetMarker(list->GetCurrentMarker());
         if (list->isIndexValid(marker.id)) {
             list->SetShowMarker(marker.id, on);
-            if (on || list->GetCurrentMarker() == marker.id) // hiding one leaves another current
+            bool const isCurrent = list->GetCurrentMarker() == marker.id; // hiding one leaves another current
+            if (on || (isCurrent && list->isVisible()))
                 list->SetCurrentMarker(marker.id, on);
+            else if (isCurrent)
+                current->SetCurrentMarker(false, true); // what a hidden list holds current is not so elsewhere
         } else if (on && current) {
             current->SetCurrentMarker(false, true); // a hidden list does not hear of it
         }

@@ -55,10 +55,12 @@ constexpr std::array<ValueRow, 2> NumberRows{ {
     { ConsolePaths::Averaging, "averaging", 0.0 },
 } };
 
-constexpr std::array<ValueRow, 4> SelectionRows{ {
+constexpr std::array<ValueRow, 6> SelectionRows{ {
     { ConsolePaths::Bins, "bins", 2048.0 },
     { ConsolePaths::Window, "window", SpectrumEngine::eWindowHann },
     { ConsolePaths::Gradient, "gradient", 0.0 },
+    { ConsolePaths::Hold, "hold", 4.0 },
+    { ConsolePaths::Quality, "quality", 1.0 },
     { ConsolePaths::TimeZone, "timeZone", 0.0 },
 } };
 

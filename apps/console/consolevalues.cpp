@@ -39,6 +39,30 @@ constexpr std::array<NumberRow, 19> NumberRows{ {
     { ConsolePaths::SelectedBearing, -1.0, 7.0, 1.0, -1.0 },
 } };
 
+struct HoldRow
+{
+    char const * name;
+    long seconds;
+};
+
+constexpr std::array<HoldRow, 11> HoldRows{ {
+    { QT_TRANSLATE_NOOP("ConsoleValues", "Off: present line"), 0 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "1 s"), 1 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "2 s"), 2 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "3 s"), 3 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "4 s"), 4 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "5 s"), 5 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "10 s"), 10 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "20 s"), 20 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "30 s"), 30 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "60 s"), 60 },
+    { QT_TRANSLATE_NOOP("ConsoleValues", "Infinite: until cleared"), -1 },
+} };
+
+constexpr std::array<long, 4> QualitySteps{ 1, 2, 4, 8 };
+constexpr long StartHold = 4; // s
+constexpr long StartQuality = 1;
+
 constexpr double LowestLevel = -160.0; // dBFS
 constexpr double HighestLevel = 60.0;  // dBFS
 constexpr long FirstBins = 64;
@@ -141,6 +165,26 @@ void ConsoleValues::InsertSelections()
     }
     gradient->Select(0L, nullptr);
     m_paths.push_back(Insert(ConsolePaths::Gradient, std::move(gradient)));
+    InsertPersistence();
+}
+
+void ConsoleValues::InsertPersistence()
+{
+    auto hold = std::make_unique<ValueSelection>(Split(ConsolePaths::Hold).second);
+    for (HoldRow const & row : HoldRows)
+        hold->AddItem(SelectionItem(QCoreApplication::translate("ConsoleValues", row.name),
+                                    static_cast<double>(row.seconds), row.seconds));
+    hold->Select(StartHold, nullptr);
+    m_paths.push_back(Insert(ConsolePaths::Hold, std::move(hold)));
+
+    auto quality = std::make_unique<ValueSelection>(Split(ConsolePaths::Quality).second);
+    for (long const steps : QualitySteps)
+        quality->AddItem(SelectionItem(QString::number(steps), static_cast<double>(steps), steps));
+    quality->Select(StartQuality, nullptr);
+    m_paths.push_back(Insert(ConsolePaths::Quality, std::move(quality)));
+
+    m_paths.push_back(Insert(ConsolePaths::Ageing, std::make_unique<Value<bool>>(Split(ConsolePaths::Ageing).second)));
+    SetFlag(ConsolePaths::Ageing, true);
 }
 
 void ConsoleValues::InsertFlags()

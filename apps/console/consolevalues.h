@@ -30,7 +30,10 @@ constexpr char const * Averaging = "/console/averaging";     // spectra a line, 
 constexpr char const * Bins = "/console/bins";               // selection, the key is the number of levels of a line
 constexpr char const * Window = "/console/window";           // selection, the key is a SpectrumEngine::Window
 constexpr char const * Gradient = "/console/gradient";       // selection, the key is the index of a level gradient
-constexpr char const * TimeZone = "/GuiBase/TimeZone";       // selection, see GuiBase
+constexpr char const * Hold = "/console/hold";         // selection, the number is a hold time: s, 0 off, -1 infinite
+constexpr char const * Quality = "/console/quality";   // selection, the key is the number of quality steps
+constexpr char const * Ageing = "/console/ageing";     // flag: the persistence ages
+constexpr char const * TimeZone = "/GuiBase/TimeZone"; // selection, see GuiBase
 
 constexpr char const * Marker1 = "/console/markers/marker1";           // Hz
 constexpr char const * Marker2 = "/console/markers/marker2";           // Hz
@@ -87,6 +90,7 @@ public:
 
 private:
     void InsertSelections();
+    void InsertPersistence();
     void InsertFlags();
     void LimitLevels();
     void LimitCentre();

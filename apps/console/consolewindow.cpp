@@ -13,6 +13,8 @@
 #include "numbertexts.h"
 #include "panecolors.h"
 #include "panestack.h"
+#include "persistencecontrols.h"
+#include "persistencepane.h"
 #include "positionbar.h"
 #include "rangebar.h"
 #include "signalwindows.h"
@@ -116,6 +118,7 @@ void ConsoleWindow::BuildControls()
     mark->setToolTip(tr("Mark the highest signal with a window (Insert)"));
     connect(mark, &QToolButton::clicked, this, [this] { m_pWindows->Mark(); });
     m_pControls->AddControl(QString(), mark);
+    AddPersistenceControls(*m_pControls, [this] { m_pPersistence->Clear(); });
     m_pControls->AddSwitches(tr("Markers"),
                              { { QStringLiteral("marker1"), tr("M1"), path(ConsolePaths::Marker1Shown) },
                                { QStringLiteral("marker2"), tr("M2"), path(ConsolePaths::Marker2Shown) },
@@ -144,6 +147,11 @@ void ConsoleWindow::BuildPanes()
     m_pPanes->AddPane({ m_pSpectrum, tr("Spectrum"), 2, PaneLevels::eRows, QString(),
                         [this](PaneLines const & lines) { m_pSpectrum->SetLine(lines.back()); }, nullptr, false,
                         true });
+    m_pPersistence = new PersistencePane;
+    m_pPanes->AddPane({ m_pPersistence, tr("Persistence"), 2, PaneLevels::eRows,
+                        QLatin1String(ConsolePaths::PersistenceShown),
+                        [this](PaneLines const & lines) { m_pPersistence->AppendLines(lines); },
+                        [this](bool held) { m_pPersistence->SetHeld(held); }, false, true });
     m_pTimes = m_pPanes->AddPane({ m_pWaterfall, tr("Waterfall"), 3, PaneLevels::eColors, QString(),
                                    [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); }, nullptr, true,
                                    true });
@@ -189,6 +197,10 @@ void ConsoleWindow::BindPanes()
         }
         pane->BindResults();
     }
+    m_pPersistence->SetHold_ValuePath(QLatin1String(ConsolePaths::Hold));
+    m_pPersistence->SetQuality_ValuePath(QLatin1String(ConsolePaths::Quality));
+    m_pPersistence->SetAgeing_ValuePath(QLatin1String(ConsolePaths::Ageing));
+    m_pPersistence->SetSource(m_pPlayer->Duration());
     ScaleAxis::ShareUnZoom(frequencyScales);
     ScaleAxis::ShareUnZoom(levelScales);
 }

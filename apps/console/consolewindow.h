@@ -21,6 +21,7 @@ class ControlStrip;
 class LinePlayer;
 class PaneFrame;
 class PaneStack;
+class PersistencePane;
 class PositionBar;
 class QComboBox;
 class RangePane;
@@ -55,6 +56,8 @@ public:
     LinePlayer & Player() { return *m_pPlayer; }
 
     SpectrumPane & Spectrum() { return *m_pSpectrum; }
+
+    PersistencePane & Persistence() { return *m_pPersistence; }
 
     WaterfallPane & Waterfall() { return *m_pWaterfall; }
 
@@ -106,6 +109,7 @@ private:
     QComboBox * m_pColorSets = nullptr;
     PaneStack * m_pPanes = nullptr;
     SpectrumPane * m_pSpectrum = nullptr;
+    PersistencePane * m_pPersistence = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
     PaneFrame * m_pTimes = nullptr; // the frame whose caption tells the times of the waterfall
     PositionBar * m_pPosition = nullptr;
