@@ -33,15 +33,14 @@ QPolygonF ArrowHead(qreal margin)
 void PaintArrow(QPainter & painter, bool isOnTop)
 {
     QColor const color(isOnTop ? Active : Idle);
-    if (isOnTop)
-        painter.fillRect(QRectF(0.0, 0.0, 16.0, 2.0), color);
     if (isOnTop) {
+        painter.fillRect(QRectF(0.0, 0.0, 16.0, 2.0), color);
         painter.setBrush(color);
         painter.drawPolygon(ArrowHead(0.0));
         return;
     }
     painter.setPen(QPen(color, 2.0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawPolygon(ArrowHead(2.0));
+    painter.drawPolygon(ArrowHead(1.0));
 }
 
 void PaintFrame(QPainter & painter)

@@ -269,8 +269,11 @@ void VCCaption::PaintPicture()
     CaptionLayout::Places const places =
         CaptionLayout::PlaceTexts({ m_LeftWidth, m_CenterWidth, m_RightWidth }, width(), SpaceWidth());
     QPainter painter(m_pPixmap.get());
-    painter.fillRect(rect(), m_HasFocus ? m_FocusFramePen.color() : m_NoFocusFramePen.color());
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), m_HasFocus ? m_FocusBrush : m_NoFocusBrush);
+    QColor const frame = m_HasFocus ? m_FocusFramePen.color() : m_NoFocusFramePen.color();
+    QBrush const & ground = m_HasFocus ? m_FocusBrush : m_NoFocusBrush;
+    painter.fillRect(rect(), frame);
+    if (ground != QBrush(frame))
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
     painter.setFont(m_Font);
     painter.setPen(m_HasFocus ? m_FocusTextPen : m_NoFocusTextPen);
     if (places.left)

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QLayout>
 #include <QPushButton>
 #include <QToolBar>
 
@@ -16,6 +17,7 @@ namespace {
 constexpr int ToolBarHeight = 28;       // px
 constexpr int ToolBarPicture = 16;      // px
 constexpr int ToolBarButton = 24;       // px, height
+constexpr int ToolBarMargin = 2;        // px
 constexpr int ButtonOverHeight = 7;     // px, what a button is wider than high
 constexpr unsigned int MainStyles = 15; // the bits that exclude one another
 
@@ -60,6 +62,7 @@ void VCCaption::MakeToolBar()
     m_pToolBar->setFixedHeight(ToolBarHeight);
     m_pToolBar->setAutoFillBackground(true);
     m_pToolBar->setIconSize(QSize(ToolBarPicture, ToolBarPicture));
+    m_pToolBar->layout()->setContentsMargins(ToolBarMargin, 0, ToolBarMargin, 0);
     m_pLayout->addWidget(m_pToolBar);
 
     m_pExitAction = new QAction(m_pToolBar);
