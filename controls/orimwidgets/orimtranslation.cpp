@@ -5,7 +5,16 @@
 
 #include <QCoreApplication>
 
+//! Of a static library nobody else asks for them. Outside any namespace, as Qt wants it.
+static int RegisterResources()
+{
+    Q_INIT_RESOURCE(orimwidgets);
+    return 0;
+}
+
 namespace {
+
+[[maybe_unused]] int const resources = RegisterResources();
 
 //! Registers the translation of the library when it is loaded, and takes it back when it is unloaded.
 class Registration

@@ -21,7 +21,8 @@
 
 namespace {
 
-constexpr double LargestPicture = 64e6; // px
+constexpr double LargestPicture = 16e6;         // px, of a screen 8000 wide and a bar 2000 high
+constexpr int HighestBar = QWIDGETSIZE_MAX - 1; // px; QWIDGETSIZE_MAX stands for no limit
 
 QString SizingText() { return QStringLiteral("9999-99-99 99:99:99.999.999  ... 99:99.999.999 [99:99.999.999]"); }
 
@@ -55,7 +56,7 @@ VCCaption::VCCaption(QWidget * parent, char const * name, unsigned int flags, in
     setObjectName(QString::fromLatin1(name));
     VCCaption::slotColorsChanged();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(std::clamp(height, 0, QWIDGETSIZE_MAX));
+    setFixedHeight(std::clamp(height, 0, HighestBar));
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent); // the picture covers the bar
 
@@ -78,6 +79,7 @@ VCCaption::~VCCaption()
     for (Watched<Text> * const text : { &m_pLeftValue, &m_pRightValue, &m_pCenterValue })
         Release(*text);
     Release(m_pTimeZone);
+    LeaveToggledButton();
 }
 
 // Binding
@@ -168,15 +170,13 @@ bool VCCaption::WatchTimeZone() { return Watch(m_pTimeZone, GuiBase::Instance().
 void VCCaption::SetCaptionLeft(QString text)
 {
     m_Left = std::move(text);
-    BuildPixmap();
-    update();
+    ShowChange();
 }
 
 void VCCaption::SetCaptionRight(QString text)
 {
     m_Right = std::move(text);
-    BuildPixmap();
-    update();
+    ShowChange();
 }
 
 void VCCaption::SetCaptionCenter(QString text)
@@ -184,8 +184,7 @@ void VCCaption::SetCaptionCenter(QString text)
     m_TimeStart = -1.0;
     m_TimeStop = -1.0;
     m_Center = std::move(text);
-    BuildPixmap();
-    update();
+    ShowChange();
 }
 
 void VCCaption::SetRightOffsetWidth(int width) { m_RightOffsetWidth = width; }
@@ -242,7 +241,7 @@ bool VCCaption::PreparePicture()
 {
     if (!rect().isValid())
         return false;
-    if (!isVisible() || window()->isMinimized()) {
+    if (!isVisible()) {
         m_pPixmap.reset();
         return false;
     }
@@ -264,14 +263,23 @@ void VCCaption::BuildPixmap()
     m_PaintedSpace = SpaceWidth();
 }
 
+void VCCaption::ShowChange()
+{
+    if (window()->isMinimized())
+        m_pPixmap.reset(); // whoever looks at it nevertheless has it painted
+    else
+        BuildPixmap();
+    update();
+}
+
 void VCCaption::PaintPicture()
 {
     CaptionLayout::Places const places =
         CaptionLayout::PlaceTexts({ m_LeftWidth, m_CenterWidth, m_RightWidth }, width(), SpaceWidth());
-    QPainter painter(m_pPixmap.get());
     QColor const frame = m_HasFocus ? m_FocusFramePen.color() : m_NoFocusFramePen.color();
     QBrush const & ground = m_HasFocus ? m_FocusBrush : m_NoFocusBrush;
-    painter.fillRect(rect(), frame);
+    m_pPixmap->fill(frame); // also what a screen of odd density shows only in part
+    QPainter painter(m_pPixmap.get());
     if (ground != QBrush(frame))
         painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
     painter.setFont(m_Font);

@@ -266,6 +266,9 @@ private:
     void MakeStopButton();
     void MakeDatastreamButton();
     void ShowTopPicture();
+    void TellToggled(bool on);
+    //! A button that is toggled outlives its toggling.
+    void LeaveToggledButton();
     //! \return false without a stop control.
     bool ShowStopped(bool stopped);
 
@@ -273,6 +276,8 @@ private:
     int SpaceWidth() const;
     bool IsPictureCurrent() const;
     bool PreparePicture();
+    //! Paints what changed unless nobody can see it.
+    void ShowChange();
     void PaintPicture();
 
     bool WatchTimeZone();
@@ -283,6 +288,7 @@ private:
     void SetFocusState(bool on);
     bool DragsParent() const;
 
+    bool m_IsToggling = false;       // the data stream button is calling
     bool m_IsTimeLeftSet = false;    // m_pDateTime holds a time
     bool m_IsCenterReserved = false; // the centre text is laid out with m_CenterWidth as it stands
     QSize m_PaintedSize;             // px, of the bar in the picture

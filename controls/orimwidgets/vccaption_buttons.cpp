@@ -59,10 +59,10 @@ void VCCaption::MakeToolBar()
 {
     m_pToolBar = new QToolBar(this);
     m_pToolBar->setObjectName(QStringLiteral("VCCaption Toolbar"));
-    m_pToolBar->setFixedHeight(ToolBarHeight);
     m_pToolBar->setAutoFillBackground(true);
     m_pToolBar->setIconSize(QSize(ToolBarPicture, ToolBarPicture));
     m_pToolBar->layout()->setContentsMargins(ToolBarMargin, 0, ToolBarMargin, 0);
+    m_pToolBar->setFixedHeight(ToolBarHeight); // behind the rest, which takes it back
     m_pLayout->addWidget(m_pToolBar);
 
     m_pExitAction = new QAction(m_pToolBar);
@@ -131,7 +131,7 @@ void VCCaption::MakeDatastreamButton()
     m_pDatastreamButton = MakeButton(this, "StartStopDatastream", tr("Start or stop underlying data stream"));
     m_pDatastreamButton->setCheckable(true);
     m_pDatastreamButton->setIcon(CaptionPictures::DatastreamIcon());
-    connect(m_pDatastreamButton, &QPushButton::toggled, this, &VCCaption::DatastreamButtonToggled);
+    connect(m_pDatastreamButton, &QPushButton::toggled, this, &VCCaption::TellToggled);
 }
 
 // Asking and setting
@@ -150,6 +150,8 @@ void VCCaption::SetFullButtonVisible(bool on)
 {
     if (MainStyle() == StyleFullButton && m_pOnTopButton)
         m_pOnTopButton->setVisible(on);
+    if (m_pLayout)
+        m_pLayout->activate();
 }
 
 bool VCCaption::GetStartStopDatastreamButtonState() const
@@ -181,6 +183,23 @@ void VCCaption::triggerStopButton()
     } else if (m_pStopButton && m_pStopButton->isChecked()) {
         m_pStopButton->animateClick();
     }
+}
+
+void VCCaption::TellToggled(bool on)
+{
+    QPointer<VCCaption> const self(this);
+    m_IsToggling = true;
+    Q_EMIT DatastreamButtonToggled(on);
+    if (self)
+        m_IsToggling = false;
+}
+
+void VCCaption::LeaveToggledButton()
+{
+    if (!m_IsToggling || !m_pDatastreamButton)
+        return;
+    m_pDatastreamButton->setParent(nullptr);
+    m_pDatastreamButton->deleteLater();
 }
 
 // Slots

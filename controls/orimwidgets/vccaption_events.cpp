@@ -7,10 +7,21 @@
 
 bool VCCaption::event(QEvent * event)
 {
-    bool const isHandled = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest && !IsPictureCurrent())
-        update(); // a button that comes or goes moves the texts
-    return isHandled;
+    switch (event->type()) {
+    case QEvent::FocusIn: // QWidget would go on with a bar that is deleted meanwhile
+        focusInEvent(static_cast<QFocusEvent *>(event));
+        return true;
+    case QEvent::FocusOut:
+        focusOutEvent(static_cast<QFocusEvent *>(event));
+        return true;
+    case QEvent::LayoutRequest:
+        if (!IsPictureCurrent())
+            update(); // a button that comes or goes moves the texts
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
 }
 
 // Focus
@@ -18,8 +29,7 @@ bool VCCaption::event(QEvent * event)
 void VCCaption::SetFocusState(bool on)
 {
     m_HasFocus = on;
-    BuildPixmap();
-    update();
+    ShowChange();
     Q_EMIT FocusSet(on);
 }
 

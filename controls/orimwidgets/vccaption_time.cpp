@@ -60,9 +60,8 @@ void VCCaption::SetTimeCaption(double start, double stop)
     {
         QScopedValueRollback<int> const width(m_CenterWidth, m_TimeWidth); // does not move when digits change
         QScopedValueRollback<bool> const reserved(m_IsCenterReserved, true);
-        BuildPixmap();
+        ShowChange();
     }
-    update();
 }
 
 void VCCaption::SetWFTimeLeft(unsigned long long & time)

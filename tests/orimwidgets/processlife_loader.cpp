@@ -2,7 +2,9 @@
 // Loads and unloads the library at run time, without knowing anything of it: it is linked to Qt alone. Arguments: path
 // of the library, name of the life to lead.
 #include <QApplication>
+#include <QFile>
 #include <QLocale>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
 
@@ -199,6 +201,57 @@ int UnloadedWithAParkedFilter()
     return 0; // what the library left behind does not outlive its code
 }
 
+//! Builds a caption with buttons by the names in the library.
+//! \param pause, resume  what its stop button is to say.  \param full  what the button "Waterfall only" is to say.
+void ExpectCaption(void * handle, char const * pause, char const * resume, char const * full)
+{
+    using Build = void (*)(void *, QWidget *, char const *, unsigned int, int, int);
+    auto const build = reinterpret_cast<Build>(dlsym(handle, "_ZN9VCCaptionC1EP7QWidgetPKcjii"));
+    auto const end = reinterpret_cast<void (*)(void *)>(dlsym(handle, "_ZN9VCCaptionD1Ev"));
+    Expect(build && end, "the library has captions");
+    alignas(std::max_align_t) std::array<unsigned char, 8192> room{};
+    build(room.data(), nullptr, nullptr, 8, 10, 7);
+    auto * const bar = reinterpret_cast<QWidget *>(room.data());
+    auto const * const stop = bar->findChild<QPushButton *>(QStringLiteral("stop"));
+    Expect(stop && stop->statusTip() == QLatin1String(pause), "the status tip was translated when the library loaded");
+    Expect(QMetaObject::invokeMethod(bar, "slotStopped"), "it is stopped");
+    Expect(stop->toolTip() == QLatin1String(resume), "so was the tool tip of the stopped one");
+    Expect(QMetaObject::invokeMethod(bar, "slotStarted"), "it is started");
+    Expect(stop->toolTip() == QLatin1String(pause), "and that of the running one");
+    auto const * const other = bar->findChild<QPushButton *>(QStringLiteral("Waterfall only"));
+    Expect(other && other->toolTip() == QLatin1String(full), "the rest is translated when a caption is built");
+    end(room.data());
+}
+
+bool HasPictures()
+{
+    return QFile::exists(QStringLiteral(":/GUIControl/Pause.png")) && QFile::exists(QStringLiteral(":/Caption/On")) &&
+           QFile::exists(QStringLiteral(":/Caption/Off"));
+}
+
+int CaptionsLoadedAfter()
+{
+    Program program;
+    Expect(!HasPictures(), "no pictures yet");
+    void * const handle = Load();
+    Expect(HasPictures(), "loading brings the pictures");
+    ExpectCaption(handle, "Anhalten", "Fortsetzen", "Nur Wasserfall");
+    program.Run();
+    Unload(handle);
+    Expect(!HasPictures(), "the pictures went with the library");
+    return 0;
+}
+
+int CaptionsLoadedBefore()
+{
+    void * const handle = Load();
+    Expect(HasPictures(), "loading brings the pictures");
+    Program program;
+    ExpectCaption(handle, "Pause", "Resume", "Nur Wasserfall");
+    program.Run();
+    return 0;
+}
+
 struct Life
 {
     char const * name;
@@ -217,6 +270,8 @@ constexpr Life Lives[] = {
     { "left open", LeftOpen },
     { "unloaded with its central object", UnloadedWithCentralObject },
     { "unloaded with a parked filter", UnloadedWithAParkedFilter },
+    { "captions loaded after the application", CaptionsLoadedAfter },
+    { "captions loaded before the application", CaptionsLoadedBefore },
 };
 
 } // namespace

@@ -115,6 +115,8 @@ void tst_ProcessLife::loads_data()
     QTest::newRow("left open") << 0;
     QTest::newRow("unloaded with its central object") << 0;
     QTest::newRow("unloaded with a parked filter") << 0;
+    QTest::newRow("captions loaded after the application") << 0;
+    QTest::newRow("captions loaded before the application") << 0;
 }
 
 void tst_ProcessLife::loads()

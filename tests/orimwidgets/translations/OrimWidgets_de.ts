@@ -65,4 +65,35 @@
         <translation>Regenbogen</translation>
     </message>
 </context>
+<context>
+    <name>VCCaption</name>
+    <message>
+        <source>Keep On Top</source>
+        <translation>Immer im Vordergrund</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Start or stop underlying data stream</source>
+        <translation>Zugrunde liegenden Datenstrom starten oder anhalten</translation>
+    </message>
+    <message>
+        <source>Start or stop waterfall</source>
+        <translation>Wasserfall starten oder anhalten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Waterfall only</source>
+        <translation>Nur Wasserfall</translation>
+    </message>
+</context>
 </TS>
