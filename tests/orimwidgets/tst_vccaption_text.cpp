@@ -77,6 +77,7 @@ private Q_SLOTS:
     void bindingRefused();
     void bindingAnew();
     void goingAway();
+    void farewell();
     void endsWithoutAWord();
     void strangersAreNotHeard();
     void oneValueForTwoTexts();
@@ -203,6 +204,17 @@ void tst_vccaption_text::goingAway()
         QCOMPARE((bar.*side.get)(), Xyz);
         cleanup();
     }
+}
+
+void tst_vccaption_text::farewell()
+{
+    auto * const value = NewText("text", Abc);
+    CaptionProbe bar;
+    for (Side const & side : Sides)
+        QVERIFY((bar.*side.bind)(QStringLiteral("/caption/text")));
+    value->SetState(eStateGoingAway, nullptr);
+    QVERIFY(!value->HasObserver(&bar));
+    QVERIFY(!bar.m_pLeftValue.Get() && !bar.m_pRightValue.Get() && !bar.m_pCenterValue.Get());
 }
 
 void tst_vccaption_text::endsWithoutAWord()

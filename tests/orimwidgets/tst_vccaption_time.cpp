@@ -247,6 +247,9 @@ void tst_vccaption_time::zone()
     bar.SetTimeCaption(Start, Stop);
     // the span has no zone
     QCOMPARE(bar.GetCaptionCenter(), QStringLiteral("2023-11-15 00:13:20.000... 13:32.500[00:12.500"));
+    bar.SetTimeCaptionFormat(QStringLiteral("hh "), QString(), QStringLiteral("hh"));
+    bar.SetTimeCaption(Start, Stop);
+    QCOMPARE(bar.GetCaptionCenter(), QStringLiteral("00 00"));
 }
 
 void tst_vccaption_time::zoneChanges()
