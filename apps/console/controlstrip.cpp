@@ -2,6 +2,7 @@
 #include "controlstrip.h"
 
 #include "flowlayout.h"
+#include "panelayout.h"
 #include "undorecording.h"
 #include "valuefollower.h"
 #include "valuenumeric.h"
@@ -14,7 +15,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSignalBlocker>
+#include <QStyleOptionButton>
 
 namespace {
 
@@ -70,6 +73,25 @@ public:
             return QDoubleSpinBox::event(event);
         event->ignore();
         return false;
+    }
+};
+
+//! A check box whose indicator is seen on every ground.
+class SwitchBox : public QCheckBox
+{
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void paintEvent(QPaintEvent * event) override
+    {
+        QCheckBox::paintEvent(event);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        QRect const indicator = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+        QPainter painter(this);
+        painter.setPen(PaneLayout::Mix(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.5));
+        painter.drawRect(indicator.adjusted(0, 0, -1, -1));
     }
 };
 
@@ -136,7 +158,7 @@ void ControlStrip::AddSwitches(QString const & label, std::vector<SwitchForm> co
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Spacing);
     for (SwitchForm const & form : forms) {
-        auto * const box = new QCheckBox(form.text, boxes);
+        auto * const box = new SwitchBox(form.text, boxes);
         box->setObjectName(form.name);
         box->setAccessibleName(label + QLatin1Char(' ') + form.text);
         layout->addWidget(box);

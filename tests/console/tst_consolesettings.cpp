@@ -78,6 +78,7 @@ void tst_ConsoleSettings::settingsComeBack()
         ConsoleValues::Select(ConsolePaths::Bins, 8192);
         ConsoleValues::Select(ConsolePaths::Window, 3);
         ConsoleValues::Select(ConsolePaths::Gradient, 2);
+        ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, true);
         ColorSet::Instance().Load(1);
         window->grab();
         window->Splitter().setSizes({ 300, 0, 100 });
@@ -95,6 +96,9 @@ void tst_ConsoleSettings::settingsComeBack()
     QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Bins), 8192L);
     QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Window), 3L);
     QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Gradient), 2L);
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::PersistenceShown));
+    QVERIFY(ConsoleValues::GetFlag(ConsolePaths::AzimuthShown));
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::ElevationShown));
     QCOMPARE(ColorSet::Instance().GetCurrentSet(), 1);
     QList<int> const sizes = window->Splitter().sizes();
     QVERIFY2(sizes[0] > 2 * sizes[2], qPrintable(QStringLiteral("%1 %2").arg(sizes[0]).arg(sizes[2])));
