@@ -48,24 +48,28 @@ endfunction()
 
 # orim_own_moc(target)
 # For a program whose only classes with Q_OBJECT stand in target.cpp, which includes target.moc: moc is run on that file
-# alone, and the source that AUTOMOC would add to the target and that would be empty is never compiled.
+# alone, and the source that AUTOMOC would add to the target and that would be empty is never compiled. moc gets no folder
+# of headers: it would read all of Qt to find nothing that such a class needs, in forty times the time.
 function(orim_own_moc target)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF AUTORCC OFF)
   file(STRINGS ${target}.cpp includes REGEX "^#include \"${target}\\.moc\"")
   if(includes)
-    set(moc "${CMAKE_CURRENT_BINARY_DIR}/${target}.dir/${target}.moc")
-    file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${target}.dir")
-    cmake_language(CALL qt${ORIM_QT_MAJOR}_generate_moc ${target}.cpp "${moc}" TARGET ${target})
-    target_sources(${target} PRIVATE "${moc}")
-    target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}.dir")
+    set(folder "${CMAKE_CURRENT_BINARY_DIR}/${target}.dir")
+    file(MAKE_DIRECTORY "${folder}")
+    add_custom_command(OUTPUT "${folder}/${target}.moc"
+                       COMMAND ${ORIM_QT}::moc -o "${folder}/${target}.moc" "${CMAKE_CURRENT_SOURCE_DIR}/${target}.cpp"
+                       DEPENDS ${target}.cpp VERBATIM)
+    target_sources(${target} PRIVATE "${folder}/${target}.moc")
+    target_include_directories(${target} PRIVATE "${folder}")
   endif()
 endfunction()
 
-# orim_add_test(tst_name [LIBS target ...] [SOURCES extra.cpp ...] [LABELS label ...] [TIMEOUT seconds] [PLAIN])
+# orim_add_test(tst_name [LIBS target ...] [SOURCES extra.cpp ...] [LABELS label ...] [TIMEOUT seconds] [PLAIN]
+#               [SERIAL])
 # A test program tst_name.cpp under CTest: offscreen, own home, C locale, UTC. PLAIN leaves out the Qt test rules on
-# warnings, for programs that are no QtTest.
+# warnings, for programs that are no QtTest. SERIAL: it judges time that others would take from it, and runs alone.
 function(orim_add_test name)
-  cmake_parse_arguments(ARG "PLAIN" "TIMEOUT" "LIBS;SOURCES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "PLAIN;SERIAL" "TIMEOUT" "LIBS;SOURCES;LABELS" ${ARGN})
   add_executable(${name} ${name}.cpp ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE OrimTestSupport ${ARG_LIBS} ${ORIM_QT}::Test ${ORIM_QT}::Widgets)
   orim_own_moc(${name})
@@ -80,6 +84,9 @@ function(orim_add_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   orim_stage_test(${name} TIMEOUT ${ARG_TIMEOUT} LABELS ${ARG_LABELS})
+  if(ARG_SERIAL)
+    set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+  endif()
   if(NOT ARG_PLAIN)
     set_tests_properties(${name} PROPERTIES FAIL_REGULAR_EXPRESSION "QWARN|QCRITICAL|QSYSTEM")
   endif()

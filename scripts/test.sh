@@ -55,7 +55,7 @@ scripts/mutants.sh --short
 
 build release -DORIM_BUILD_BENCH=OFF
 figures=build/figures.txt
-run release -j 1 -L soak -V > "$figures" 2>&1 || { tail -n 60 "$figures"; exit 1; }
+run release -j 2 -L soak -V > "$figures" 2>&1 || { tail -n 60 "$figures"; exit 1; }
 say "Figures of the long programs"
 grep -hE 'figures:' "$figures" | sed 's/^[0-9]*: *//' || true
 run release -LE soak -j 2
