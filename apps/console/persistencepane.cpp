@@ -26,6 +26,7 @@ namespace {
 
 constexpr int TopGap = 4;                // px, so that the topmost label of the levels is not cut
 constexpr double GridPart = 0.6;         // of the grid colour in the ground
+constexpr double BlackGridPart = 0.25;   // the same where the ground is black for the colours by quality
 constexpr char BackgroundIndex = '\xff'; // in a line of the background, as the next
 constexpr char MarkerIndex = '\xfe';
 constexpr unsigned char Everything = 255; // to be cleared
@@ -318,7 +319,7 @@ void PersistencePane::PaintGround(QPainter & painter)
     QRect const picture = GetPictureRect();
     painter.fillRect(QRect(QPoint(0, 0), DeviceSize()), GetColors().frame);
     QColor const ground(GuiCentral::Instance().GetBackgroundRGB(VC::eShadingAgeing));
-    QColor const grid = PaneLayout::Mix(ground, GetColors().grid, GridPart);
+    QColor const grid = PaneLayout::Mix(ground, GetColors().grid, m_qualitySteps > 1 ? BlackGridPart : GridPart);
     painter.fillRect(picture, ground);
     painter.setClipRect(picture);
     for (int const y : m_pLevelAxis->GetGridPixels())

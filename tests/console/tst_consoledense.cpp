@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "agescale.h"
 #include "colorset.h"
 #include "consolewindow.h"
 #include "frequencyaxis.h"
@@ -6,6 +7,7 @@
 #include "lineplayer.h"
 #include "panecolors.h"
 #include "panetools.h"
+#include "persistencepane.h"
 #include "shadingbar.h"
 #include "spectrumpane.h"
 #include "testmain.h"
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void picturesHaveThePixelsOfTheScreen();
+    void persistenceHasThePixelsOfTheScreen();
     void gridContinuesTheTics_data();
     void gridContinuesTheTics();
     void labelsAreSharp();
@@ -58,6 +61,8 @@ void tst_ConsoleDense::picturesHaveThePixelsOfTheScreen()
 {
     m_window->grab();
     for (ScaleAxis * const axis : m_window->findChildren<ScaleAxis *>()) {
+        if (!axis->isVisible())
+            continue; // it has no picture
         QVERIFY(axis->GetPicture());
         QCOMPARE(axis->GetPicture()->size(), axis->size() * 2);
         QCOMPARE(axis->GetPicture()->devicePixelRatio(), 2.0);
@@ -66,6 +71,39 @@ void tst_ConsoleDense::picturesHaveThePixelsOfTheScreen()
     QCOMPARE(m_window->Spectrum().GetPicture().size(), m_window->Spectrum().size() * 2);
     QCOMPARE(m_window->Waterfall().GetImage().Columns(), m_window->Waterfall().GetPictureRect().width());
     QCOMPARE(m_window->Waterfall().GetPictureRect().left() % 2, 0);
+}
+
+void tst_ConsoleDense::persistenceHasThePixelsOfTheScreen()
+{
+    ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, true);
+    m_window->resize(901, 1003);
+    PersistencePane & pane = m_window->Persistence();
+    QTRY_VERIFY(pane.GetPictureRect().height() > 50 && pane.isVisible());
+    pane.grab();
+    pane.SetLevelRange(-100.0, 0.0);
+    pane.Clear();
+    FrequencyRange const view = pane.GetFrequencyRange();
+    auto const line = std::make_shared<SpectrumLine>();
+    line->centre = view.start + view.span / 2.0;
+    line->span = view.span;
+    line->levels.assign(32, -50.0);
+    line->levels.resize(64, -20.0);
+    pane.AppendLines({ line });
+    QImage const & pixels = *pane.GetImage().GetImage();
+    QRect const picture = pane.GetPictureRect();
+    QCOMPARE(pixels.size(), picture.size());
+    QCOMPARE(pane.GetAgeScale().GetBarRect().size(), QSize(2 * AgeScale::BarWidth, picture.height()));
+    QImage const image = Rendered(pane);
+    QColor const newest(pane.GetAgeScale().GetAges()[0][0]);
+    int lit = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        for (int y = 0; y < picture.height(); ++y) {
+            bool const isLit = pixels.pixelIndex(x, y) < 254;
+            lit += isLit ? 1 : 0;
+            QCOMPARE(image.pixelColor(picture.left() + x, picture.top() + y) == newest, isLit);
+        }
+    }
+    QCOMPARE(lit, picture.width());
 }
 
 void tst_ConsoleDense::gridContinuesTheTics_data()
@@ -110,8 +148,8 @@ void tst_ConsoleDense::gridContinuesTheTics()
 void tst_ConsoleDense::labelsAreSharp()
 {
     for (ScaleAxis * const axis : m_window->findChildren<ScaleAxis *>()) {
-        if (qobject_cast<TimeAxis *>(axis))
-            continue; // it has labels once a second has passed
+        if (qobject_cast<TimeAxis *>(axis) || !axis->isVisible())
+            continue; // the one has labels once a second has passed, the other once it is shown
         QImage const image = axis->grab().toImage().convertToFormat(QImage::Format_RGB32);
         std::vector<QRect> const labels = axis->GetLabelRects();
         QVERIFY(labels.size() >= 3);
