@@ -8,6 +8,8 @@
 #include "testmain.h"
 #include "valuenumeric.h"
 
+#include <QFocusEvent>
+
 #include <memory>
 
 namespace {
