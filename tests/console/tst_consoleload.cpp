@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "consolewindow.h"
 #include "lineplayer.h"
+#include "persistencepane.h"
 #include "simulator.h"
 #include "spectrumpane.h"
 #include "testmain.h"
@@ -9,7 +10,7 @@
 #include <cstdio>
 #include <set>
 
-//! A minute of the console at full rate: every line is shown, and one core is half idle.
+//! A minute of the console at full rate, with a persistence: every line is shown, and one core is half idle.
 class tst_ConsoleLoad : public QObject
 {
     Q_OBJECT
@@ -62,6 +63,7 @@ void tst_ConsoleLoad::showsEveryLineForAMinute()
     window.resize(1280, 800);
     ConsoleValues::Select(ConsolePaths::Bins, Bins);
     ConsoleValues::Set(ConsolePaths::LineRate, LineRate);
+    ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, true);
     window.Waterfall().installEventFilter(this);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -69,6 +71,7 @@ void tst_ConsoleLoad::showsEveryLineForAMinute()
     QTRY_VERIFY_WITH_TIMEOUT(window.Figures().taken >= Lines, 75000);
     double const processor = window.Figures().processor;
     window.Player().Stop();
+    QVERIFY(window.Persistence().GetLinesDrawn() > Lines / 2);
     QTRY_COMPARE(window.Figures().painted, window.Figures().produced);
     ConsoleFigures const figures = window.Figures();
     std::printf("figures: %llu frames, %zu of them different; cpu in the run: %.1f %%; %s\n",
