@@ -19,6 +19,11 @@ constexpr double QualityLoss = 1.5;        // % a dB
 constexpr double LevelMargin = 3.0;        // dB: a bin that stands higher above its emitter is another's
 constexpr int Guard = 3;                   // bins beside an emitter that its window spreads it into
 constexpr quint64 NumbersAMeasurement = 6; // random ones
+constexpr quint64 SinglesStream = ~0ULL;   // of random numbers, beside those of the lines
+constexpr double MiddleHeading = 30.0;     // deg
+constexpr double Swing = 15.0;             // deg to either side
+constexpr double SwingPeriod = 90.0;       // s
+constexpr double Pi = 3.14159265358979323846;
 
 //! From -1 to 1, mostly near 0.
 double Error(quint64 seed, quint64 number)
@@ -108,11 +113,11 @@ DirectionFinder::DirectionFinder(std::vector<SimulatedEmitter> emitters, quint64
                      [](SimulatedEmitter const & a, SimulatedEmitter const & b) { return a.bandwidth < b.bandwidth; });
 }
 
-std::vector<BearingResult> DirectionFinder::Measure(SpectrumLine const & line) const
+std::vector<DirectionFinder::Find> DirectionFinder::FindIn(SpectrumLine const & line) const
 {
-    std::vector<BearingResult> results;
+    std::vector<Find> finds;
     if (line.levels.empty() || !std::isfinite(line.centre) || !std::isfinite(line.span) || !(line.span > 0.0))
-        return results;
+        return finds;
     double const noise = Median(line.levels);
     Channels channels(line);
     for (std::size_t i = 0; i < m_emitters.size(); ++i) {
@@ -120,31 +125,88 @@ std::vector<BearingResult> DirectionFinder::Measure(SpectrumLine const & line) c
         if (bin < 0 || !(channels.LevelOf(bin) >= noise + Threshold))
             continue;
         bool const isChannel = m_emitters[i].bandwidth <= WidestChannel;
-        double const frequency = isChannel ? m_emitters[i].frequency : channels.FrequencyOf(bin);
-        results.push_back(ResultOf(i, line, frequency, channels.LevelOf(bin), noise));
+        double const level = channels.LevelOf(bin);
+        finds.push_back({ i, isChannel ? m_emitters[i].frequency : channels.FrequencyOf(bin),
+                          isChannel ? m_emitters[i].bandwidth : 0.0, level,
+                          std::max(0.0, ClearLevel - (level - noise)) * QualityLoss });
     }
+    return finds;
+}
+
+std::vector<BearingResult> DirectionFinder::Measure(SpectrumLine const & line) const
+{
+    std::vector<BearingResult> results;
+    for (Find const & find : FindIn(line))
+        results.push_back(ResultOf(find, line.number));
     SortByFrequency(results);
     return results;
 }
 
-BearingResult DirectionFinder::ResultOf(std::size_t emitter, SpectrumLine const & line, double frequency, double level,
-                                        double noise) const
+std::vector<BearingMeasurement> DirectionFinder::MeasureSingles(SpectrumLine const & line) const
 {
-    SimulatedEmitter const & source = m_emitters[emitter];
-    quint64 const seed = SeedMix::Mix(m_seed, line.number);
-    quint64 const number = emitter * NumbersAMeasurement;
-    double const loss = std::max(0.0, ClearLevel - (level - noise)) * QualityLoss;
-    double const quality = std::clamp(source.quality - loss + QualityError * Error(seed, number), 0.0, BestQuality);
-    double const width = LeastError + (LargestError - LeastError) * (1.0 - source.quality / BestQuality);
-    double const bearing = OnCircle(source.bearing + width * Error(seed, number + 1));
-    double const elevation = std::clamp(source.elevation + width / 2.0 * Error(seed, number + 2), -Zenith, Zenith);
+    std::vector<BearingMeasurement> singles;
+    for (Find const & find : FindIn(line))
+        singles.push_back(SingleOf(find, line.number));
+    return singles;
+}
+
+double DirectionFinder::Uncertainty(double quality)
+{
+    double const held = std::isfinite(quality) ? std::clamp(quality, 0.0, BestQuality) : 0.0;
+    return LeastError + (LargestError - LeastError) * (1.0 - held / BestQuality);
+}
+
+double DirectionFinder::Heading(double now)
+{
+    double const turns = std::isfinite(now) ? std::fmod(now, SwingPeriod) / SwingPeriod : 0.0;
+    return std::round(MiddleHeading + Swing * std::sin(2.0 * Pi * turns));
+}
+
+BearingResult DirectionFinder::ResultOf(Find const & find, quint64 line) const
+{
+    SimulatedEmitter const & source = m_emitters[find.emitter];
+    quint64 const seed = SeedMix::Mix(m_seed, line);
+    quint64 const number = find.emitter * NumbersAMeasurement;
+    double const width = Uncertainty(source.quality);
+    double const quality =
+        std::clamp(source.quality - find.loss + QualityError * Error(seed, number), 0.0, BestQuality);
+    double const elevation = source.elevation + width / 2.0 * Error(seed, number + 2);
     BearingResult result(std::vector<double>(eNumberCount), source.name);
-    result.SetValue(eBearing, bearing);
-    result.SetValue(eElevation, elevation);
-    result.SetValue(eFrequency, frequency);
+    result.SetValue(eBearing, OnCircle(source.bearing + width * Error(seed, number + 1)));
+    result.SetValue(eElevation, std::clamp(elevation, -Zenith, Zenith));
+    result.SetValue(eFrequency, find.frequency);
     result.SetValue(eQuality, std::round(quality));
-    result.SetValue(eLevel, level);
+    result.SetValue(eLevel, find.level);
+    result.SetValue(eBandwidth, find.bandwidth);
     return result;
+}
+
+BearingMeasurement DirectionFinder::SingleOf(Find const & find, quint64 line) const
+{
+    SimulatedEmitter const & source = m_emitters[find.emitter];
+    quint64 const seed = SeedMix::Mix(SeedMix::Mix(m_seed, SinglesStream), line);
+    quint64 const number = find.emitter * NumbersAMeasurement;
+    double const width = Scatter * Uncertainty(source.quality);
+    double const quality = source.quality - find.loss + Scatter * QualityError * Error(seed, number);
+    double const elevation = source.elevation + width / 2.0 * Error(seed, number + 2);
+    BearingMeasurement single;
+    single.frequency = find.frequency + find.bandwidth / 2.0 * Error(seed, number + 3);
+    single.bearing = OnCircle(source.bearing + width * Error(seed, number + 1));
+    single.elevation = std::clamp(elevation, -Zenith, Zenith);
+    single.quality = std::clamp(quality, 0.0, BestQuality);
+    single.level = find.level;
+    return single;
+}
+
+bool DirectionFinder::TakeSingles(SpectrumLine const & line, double now, std::vector<BearingMeasurement> & singles)
+{
+    bool const isBack = m_hasSingles && now < m_lastSingles;
+    if (!std::isfinite(now) || (m_hasSingles && !isBack && now - m_lastSingles < SinglePeriod))
+        return false;
+    m_hasSingles = true;
+    m_lastSingles = now;
+    singles = MeasureSingles(line);
+    return true;
 }
 
 bool DirectionFinder::Take(SpectrumLine const & line, double now)

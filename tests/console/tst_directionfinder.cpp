@@ -40,6 +40,17 @@ private Q_SLOTS:
     void clockWithoutATimeIsIgnored_data();
     void clockWithoutATimeIsIgnored();
     void findsTheSimulatedEmitters();
+    void singleMeasurementsScatter_data();
+    void singleMeasurementsScatter();
+    void singleMeasurementsLieInTheChannel();
+    void singleMeasurementsAreReproducible();
+    void singleAnglesStayOnTheirCircles();
+    void singlesAreTakenAtABoundedRate();
+    void resultTellsOfItsChannel();
+    void uncertaintyFollowsTheQuality_data();
+    void uncertaintyFollowsTheQuality();
+    void vehicleSwings_data();
+    void vehicleSwings();
 };
 
 namespace {
@@ -413,6 +424,185 @@ void tst_DirectionFinder::findsTheSimulatedEmitters()
     for (QString const & name : found)
         names.append(name);
     QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("Beacon Broadcast Hopper Meter Sounder Taxi Tower"));
+}
+
+void tst_DirectionFinder::singleMeasurementsScatter_data()
+{
+    QTest::addColumn<double>("quality");
+    QTest::addColumn<double>("most"); // deg
+    QTest::newRow("best") << 100.0 << 0.9;
+    QTest::newRow("half") << 50.0 << 9.45;
+    QTest::newRow("worst") << 0.0 << 18.0;
+}
+
+//! Three times as far as a result, around the same direction.
+void tst_DirectionFinder::singleMeasurementsScatter()
+{
+    QFETCH(double, quality);
+    QFETCH(double, most);
+    DirectionFinder const finder = FinderOf({ Emitter(QStringLiteral("A"), 300e3, 10e3, quality) });
+    double bearing = 0.0;
+    double elevation = 0.0;
+    double sum = 0.0;
+    double lowest = 100.0;
+    double highest = 0.0;
+    constexpr int turns = 1000;
+    for (quint64 number = 0; number < turns; ++number) {
+        std::vector<BearingMeasurement> const singles = finder.MeasureSingles(With(300, -30.0, number));
+        QCOMPARE(singles.size(), std::size_t(1));
+        double const error = singles[0].bearing - 120.0;
+        bearing = std::max(bearing, std::abs(error));
+        elevation = std::max(elevation, std::abs(singles[0].elevation - 10.0));
+        sum += error;
+        lowest = std::min(lowest, singles[0].quality);
+        highest = std::max(highest, singles[0].quality);
+        QCOMPARE(singles[0].level, -30.0);
+    }
+    QVERIFY2(bearing <= most && bearing > 0.8 * most, qPrintable(QString::number(bearing)));
+    QVERIFY2(elevation <= most / 2.0 && elevation > 0.4 * most, qPrintable(QString::number(elevation)));
+    QVERIFY(std::abs(sum / turns) < most / 15.0); // no bias
+    QVERIFY(lowest >= 0.0 && lowest >= quality - 9.0 && lowest < std::max(1e-9, quality - 6.0));
+    QVERIFY(highest <= 100.0 && highest <= quality + 9.0 && highest > std::min(100.0 - 1e-9, quality + 6.0));
+}
+
+void tst_DirectionFinder::singleMeasurementsLieInTheChannel()
+{
+    DirectionFinder const finder = FinderOf({ Emitter(QStringLiteral("A"), 300e3, 10e3) });
+    double lowest = 1e6;
+    double highest = 0.0;
+    for (quint64 number = 0; number < 500; ++number) {
+        double const frequency = finder.MeasureSingles(With(303, -30.0, number)).front().frequency;
+        lowest = std::min(lowest, frequency);
+        highest = std::max(highest, frequency);
+    }
+    QVERIFY(lowest >= 295e3 && lowest < 296e3);
+    QVERIFY(highest <= 305e3 && highest > 304e3);
+    // what is found at its peak stays there
+    DirectionFinder const wide = FinderOf({ Emitter(QStringLiteral("A"), 300e3, 400e3) });
+    QCOMPARE(wide.MeasureSingles(With(250, -30.0)).front().frequency, 250e3);
+    QVERIFY(finder.MeasureSingles(Quiet()).empty());
+    QVERIFY(finder.MeasureSingles(SpectrumLine()).empty());
+}
+
+void tst_DirectionFinder::singleMeasurementsAreReproducible()
+{
+    std::vector<SimulatedEmitter> const emitters{ Emitter(QStringLiteral("A"), 300e3),
+                                                  Emitter(QStringLiteral("B"), 600e3) };
+    SpectrumLine line = With(300, -30.0, 7);
+    line.levels[600] = -30.0;
+    auto const bearings = [&](quint64 seed) {
+        std::vector<BearingMeasurement> const singles = FinderOf(emitters, seed).MeasureSingles(line);
+        return singles.size() == 2 ? QVector<double>{ singles[0].bearing, singles[1].bearing } : QVector<double>();
+    };
+    QVector<double> const once = bearings(5);
+    QCOMPARE(once.size(), 2);
+    QCOMPARE(bearings(5), once);
+    QVERIFY(bearings(6)[0] != once[0]);
+    QVERIFY(once[0] != once[1]);
+    // nor do they repeat the error of the result
+    double const result = FinderOf(emitters, 5).Measure(line).front().GetValue(DirectionFinder::eBearing);
+    QVERIFY(std::abs((once[0] - 120.0) - DirectionFinder::Scatter * (result - 120.0)) > 1e-6);
+    line.number = 8;
+    QVERIFY(bearings(5)[0] != once[0]);
+}
+
+void tst_DirectionFinder::singleAnglesStayOnTheirCircles()
+{
+    SimulatedEmitter emitter = Emitter(QStringLiteral("A"), 300e3, 10e3, 0.0);
+    emitter.bearing = 359.9;
+    emitter.elevation = 89.0;
+    DirectionFinder const finder = FinderOf({ emitter });
+    int low = 0;
+    int high = 0;
+    for (quint64 number = 0; number < 500; ++number) {
+        BearingMeasurement const single = finder.MeasureSingles(With(300, -30.0, number)).front();
+        QVERIFY(single.bearing >= 0.0 && single.bearing < 360.0);
+        QVERIFY(single.bearing < 18.0 || single.bearing > 341.0);
+        low += single.bearing < 18.0 ? 1 : 0;
+        high += single.bearing > 341.0 ? 1 : 0;
+        QVERIFY(single.elevation <= 90.0 && single.elevation >= 80.0);
+    }
+    QVERIFY(low > 100 && high > 100);
+}
+
+void tst_DirectionFinder::singlesAreTakenAtABoundedRate()
+{
+    constexpr double Period = DirectionFinder::SinglePeriod;
+    DirectionFinder finder = FinderOf({ Emitter(QStringLiteral("A"), 300e3) });
+    SpectrumLine const line = With(300, -30.0);
+    std::vector<BearingMeasurement> singles;
+    QVERIFY(finder.TakeSingles(line, 10.0, singles));
+    QCOMPARE(singles.size(), std::size_t(1));
+    singles.clear();
+    QVERIFY(!finder.TakeSingles(line, 10.0 + 0.9 * Period, singles));
+    QVERIFY(singles.empty());
+    QVERIFY(finder.TakeSingles(line, 10.0 + 1.01 * Period, singles));
+    QCOMPARE(singles.size(), std::size_t(1));
+    for (double const now :
+         { std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -HUGE_VAL })
+        QVERIFY(!finder.TakeSingles(line, now, singles));
+    QVERIFY(finder.TakeSingles(line, 3.0, singles)); // back in time
+    QVERIFY(finder.TakeSingles(Quiet(), 4.0, singles));
+    QVERIFY(singles.empty());
+    // results keep their own time
+    QVERIFY(finder.Take(line, 4.0));
+}
+
+void tst_DirectionFinder::resultTellsOfItsChannel()
+{
+    QCOMPARE(FinderOf({ Emitter(QStringLiteral("A"), 300e3, 10e3) })
+                 .Measure(With(300, -30.0))
+                 .front()
+                 .GetValue(DirectionFinder::eBandwidth),
+             10e3);
+    QCOMPARE(FinderOf({ Emitter(QStringLiteral("A"), 300e3, 400e3) })
+                 .Measure(With(300, -30.0))
+                 .front()
+                 .GetValue(DirectionFinder::eBandwidth),
+             0.0);
+    QCOMPARE(int(DirectionFinder::eBandwidth), 5);
+}
+
+void tst_DirectionFinder::uncertaintyFollowsTheQuality_data()
+{
+    QTest::addColumn<double>("quality");
+    QTest::addColumn<double>("degrees");
+    QTest::newRow("best") << 100.0 << 0.3;
+    QTest::newRow("half") << 50.0 << 3.15;
+    QTest::newRow("worst") << 0.0 << 6.0;
+    QTest::newRow("above") << 1e300 << 0.3;
+    QTest::newRow("below") << -1e300 << 6.0;
+    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << 6.0;
+    QTest::newRow("endless") << std::numeric_limits<double>::infinity() << 6.0;
+}
+
+void tst_DirectionFinder::uncertaintyFollowsTheQuality()
+{
+    QFETCH(double, quality);
+    QFETCH(double, degrees);
+    QCOMPARE(DirectionFinder::Uncertainty(quality), degrees);
+}
+
+void tst_DirectionFinder::vehicleSwings_data()
+{
+    QTest::addColumn<double>("now");
+    QTest::addColumn<double>("heading");
+    QTest::newRow("at the start") << 0.0 << 30.0;
+    QTest::newRow("to starboard") << 22.5 << 45.0;
+    QTest::newRow("back") << 45.0 << 30.0;
+    QTest::newRow("to port") << 67.5 << 15.0;
+    QTest::newRow("again") << 90.0 << 30.0;
+    QTest::newRow("much later") << 22.5 + 90.0 * 1e6 << 45.0;
+    QTest::newRow("in whole degrees") << 1.0 << 31.0;
+    QTest::newRow("no time") << std::numeric_limits<double>::quiet_NaN() << 30.0;
+    QTest::newRow("endless") << std::numeric_limits<double>::infinity() << 30.0;
+}
+
+void tst_DirectionFinder::vehicleSwings()
+{
+    QFETCH(double, now);
+    QFETCH(double, heading);
+    QCOMPARE(DirectionFinder::Heading(now), heading);
 }
 
 ORIM_CORE_TEST_MAIN(tst_DirectionFinder)
