@@ -24,8 +24,18 @@ void ConsoleBearings::Find(std::vector<SimulatedEmitter> emitters, quint64 seed)
 
 void ConsoleBearings::Take(SpectrumLine const & line, double now)
 {
-    if (!m_pFinder || !m_pFinder->Take(line, now))
+    if (!m_pFinder)
         return;
+    ConsoleValues::Set(ConsolePaths::Heading, DirectionFinder::Heading(now));
+    std::vector<BearingMeasurement> singles;
+    if (m_pFinder->TakeSingles(line, now, singles))
+        m_history.Append(singles, now);
+    if (m_pFinder->Take(line, now))
+        TakeResults();
+}
+
+void ConsoleBearings::TakeResults()
+{
     std::vector<BearingResult> results = m_pFinder->GetResults();
     BearingResult const * const selected = At(Selected());
     int index = -1;

@@ -2,6 +2,7 @@
 #ifndef ORIM_CONSOLEBEARINGS_H
 #define ORIM_CONSOLEBEARINGS_H
 
+#include "bearinghistory.h"
 #include "directionfinder.h"
 
 #include <QString>
@@ -9,7 +10,7 @@
 #include <memory>
 
 //! The results of the direction finder in the tree: a list by rising frequency, and the number of the selected one. The
-//! selection follows its emitter through the list, and ends with it.
+//! selection follows its emitter through the list, and ends with it. The single measurements beside them.
 class ConsoleBearings
 {
 public:
@@ -21,8 +22,11 @@ public:
     //! From now on finds these emitters.
     void Find(std::vector<SimulatedEmitter> emitters, quint64 seed);
 
-    //! Has a line measured when it is time. \param now  s, of any clock.
+    //! Has a line measured when it is time, and tells where the vehicle points to. \param now  s, of any clock.
     void Take(SpectrumLine const & line, double now);
+
+    //! The single measurements.
+    BearingHistory & History() { return m_history; }
 
     //! Number of results that can be selected, 0 to Most.
     static int Count();
@@ -36,7 +40,10 @@ public:
     static void SelectNext(bool forward);
 
 private:
+    void TakeResults();
+
     std::unique_ptr<DirectionFinder> m_pFinder; // null: none
+    BearingHistory m_history;
 };
 
 #endif

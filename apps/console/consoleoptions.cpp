@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -19,7 +20,7 @@ struct OptionRow
     char const * letter = nullptr; // second name
 };
 
-constexpr std::array<OptionRow, 16> OptionRows{ {
+constexpr std::array<OptionRow, 17> OptionRows{ {
     { "simulate", nullptr, "Show the simulated receiver. This is the default without a file." },
     { "seed", "NUMBER", "Seed of the simulated receiver, a whole number. Default 1." },
     { "speed", "FACTOR", "Play this many times as fast, 0.01 to 100. Default 1." },
@@ -29,6 +30,7 @@ constexpr std::array<OptionRow, 16> OptionRows{ {
     { "colors", "SET", "Colour set: day, night or contrast." },
     { "markers", nullptr, "Show the markers, placed on the highest signals." },
     { "windows", nullptr, "Mark the five highest signals with windows." },
+    { "panes", "NAMES", "Show more panes: persistence, azimuth and elevation, or some of them." },
     { "size", "WxH", "Size of the window, for example 1280x800." },
     { "screenshot", "FILE.png", "Write a picture of the window to this file, then end." },
     { "after", "SECONDS", "Time before the picture is written. Default 2." },
@@ -49,6 +51,8 @@ constexpr std::array<ColorRow, 3> ColorRows{ {
     { "night", Colors::eNight },
     { "contrast", Colors::eContrast },
 } };
+
+constexpr std::array<char const *, 3> PaneNames{ { "persistence", "azimuth", "elevation" } };
 
 struct NumberLimits
 {
@@ -199,6 +203,20 @@ void ReadColors(ValueReader & reader, ConsoleOptions & options)
         reader.Refuse("colors", QStringLiteral("day, night or contrast is wanted"));
 }
 
+void ReadPanes(ValueReader & reader, ConsoleOptions & options)
+{
+    if (!reader.IsSet("panes"))
+        return;
+    options.panes = reader.Text("panes").split(QLatin1Char(','));
+    bool const good = std::all_of(options.panes.cbegin(), options.panes.cend(), [](QString const & name) {
+        return std::any_of(PaneNames.begin(), PaneNames.end(),
+                           [&name](char const * known) { return name == QLatin1String(known); });
+    });
+    if (!good)
+        reader.Refuse("panes", QStringLiteral("some of persistence, azimuth and elevation with commas between them "
+                                              "are wanted"));
+}
+
 void ReadSeed(ValueReader & reader, ConsoleOptions & options)
 {
     if (!reader.IsSet("seed"))
@@ -231,6 +249,7 @@ void ReadValues(QCommandLineParser const & parser, ConsoleOptions & options)
     ReadRange(reader, options);
     ReadSize(reader, options);
     ReadColors(reader, options);
+    ReadPanes(reader, options);
     options.speed = reader.Number("speed", SpeedLimits).value_or(options.speed);
     options.rate = reader.Number("rate", RateLimits);
     options.after = reader.Number("after", AfterLimits).value_or(options.after);

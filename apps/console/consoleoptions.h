@@ -44,6 +44,7 @@ struct ConsoleOptions
     bool verbose = false;
     bool markers = false; //!< all markers are shown from the start
     bool windows = false; //!< all windows mark signals from the start
+    QStringList panes;    //!< shown beside those that always are: persistence, azimuth, elevation
 
     QString screenshot;         //!< picture to write; empty for none
     double after = 2.0;         //!< s until it is written

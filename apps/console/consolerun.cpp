@@ -13,6 +13,7 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace {
@@ -20,6 +21,18 @@ namespace {
 constexpr int ReportPeriod = 1000; // ms
 constexpr int CodeFailed = 2;
 constexpr double MillisecondsASecond = 1e3;
+
+struct PaneRow
+{
+    char const * name; // as in the options
+    char const * shown;
+};
+
+constexpr std::array<PaneRow, 3> PaneRows{ {
+    { "persistence", ConsolePaths::PersistenceShown },
+    { "azimuth", ConsolePaths::AzimuthShown },
+    { "elevation", ConsolePaths::ElevationShown },
+} };
 
 int ToMilliseconds(double seconds) { return toInt(seconds * MillisecondsASecond); }
 
@@ -70,9 +83,18 @@ int ConsoleRun::Finish(int code)
     return code;
 }
 
+void ConsoleRun::ShowPanes()
+{
+    for (PaneRow const & row : PaneRows) {
+        if (m_options.panes.contains(QLatin1String(row.name)))
+            ConsoleValues::SetFlag(row.shown, true);
+    }
+}
+
 void ConsoleRun::ApplyOptions()
 {
     bool const hasLevels = !m_options.EndsByItself() && m_settings.Read();
+    ShowPanes(); // whatever is stored
     if (m_options.size)
         m_window.resize(*m_options.size);
     if (m_options.colors)

@@ -32,6 +32,7 @@ protected:
 
 private:
     bool HasRoom() const;
+    void ShowPanes();
     void ApplyOptions();
     void slotScreenshot();
     void End(int code);

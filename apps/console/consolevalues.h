@@ -2,6 +2,7 @@
 #ifndef ORIM_CONSOLEVALUES_H
 #define ORIM_CONSOLEVALUES_H
 
+#include "bearingvalues.h"
 #include "linecolumns.h"
 #include "valuefollower.h"
 #include "windowvalues.h"
@@ -51,6 +52,11 @@ constexpr char const * ElevationShown = "/console/panes/elevation";
 
 constexpr char const * Bearings = "/console/bearings/results";         // list, by rising frequency
 constexpr char const * SelectedBearing = "/console/bearings/selected"; // number in that list; -1 for none
+constexpr char const * AzimuthMin = "/console/bearings/azimuthMin";    // deg, of the shown range, as those below
+constexpr char const * AzimuthMax = "/console/bearings/azimuthMax";
+constexpr char const * ElevationMin = "/console/bearings/elevationMin";
+constexpr char const * ElevationMax = "/console/bearings/elevationMax";
+constexpr char const * Heading = "/console/vehicle/heading"; // deg from north, where the vehicle points to
 
 } // namespace ConsolePaths
 
@@ -103,6 +109,7 @@ private:
     bool m_coupling = false;           // the one form of the frequency range is being told by the other
     std::vector<QString> m_paths;      // what was put into the tree
     WindowValues m_windows;
+    BearingValues m_bearings;
     ValueFollower m_levelMin;
     ValueFollower m_levelMax;
     ValueFollower m_centre;

@@ -2,6 +2,8 @@
 #include "consolewindow.h"
 
 #include "axisrangedisplay.h"
+#include "azimuthbutton.h"
+#include "bearingpane.h"
 #include "colorset.h"
 #include "consolemarkers.h"
 #include "controlstrip.h"
@@ -127,6 +129,7 @@ void ConsoleWindow::BuildControls()
         tr("Panes"), { { QStringLiteral("persistence"), tr("Persistence"), path(ConsolePaths::PersistenceShown) },
                        { QStringLiteral("azimuth"), tr("Azimuth"), path(ConsolePaths::AzimuthShown) },
                        { QStringLiteral("elevation"), tr("Elevation"), path(ConsolePaths::ElevationShown) } });
+    m_pControls->AddControl(tr("Bearings"), new AzimuthButton(m_pControls));
     m_pColorSets = ColorSet::GetColorSetsComboBox(m_pControls);
     m_pColorSets->setObjectName(QStringLiteral("colorSets"));
     connect(m_pColorSets, qOverload<int>(&QComboBox::activated), this,
@@ -156,8 +159,19 @@ void ConsoleWindow::BuildPanes()
                                    [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); }, nullptr, true,
                                    true });
     connect(m_pWaterfall, &WaterfallPane::signalTimes, this, &ConsoleWindow::slotTimes);
+    m_pAzimuth = AddBearings(BearingAxis::Kind::eAzimuth, tr("Azimuth"), ConsolePaths::AzimuthShown);
+    m_pElevation = AddBearings(BearingAxis::Kind::eElevation, tr("Elevation"), ConsolePaths::ElevationShown);
     for (RangePane * const pane : m_pPanes->RangePanes())
         pane->SetFrameStats(&m_stats);
+}
+
+BearingPane * ConsoleWindow::AddBearings(BearingAxis::Kind kind, QString const & name, char const * shownPath)
+{
+    auto * const pane = new BearingPane(kind);
+    pane->SetHistory(&m_bearings.History());
+    m_pPanes->AddPane(
+        { pane, name, 2, PaneLevels::eNone, QLatin1String(shownPath), nullptr, [pane](bool on) { pane->Hold(on); } });
+    return pane;
 }
 
 void ConsoleWindow::ConnectPlayer()

@@ -2,6 +2,7 @@
 #ifndef ORIM_CONSOLEWINDOW_H
 #define ORIM_CONSOLEWINDOW_H
 
+#include "bearingaxis.h"
 #include "consolebearings.h"
 #include "consolefigures.h"
 #include "consolevalues.h"
@@ -16,6 +17,7 @@
 #include <memory>
 #include <vector>
 
+class BearingPane;
 class ConsoleMarkers;
 class ControlStrip;
 class LinePlayer;
@@ -61,6 +63,12 @@ public:
 
     WaterfallPane & Waterfall() { return *m_pWaterfall; }
 
+    BearingPane & Azimuth() { return *m_pAzimuth; }
+
+    BearingPane & Elevation() { return *m_pElevation; }
+
+    ConsoleBearings & Bearings() { return m_bearings; }
+
     PositionBar & Position() { return *m_pPosition; }
 
     ConsoleValues & Values() { return m_values; }
@@ -79,6 +87,7 @@ protected:
 private:
     void BuildControls();
     void BuildPanes();
+    BearingPane * AddBearings(BearingAxis::Kind kind, QString const & name, char const * shownPath);
     void ConnectPlayer();
     void BindPanes();
     void BindLevels(RangePane & pane);
@@ -112,6 +121,8 @@ private:
     PersistencePane * m_pPersistence = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
     PaneFrame * m_pTimes = nullptr; // the frame whose caption tells the times of the waterfall
+    BearingPane * m_pAzimuth = nullptr;
+    BearingPane * m_pElevation = nullptr;
     PositionBar * m_pPosition = nullptr;
     StatusLine * m_pStatus = nullptr;
     ConsoleMarkers * m_pMarkers = nullptr;

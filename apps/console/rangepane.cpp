@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rangepane.h"
 
+#include "azimuthdisplayselect.h"
 #include "consolebearings.h"
 #include "consolevalues.h"
 #include "frequencyaxis.h"
@@ -50,6 +51,8 @@ RangePane::RangePane(QWidget * parent)
     connect(m_pFrequencyAxis, &AxisBase::signalRangeChanged, this, &RangePane::TakeFrequencies);
     connect(m_pFrequencyAxis, &ScaleAxis::signalBand, this, qOverload<>(&QWidget::update));
     m_pFrequencyAxis->SetMenuMarkerPane(this);
+    connect(&AzimuthDisplaySelect::Instance(), &AzimuthDisplaySelect::signalAzimuthModeChanged, this,
+            [this] { ShowAzimuthMode(); });
     for (int window = 0; window < WindowValues::Count; ++window) {
         auto * const menu = new ResortPopupMenu(this, "WindowMenu");
         menu->insertItem(tr("Hide window %1").arg(window + 1), this, SLOT(slotHideWindow(int)), QKeySequence(), window);
@@ -211,6 +214,14 @@ double RangePane::LevelAt(double row) const
 }
 
 QRect RangePane::LevelFlagRoom() const { return {}; }
+
+int RangePane::ResultAt(QPoint at) const
+{
+    Q_UNUSED(at)
+    return -1;
+}
+
+void RangePane::ShowAzimuthMode() { RepairDrawing(); }
 
 double RangePane::PixelToValue(int direction, int pixel)
 {
@@ -397,7 +408,13 @@ bool RangePane::TakePress(QMouseEvent const * event)
     int const marker = m_hand.Under(Position(event).toPoint());
     bool const isRuler = marker >= 0 && WindowHand::WindowOf(marker) < 0;
     LifeWatch const life(GetObserverLifetime());
-    bool const isResult = !isRuler && m_resultHand.Press(event);
+    bool isResult = !isRuler && m_resultHand.Press(event);
+    if (!isResult && marker < 0 && !life.IsOver() && event->button() == Qt::LeftButton) {
+        int const result = ResultAt(Position(event).toPoint());
+        isResult = result >= 0;
+        if (isResult)
+            ConsoleBearings::Select(result);
+    }
     return life.IsOver() || isResult || m_windowHand.Press(event, marker) || m_hand.Press(event);
 }
 

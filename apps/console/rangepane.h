@@ -114,6 +114,10 @@ protected:
     virtual QStringList FlagTexts(int index) const = 0;
     //! Texts of the flag of a result; none here.
     virtual QStringList ResultTexts(ResultMarker const & marker, bool selected) const;
+    //! Index of the result that is painted at a place, logical pixels, beside its marker; -1, as here, for none.
+    virtual int ResultAt(QPoint at) const;
+    //! Bearings are to be shown in another way: the flags are laid anew.
+    virtual void ShowAzimuthMode();
     //! Where flags of level lines may stand, logical pixels; nowhere here.
     virtual QRect LevelFlagRoom() const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "spectrumpane.h"
 
+#include "azimuthview.h"
 #include "bearingtexts.h"
 #include "consolebearings.h"
 #include "framestats.h"
@@ -280,8 +281,8 @@ QStringList SpectrumPane::ResultTexts(ResultMarker const & marker, bool selected
 {
     double const bearing = marker.GetValue(DirectionFinder::eBearing);
     if (!selected)
-        return { BearingTexts::Bearing(bearing, 0) };
-    return { BearingTexts::Bearing(bearing, 1),
+        return { AzimuthView::Current().Text(bearing, 0) };
+    return { AzimuthView::Current().Text(bearing, 1),
              NumberTexts::FrequencyWithUnit(marker.GetValue(DirectionFinder::eFrequency), HertzAPixel()) };
 }
 
@@ -290,7 +291,7 @@ QString SpectrumPane::BearingReadOut() const
     BearingResult const * const result = ConsoleBearings::At(ConsoleBearings::Selected());
     if (!result)
         return {};
-    QString const bearing = BearingTexts::Bearing(result->GetValue(DirectionFinder::eBearing), 1);
+    QString const bearing = AzimuthView::Current().Text(result->GetValue(DirectionFinder::eBearing), 1);
     QString const elevation = BearingTexts::Elevation(result->GetValue(DirectionFinder::eElevation));
     QString const quality = BearingTexts::Quality(result->GetValue(DirectionFinder::eQuality));
     int const peak = std::isnan(m_peak.level) ? 0 : fontMetrics().horizontalAdvance(PeakText()) + ReadOutSpace;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "waterfallpane.h"
 
-#include "bearingtexts.h"
+#include "azimuthview.h"
 #include "directionfinder.h"
 #include "framestats.h"
 #include "guibase.h"
@@ -91,7 +91,7 @@ QStringList WaterfallPane::FlagTexts(int index) const
 //! The newest rows lie where flags hang: only the selected result has one.
 QStringList WaterfallPane::ResultTexts(ResultMarker const & marker, bool selected) const
 {
-    return selected ? QStringList{ BearingTexts::Bearing(marker.GetValue(DirectionFinder::eBearing), 1) }
+    return selected ? QStringList{ AzimuthView::Current().Text(marker.GetValue(DirectionFinder::eBearing), 1) }
                     : QStringList();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "consolebearings.h"
 
+#include "bearingpane.h"
 #include "colorset.h"
 #include "consolewindow.h"
 #include "frequencyaxis.h"
@@ -46,6 +47,9 @@ private Q_SLOTS:
     void hiddenPaneCatchesUp();
     void resultsCostNoOtherPaint();
     void simulatedEmittersAreFound();
+    void singleMeasurementsAreKept();
+    void vehicleTellsWhereItPointsTo();
+    void panesOfBearingsFollow();
 
 private:
     static void SetResults(std::vector<BearingResult> results);
@@ -477,6 +481,67 @@ void tst_ConsoleBearings::simulatedEmittersAreFound()
         last = frequency;
         QCOMPARE(m_window->Spectrum().GetMarkerValue(eFree33 + i), frequency);
     }
+}
+
+void tst_ConsoleBearings::singleMeasurementsAreKept()
+{
+    ConsoleBearings bearings;
+    bearings.Find({ EmitterAt(QStringLiteral("low"), 0.25), EmitterAt(QStringLiteral("high"), 0.75) }, 1);
+    QSignalSpy const changed(&bearings.History(), &BearingHistory::signalChanged);
+    bearings.Take(LineAt(0.75), 0.0);
+    QCOMPARE(bearings.History().GetEntries().size(), std::size_t(1));
+    bearings.Take(LineAt(0.75), 0.01); // too early
+    QCOMPARE(changed.count(), 1);
+    bearings.Take(LineAt(0.25), 0.1); // before results are measured again
+    QCOMPARE(bearings.History().GetEntries().size(), std::size_t(2));
+    QCOMPARE(ConsoleBearings::Count(), 1);
+    BearingHistory::Entry const & entry = bearings.History().GetEntries().back();
+    QCOMPARE(entry.time, 0.1);
+    QVERIFY(std::abs(entry.measurement.frequency - Start - 0.25 * ToneSource::Rate) <= 5.0);
+    QVERIFY(std::abs(entry.measurement.bearing - 100.0) < 3.0);
+    ConsoleBearings none;
+    none.Take(LineAt(0.75), 0.0);
+    QVERIFY(none.History().GetEntries().empty());
+}
+
+void tst_ConsoleBearings::vehicleTellsWhereItPointsTo()
+{
+    ConsoleBearings none;
+    none.Take(LineAt(0.75), 22.5);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Heading), 0.0);
+    ConsoleBearings bearings;
+    bearings.Find({ EmitterAt(QStringLiteral("low"), 0.25) }, 1);
+    bearings.Take(LineAt(0.75), 22.5);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Heading), 45.0);
+    bearings.Take(LineAt(0.75), 22.6 + 45.0);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Heading), 15.0);
+}
+
+//! The panes of the window show what it measures while they are shown.
+void tst_ConsoleBearings::panesOfBearingsFollow()
+{
+    m_window->FindDirections({ EmitterAt(QStringLiteral("A"), 0.625) }, 1); // where the tone is
+    m_window->Start();
+    QTRY_COMPARE(ConsoleBearings::Count(), 1);
+    QVERIFY(!m_window->Azimuth().isVisible());
+    QVERIFY(m_window->Azimuth().GetSparkles().empty());
+    ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, true);
+    ConsoleValues::SetFlag(ConsolePaths::ElevationShown, true);
+    QTRY_VERIFY(m_window->Azimuth().GetSparkles().size() >= 3);
+    QTRY_VERIFY(m_window->Elevation().GetSparkles().size() >= 3);
+    m_window->Player().Stop();
+    m_window->grab();
+    for (BearingPane * const pane : { &m_window->Azimuth(), &m_window->Elevation() }) {
+        QCOMPARE(pane->GetBands().size(), std::size_t(1));
+        QVERIFY(pane->GetFrequencyRange() == m_window->Spectrum().GetFrequencyRange());
+        QCOMPARE(pane->GetPictureRect().left(), m_window->Spectrum().GetPictureRect().left());
+        QCOMPARE(pane->GetPictureRect().width(), m_window->Spectrum().GetPictureRect().width());
+        QCOMPARE(pane->GetBands()[0].line.center().x(), RulerOf(m_window->Spectrum(), 0).line);
+    }
+    // the shown frequencies are those of all
+    ConsoleValues::Set(ConsolePaths::Span, ToneSource::Rate / 4.0);
+    m_window->grab();
+    QCOMPARE(m_window->Azimuth().GetFrequencyRange().span, ToneSource::Rate / 4.0);
 }
 
 ORIM_TEST_MAIN(tst_ConsoleBearings)

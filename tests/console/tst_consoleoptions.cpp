@@ -46,6 +46,7 @@ void tst_ConsoleOptions::startsWithDefaults()
     QVERIFY(!options.verbose);
     QVERIFY(!options.markers);
     QVERIFY(!options.windows);
+    QVERIFY(options.panes.isEmpty());
     QVERIFY(options.screenshot.isEmpty());
     QCOMPARE(options.after, 2.0);
     QCOMPARE(options.runSeconds, 0.0);
@@ -55,9 +56,10 @@ void tst_ConsoleOptions::startsWithDefaults()
 
 void tst_ConsoleOptions::readsEveryOption()
 {
-    ConsoleOptions const options = Parse(
-        QStringLiteral("a.sigmf-meta --speed 2.5 --bins 4096 --rate 50 --range -130:10 --colors contrast "
-                       "--size 640x480 --screenshot out.png --after 0.5 --seed 77 --verbose --markers --windows"));
+    ConsoleOptions const options =
+        Parse(QStringLiteral("a.sigmf-meta --speed 2.5 --bins 4096 --rate 50 --range -130:10 --colors contrast "
+                             "--size 640x480 --screenshot out.png --after 0.5 --seed 77 --verbose --markers --windows "
+                             "--panes elevation,azimuth"));
     QCOMPARE(options.message, QString());
     QVERIFY(options.action == Action::eRun);
     QCOMPARE(options.file, QStringLiteral("a.sigmf-meta"));
@@ -75,6 +77,7 @@ void tst_ConsoleOptions::readsEveryOption()
     QVERIFY(options.verbose);
     QVERIFY(options.markers);
     QVERIFY(options.windows);
+    QCOMPARE(options.panes, QStringList({ QStringLiteral("elevation"), QStringLiteral("azimuth") }));
     QCOMPARE(Parse(QStringLiteral("--seconds 60")).runSeconds, 60.0);
 }
 
@@ -177,6 +180,10 @@ void tst_ConsoleOptions::refuses_data()
                                      << "--colors pink: day, night or contrast";
     QTest::newRow("colours in capitals") << "--colors DAY"
                                          << "--colors DAY";
+    QTest::newRow("unknown pane") << "--panes azimuth,spectrum"
+                                  << "--panes azimuth,spectrum: some of persistence, azimuth and elevation";
+    QTest::newRow("pane without a name") << "--panes azimuth,"
+                                         << "--panes azimuth,:";
     QTest::newRow("size without height") << "--size 640"
                                          << "--size 640: a width and a height";
     QTest::newRow("size 0") << "--size 0x480"
@@ -225,9 +232,9 @@ void tst_ConsoleOptions::helpNamesEveryOption()
 {
     ConsoleOptions const options = Parse(QStringLiteral("--help"));
     QVERIFY(options.action == Action::eHelp);
-    for (char const * const name :
-         { "FILE.sigmf-meta", "--simulate", "--seed", "--speed", "--bins", "--rate", "--range", "--colors", "--size",
-           "--screenshot", "--after", "--seconds", "--verbose", "--markers", "--windows", "--help", "--version" })
+    for (char const * const name : { "FILE.sigmf-meta", "--simulate", "--seed", "--speed", "--bins", "--rate",
+                                     "--range", "--colors", "--size", "--screenshot", "--after", "--seconds",
+                                     "--verbose", "--markers", "--windows", "--panes", "--help", "--version" })
         QVERIFY2(options.help.contains(QLatin1String(name)), name);
 }
 

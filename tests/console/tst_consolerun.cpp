@@ -26,6 +26,7 @@ private Q_SLOTS:
     void withoutOptions();
     void markersAreShown();
     void windowsAreShown();
+    void panesAreShown();
     void windowTooSmall_data();
     void windowTooSmall();
     void seedReachesTheSimulator();
@@ -124,6 +125,24 @@ void tst_ConsoleRun::windowsAreShown()
         for (int index = 0; index < WindowValues::Count; ++index)
             QCOMPARE(WindowValues::IsVisible(index), wanted);
     }
+}
+
+void tst_ConsoleRun::panesAreShown()
+{
+    auto const window = Window();
+    ConsoleRun run(*window, Parse(QStringLiteral("--panes azimuth --seconds 60")));
+    QVERIFY(run.Start());
+    QVERIFY(ConsoleValues::GetFlag(ConsolePaths::AzimuthShown));
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::ElevationShown));
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::PersistenceShown));
+    // it does not matter that none was shown in the last session
+    ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, false);
+    ConsoleValues::SetFlag(ConsolePaths::ElevationShown, false);
+    ConsoleRun asked(*window, Parse(QStringLiteral("--panes elevation")));
+    QCOMPARE(asked.Finish(0), 0);
+    QVERIFY(asked.Start());
+    QVERIFY(ConsoleValues::GetFlag(ConsolePaths::ElevationShown));
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::AzimuthShown));
 }
 
 void tst_ConsoleRun::windowTooSmall_data()
