@@ -55,10 +55,9 @@ void Limit(char const * low, char const * high, double least, double most)
     SetLimits(high, ConsoleValues::Get(low) + BearingValues::LeastSpan, most);
 }
 
-//! Apart first, so that neither end holds the other back.
+//! The upper end first, which becomes the highest there is: neither holds the other back.
 void SetRange(char const * low, char const * high, double start, double stop)
 {
-    ConsoleValues::Set(low, Lowest);
     ConsoleValues::Set(high, stop);
     ConsoleValues::Set(low, start);
 }
