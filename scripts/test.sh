@@ -11,6 +11,7 @@ cd "$(dirname "$0")/.."
 orim_packages "${orim_test_packages[@]}"
 
 export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-4G}
+export CCACHE_INODECACHE=true # the precompiled header is large: hashed once, not for each source
 started=$SECONDS
 say() { printf '\n== %s (%d s)\n' "$*" $((SECONDS - started)); }
 
