@@ -6,35 +6,50 @@
 #include "frequencyaxis.h"
 #include "panestack.h"
 #include "spectrumpane.h"
+#include "timeaxis.h"
+#include "waterfallpane.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
+enum MarkerKind
+{
+    eFrequencyMarker,
+    eLevelMarker,
+    eTimeMarker
+};
+
 struct MarkerRow
 {
     EMarkerID id;
     int gap; // the marker that it is compared with; -1 for none
-    unsigned int special;
+    MarkerKind kind;
     IColorBase::ECOLOR color;
     char const * name;
     char const * path;
     char const * shownPath;
 };
 
-constexpr std::array<MarkerRow, 3> MarkerRows{ {
-    { ConsoleMarkers::First, -1, eSpecialX, IColorBase::eColorMarker, QT_TRANSLATE_NOOP("ConsoleMarkers", "M1"),
+constexpr std::array<MarkerRow, 5> MarkerRows{ {
+    { ConsoleMarkers::First, -1, eFrequencyMarker, IColorBase::eColorMarker, QT_TRANSLATE_NOOP("ConsoleMarkers", "M1"),
       ConsolePaths::Marker1, ConsolePaths::Marker1Shown },
-    { ConsoleMarkers::Second, ConsoleMarkers::First, eSpecialX, IColorBase::eColorClientSecond,
+    { ConsoleMarkers::Second, ConsoleMarkers::First, eFrequencyMarker, IColorBase::eColorClientSecond,
       QT_TRANSLATE_NOOP("ConsoleMarkers", "M2"), ConsolePaths::Marker2, ConsolePaths::Marker2Shown },
-    { ConsoleMarkers::Level, -1, eSpecialY, IColorBase::eColorResult, QT_TRANSLATE_NOOP("ConsoleMarkers", "Level"),
+    { ConsoleMarkers::Level, -1, eLevelMarker, IColorBase::eColorResult, QT_TRANSLATE_NOOP("ConsoleMarkers", "Level"),
       ConsolePaths::LevelMarker, ConsolePaths::LevelMarkerShown },
+    { ConsoleMarkers::Time1, -1, eTimeMarker, IColorBase::eColorMarker, QT_TRANSLATE_NOOP("ConsoleMarkers", "T1"),
+      ConsolePaths::Time1, ConsolePaths::Time1Shown },
+    { ConsoleMarkers::Time2, -1, eTimeMarker, IColorBase::eColorClientSecond, QT_TRANSLATE_NOOP("ConsoleMarkers", "T2"),
+      ConsolePaths::Time2, ConsolePaths::Time2Shown },
 } };
 
 constexpr double Apart = 0.02; // of the span: two markers are placed at least as far from each other
 
-bool IsLevel(MarkerRow const & row) { return (row.special & eSpecialY) != 0; }
+bool IsLevel(MarkerRow const & row) { return row.kind == eLevelMarker; }
+
+bool IsFrequency(MarkerRow const & row) { return row.kind == eFrequencyMarker; }
 
 } // namespace
 
@@ -42,6 +57,7 @@ ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, PaneStack const & panes,
     : QObject(parent)
     , m_spectrum(spectrum)
     , m_rulers({ ConsolePaths::Marker1, ConsolePaths::Marker2, ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper })
+    , m_timeRulers({ ConsolePaths::Time1, ConsolePaths::Time2, ConsolePaths::TimeLower, ConsolePaths::TimeUpper })
 {
     static_assert(MarkerRows.size() == Count, "one row a marker");
     AddLists(panes);
@@ -55,7 +71,7 @@ ConsoleMarkers::ConsoleMarkers(SpectrumPane & spectrum, PaneStack const & panes,
 
 ConsoleMarkers::~ConsoleMarkers() = default;
 
-//! First the panes, then their frequency scales, then their level scales.
+//! First the panes, then their frequency scales, then their level scales, then the time scale.
 void ConsoleMarkers::AddLists(PaneStack const & panes)
 {
     std::vector<MarkerList *> frequencyScales;
@@ -64,31 +80,39 @@ void ConsoleMarkers::AddLists(PaneStack const & panes)
         auto * const pane = qobject_cast<RangePane *>(&frame->Pane());
         if (!pane)
             continue;
-        AddTo(*pane, false);
-        AddTo(pane->GetFrequencyAxis(), false);
+        AddTo(*pane, eFrequencyMarker);
+        AddTo(pane->GetFrequencyAxis(), eFrequencyMarker);
         m_lists.push_back(pane);
+        if (auto * const waterfall = qobject_cast<WaterfallPane *>(pane))
+            m_pWaterfall = waterfall;
         frequencyScales.push_back(&pane->GetFrequencyAxis());
         if (frame->Form().levels == PaneLevels::eRows)
-            AddTo(*pane, true);
+            AddTo(*pane, eLevelMarker);
         if (frame->Form().levels == PaneLevels::eNone)
             continue;
-        AddTo(pane->GetLevelScale(), true);
+        AddTo(pane->GetLevelScale(), eLevelMarker);
         levelScales.push_back(&pane->GetLevelScale());
     }
     m_lists.insert(m_lists.end(), frequencyScales.begin(), frequencyScales.end());
     m_lists.insert(m_lists.end(), levelScales.begin(), levelScales.end());
+    if (m_pWaterfall) {
+        AddTo(*m_pWaterfall, eTimeMarker);
+        AddTo(m_pWaterfall->GetTimeAxis(), eTimeMarker);
+        m_lists.push_back(&m_pWaterfall->GetTimeAxis());
+    }
     std::array<MarkerList *, 17> mesh{};
     std::copy_n(m_lists.begin(), std::min(m_lists.size(), mesh.size()), mesh.begin());
     ConnectMarkerVisibilityFlags(mesh[0], mesh[1], mesh[2], mesh[3], mesh[4], mesh[5], mesh[6], mesh[7], mesh[8],
                                  mesh[9], mesh[10], mesh[11], mesh[12], mesh[13], mesh[14], mesh[15], mesh[16]);
 }
 
-void ConsoleMarkers::AddTo(MarkerList & list, bool levels)
+void ConsoleMarkers::AddTo(MarkerList & list, int kind)
 {
     for (MarkerRow const & row : MarkerRows) {
-        if (IsLevel(row) != levels)
+        if (row.kind != kind)
             continue;
-        list.AddMarker(row.id, false, row.color, true, row.special | eSpecialInMenu, tr(row.name));
+        unsigned int const special = IsFrequency(row) ? eSpecialX : eSpecialY;
+        list.AddMarker(row.id, false, row.color, true, special | eSpecialInMenu, tr(row.name));
         list.SetMarker_ValuePath(row.id, QLatin1String(row.path));
         list.SetGapMarkerId(row.id, row.gap);
     }
@@ -125,8 +149,29 @@ bool ConsoleMarkers::IsInView(std::size_t row) const
     return value >= low && value <= high;
 }
 
+//! A quarter and three quarters down the rows, unless it stands on one of them.
+void ConsoleMarkers::PlaceTime(std::size_t row)
+{
+    if (!m_pWaterfall)
+        return;
+    m_pWaterfall->Refresh();
+    MarkerRow const & marker = MarkerRows[row];
+    WaterfallImage const & image = m_pWaterfall->GetImage();
+    double const time = ConsoleValues::Get(marker.path);
+    bool const isInView = time >= image.Stamp(image.Filled() - 1) && time <= image.Stamp(0);
+    if (image.Filled() == 0 || (m_placed[row] && isInView))
+        return;
+    m_placed[row] = true;
+    int const quarters = marker.id == Time1 ? 3 : 1;
+    ConsoleValues::Set(marker.path, image.Stamp(image.Filled() * quarters / 4));
+}
+
 void ConsoleMarkers::Place(std::size_t row)
 {
+    if (MarkerRows[row].kind == eTimeMarker) {
+        PlaceTime(row);
+        return;
+    }
     m_spectrum.Refresh(); // peaks of the present range
     SpectrumPane::Peak peak = m_spectrum.GetPeak();
     if (std::isnan(peak.level) || (m_placed[row] && IsInView(row)))
@@ -139,7 +184,7 @@ void ConsoleMarkers::Place(std::size_t row)
     }
     double const span = ConsoleValues::Get(ConsolePaths::Span);
     for (MarkerRow const & other : MarkerRows) {
-        bool const competes = other.id != marker.id && !IsLevel(other) && ConsoleValues::GetFlag(other.shownPath);
+        bool const competes = other.id != marker.id && IsFrequency(other) && ConsoleValues::GetFlag(other.shownPath);
         if (competes)
             peak = m_spectrum.FindPeakBeside(ConsoleValues::Get(other.path), Apart * span);
     }
@@ -156,10 +201,14 @@ void ConsoleMarkers::slotLineShown()
 
 void ConsoleMarkers::slotState(QString const & path, EMarkerState state, bool value)
 {
-    bool const areRulers =
-        path == QLatin1String(ConsolePaths::MarkerLower) || path == QLatin1String(ConsolePaths::MarkerUpper);
+    auto const isOneOf = [&path](char const * one, char const * other) {
+        return path == QLatin1String(one) || path == QLatin1String(other);
+    };
+    bool const areRulers = isOneOf(ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper);
+    bool const areTimes = isOneOf(ConsolePaths::TimeLower, ConsolePaths::TimeUpper);
     for (MarkerRow const & row : MarkerRows) {
-        bool const isMeant = path == QLatin1String(row.path) || (areRulers && !IsLevel(row));
+        bool const isMeant =
+            path == QLatin1String(row.path) || (areRulers && IsFrequency(row)) || (areTimes && row.kind == eTimeMarker);
         if (state == eMarkerShow && isMeant)
             ConsoleValues::SetFlag(row.shownPath, value);
     }

@@ -26,16 +26,29 @@ struct NumberRow
     double start;
 };
 
-constexpr std::array<NumberRow, 19> NumberRows{ {
-    { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },         { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
-    { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },         { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::BandStart, -1e12, 1e12, 0.0, -0.5 },     { ConsolePaths::BandStop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::DeviceStart, -1e12, 1e12, 0.0, -0.5 },   { ConsolePaths::DeviceStop, -1e12, 1e12, 0.0, 0.5 },
-    { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },   { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
-    { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },       { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
-    { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },        { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
-    { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },        { ConsolePaths::MarkerLower, -1e12, 1e12, 0.0, 0.0 },
-    { ConsolePaths::MarkerUpper, -1e12, 1e12, 0.0, 0.0 },    { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
+constexpr std::array<NumberRow, 23> NumberRows{ {
+    { ConsolePaths::Centre, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Span, 1e-3, 1e12, 0.0, 1.0 },
+    { ConsolePaths::Start, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::Stop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::BandStart, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::BandStop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::DeviceStart, -1e12, 1e12, 0.0, -0.5 },
+    { ConsolePaths::DeviceStop, -1e12, 1e12, 0.0, 0.5 },
+    { ConsolePaths::LevelMin, -160.0, 59.0, 0.0, -120.0 },
+    { ConsolePaths::LevelMax, -159.0, 60.0, 0.0, 0.0 },
+    { ConsolePaths::LineRate, 1.0, 200.0, 0.0, 25.0 },
+    { ConsolePaths::Speed, 0.01, 100.0, 0.0, 1.0 },
+    { ConsolePaths::Averaging, 0.0, 64.0, 1.0, 0.0 },
+    { ConsolePaths::Marker1, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Marker2, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::MarkerLower, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::MarkerUpper, -1e12, 1e12, 0.0, 0.0 },
+    { ConsolePaths::Time1, 0.0, 1e18, 0.0, 0.0 },
+    { ConsolePaths::Time2, 0.0, 1e18, 0.0, 0.0 },
+    { ConsolePaths::TimeLower, 0.0, 1e18, 0.0, 0.0 },
+    { ConsolePaths::TimeUpper, 0.0, 1e18, 0.0, 0.0 },
+    { ConsolePaths::LevelMarker, -160.0, 60.0, 0.0, -60.0 },
     { ConsolePaths::SelectedBearing, -1.0, 7.0, 1.0, -1.0 },
 } };
 
@@ -191,7 +204,8 @@ void ConsoleValues::InsertFlags()
 {
     for (char const * const path :
          { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown,
-           ConsolePaths::PersistenceShown, ConsolePaths::AzimuthShown, ConsolePaths::ElevationShown })
+           ConsolePaths::Time1Shown, ConsolePaths::Time2Shown, ConsolePaths::PersistenceShown,
+           ConsolePaths::AzimuthShown, ConsolePaths::ElevationShown })
         m_paths.push_back(Insert(path, std::make_unique<Value<bool>>(Split(path).second)));
     m_paths.push_back(Insert(ConsolePaths::Bearings,
                              std::make_unique<ValueList<BearingResult>>(Split(ConsolePaths::Bearings).second)));

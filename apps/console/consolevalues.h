@@ -46,6 +46,13 @@ constexpr char const * LevelMarkerShown = "/console/markers/levelShown";
 constexpr char const * MarkerLower = "/console/markers/lower"; // Hz, the lower one of the two frequency markers
 constexpr char const * MarkerUpper = "/console/markers/upper"; // Hz, the other one
 
+constexpr char const * Time1 = "/console/markers/time1"; // us since 1970, as those below
+constexpr char const * Time2 = "/console/markers/time2";
+constexpr char const * TimeLower = "/console/markers/earlier"; // the earlier one of the two
+constexpr char const * TimeUpper = "/console/markers/later";
+constexpr char const * Time1Shown = "/console/markers/time1Shown"; // flag, as the next
+constexpr char const * Time2Shown = "/console/markers/time2Shown";
+
 constexpr char const * PersistenceShown = "/console/panes/persistence"; // flag, as those below
 constexpr char const * AzimuthShown = "/console/panes/azimuth";
 constexpr char const * ElevationShown = "/console/panes/elevation";

@@ -22,6 +22,7 @@
 #include "signalwindows.h"
 #include "spectrumpane.h"
 #include "statusline.h"
+#include "timeaxis.h"
 #include "toint.h"
 #include "undobuttons.h"
 #include "undorecording.h"
@@ -124,7 +125,9 @@ void ConsoleWindow::BuildControls()
     m_pControls->AddSwitches(tr("Markers"),
                              { { QStringLiteral("marker1"), tr("M1"), path(ConsolePaths::Marker1Shown) },
                                { QStringLiteral("marker2"), tr("M2"), path(ConsolePaths::Marker2Shown) },
-                               { QStringLiteral("levelMarker"), tr("Level"), path(ConsolePaths::LevelMarkerShown) } });
+                               { QStringLiteral("levelMarker"), tr("Level"), path(ConsolePaths::LevelMarkerShown) },
+                               { QStringLiteral("time1"), tr("T1"), path(ConsolePaths::Time1Shown) },
+                               { QStringLiteral("time2"), tr("T2"), path(ConsolePaths::Time2Shown) } });
     m_pControls->AddSwitches(
         tr("Panes"), { { QStringLiteral("persistence"), tr("Persistence"), path(ConsolePaths::PersistenceShown) },
                        { QStringLiteral("azimuth"), tr("Azimuth"), path(ConsolePaths::AzimuthShown) },
@@ -236,6 +239,15 @@ void ConsoleWindow::BuildRanges()
             frame->Ranges().Add({ &pane->GetFrequencyAxis(), "frequencyRange", AxisRangeDisplay::StyleHorizontal,
                                   ConsolePaths::MarkerLower, ConsolePaths::MarkerUpper, ConsolePaths::Marker1Shown,
                                   ConsolePaths::Marker2Shown });
+    }
+    m_pTimeRange = m_pTimes->Ranges().Add(
+        { &m_pWaterfall->GetTimeAxis(), "timeRange", AxisRangeDisplay::StyleHorizontal | AxisRangeDisplay::StyleTime,
+          ConsolePaths::TimeLower, ConsolePaths::TimeUpper, ConsolePaths::Time1Shown, ConsolePaths::Time2Shown });
+    m_pTimeRange->SetFormatStringForFixedSize(QStringLiteral("hh:mm:ss"));
+    m_pTimeRange->SetCaption(&m_pTimes->Caption());
+    for (char const * const shown : { ConsolePaths::Time1Shown, ConsolePaths::Time2Shown }) {
+        m_followers.push_back(std::make_unique<ValueFollower>([this] { slotTimes(); })); // after the display
+        m_followers.back()->Bind(QLatin1String(shown));
     }
 }
 
@@ -356,8 +368,11 @@ void ConsoleWindow::slotPlay(bool play)
         m_pPlayer->Pause();
 }
 
+//! The caption tells the times of the rows, but those of the markers while their range is read out.
 void ConsoleWindow::slotTimes()
 {
+    if (m_pTimeRange && !m_pTimeRange->isHidden() && m_pTimes->Ranges().isVisible())
+        return;
     WaterfallImage const & image = m_pWaterfall->GetImage();
     if (image.Filled() > 0)
         m_pTimes->SetTimes(image.Stamp(image.Filled() - 1), image.Stamp(0));

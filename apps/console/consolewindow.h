@@ -17,6 +17,7 @@
 #include <memory>
 #include <vector>
 
+class AxisRangeDisplay;
 class BearingPane;
 class ConsoleMarkers;
 class ControlStrip;
@@ -120,6 +121,7 @@ private:
     SpectrumPane * m_pSpectrum = nullptr;
     PersistencePane * m_pPersistence = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
+    AxisRangeDisplay * m_pTimeRange = nullptr;
     PaneFrame * m_pTimes = nullptr; // the frame whose caption tells the times of the waterfall
     BearingPane * m_pAzimuth = nullptr;
     BearingPane * m_pElevation = nullptr;

@@ -2,6 +2,7 @@
 #include "waterfallpane.h"
 
 #include "azimuthview.h"
+#include "datetime.h"
 #include "directionfinder.h"
 #include "framestats.h"
 #include "guibase.h"
@@ -10,12 +11,19 @@
 #include "resultmarker.h"
 #include "shadingbar.h"
 #include "timeaxis.h"
+#include "toint.h"
 
 #include <QElapsedTimer>
 #include <QPainter>
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+constexpr int FlagSpare = 16; // px, around the text of a flag
+
+} // namespace
 
 WaterfallPane::WaterfallPane(QWidget * parent)
     : RangePane(parent)
@@ -82,8 +90,39 @@ void WaterfallPane::PlaceLevelScale(QRect const & picture)
     m_pTimeAxis->SetPictureSpan(picture.top(), picture.height());
 }
 
+int WaterfallPane::RowOf(double time) const
+{
+    int const pixel = m_pTimeAxis->ValueToPixel(time);
+    return pixel < 0 ? -1 : toInt(pixel * GetRatio());
+}
+
+double WaterfallPane::LevelAt(double row) const { return m_pTimeAxis->PixelToValue(toInt(row / GetRatio())); }
+
+void WaterfallPane::GetCurrentStartStop(int direction, double & start, double & stop)
+{
+    RangePane::GetCurrentStartStop(direction, start, stop);
+    if (direction != eMarkerY)
+        return;
+    start = m_pTimeAxis->Start();
+    stop = m_pTimeAxis->Stop();
+}
+
+//! At the right, where signals are covered as briefly as anywhere.
+QRect WaterfallPane::LevelFlagRoom() const
+{
+    QRect const picture = LogicalPicture();
+    int const width = std::min(fontMetrics().horizontalAdvance(QStringLiteral("T1 00:00:00")) + FlagSpare,
+                               std::max(0, picture.width()));
+    return { picture.right() + 1 - width, picture.top(), width, picture.height() };
+}
+
 QStringList WaterfallPane::FlagTexts(int index) const
 {
+    if ((GetMarkerSpecial(index) & eSpecialY) != 0) {
+        Orim::DateTime const time(toInt<unsigned long long>(GetMarkerValue(index)));
+        return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') +
+                 time.toString(QStringLiteral("hh:mm:ss"), GuiBase::Instance().GetTimeZoneValue()) };
+    }
     QString const value = NumberTexts::FrequencyWithUnit(GetMarkerValue(index), HertzAPixel());
     return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') + value };
 }
@@ -131,12 +170,21 @@ WaterfallImage::Colorer WaterfallPane::Colorer()
     };
 }
 
+bool WaterfallPane::IsTimeMarked() const
+{
+    std::vector<Marker *> const shown = GetShownMarkers();
+    return std::any_of(shown.begin(), shown.end(),
+                       [](Marker const * marker) { return (marker->GetSpecial() & eSpecialY) != 0; });
+}
+
 void WaterfallPane::TellTimes()
 {
     std::vector<double> times(static_cast<std::size_t>(m_image.Filled()));
     for (std::size_t row = 0; row < times.size(); ++row)
         times[row] = m_image.Stamp(static_cast<int>(row));
     m_pTimeAxis->SetRows(std::move(times));
+    if (IsTimeMarked())
+        SetMustRecalcRulers(true); // the lines move with their rows
     Q_EMIT signalTimes();
 }
 

@@ -40,6 +40,9 @@ public:
 
     quint64 GetRowsPainted() const { return m_rowsPainted; }
 
+    //! Along y, times.
+    void GetCurrentStartStop(int direction, double & start, double & stop) override;
+
     QSize sizeHint() const override { return { 800, 400 }; }
 
     QSize minimumSizeHint() const override { return { 240, 60 }; }
@@ -52,6 +55,9 @@ protected:
     void Rebuild() override;
     PaneMargins Margins() const override;
     void PlaceLevelScale(QRect const & picture) override;
+    int RowOf(double time) const override;     //!< row in which a time passes, us since 1970
+    double LevelAt(double row) const override; //!< time of a row
+    QRect LevelFlagRoom() const override;
     QStringList FlagTexts(int index) const override;
     QStringList ResultTexts(ResultMarker const & marker, bool selected) const override;
     void paintEvent(QPaintEvent * event) override;
@@ -60,6 +66,7 @@ private:
     WaterfallImage::Colorer Colorer();
     void AppendLine(SpectrumLine const & line);
     void LayRows();
+    bool IsTimeMarked() const;
     void TellTimes();
     void CountPainted(qint64 nanoseconds);
     void slotColorsChanged();

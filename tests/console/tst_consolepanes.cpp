@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "axisrangedisplay.h"
+#include "consolemarkers.h"
 #include "consolewindow.h"
 #include "guibase.h"
 #include "lineplayer.h"
@@ -55,6 +56,11 @@ private Q_SLOTS:
     void entryMovesTheMarkers();
     void centerButtonHidesTheMarkers();
     void rangesStandBelowThePictures();
+    void timeMarkersStandOnRows();
+    void timeMarkerIsDragged();
+    void captionTellsTheTimesOfTheMarkers();
+    void entryMovesTheTimes();
+    void centerButtonHidesTheTimes();
     void switchesShowPanes_data();
     void switchesShowPanes();
     void anySizeIsTaken_data();
@@ -68,6 +74,7 @@ private:
     PaneFrame & FrameOf(QString const & name);
     QPushButton * ButtonOf(QString const & frame, char const * name);
     QWidget & PaneOf(bool spectrum);
+    void Rows(int count);
 
     std::unique_ptr<ConsoleWindow> m_window;
 };
@@ -83,7 +90,26 @@ void ShowMarkers(bool on)
     ConsoleValues::SetFlag(ConsolePaths::Marker2Shown, on);
 }
 
+void ShowTimes(bool on)
+{
+    ConsoleValues::SetFlag(ConsolePaths::Time1Shown, on);
+    ConsoleValues::SetFlag(ConsolePaths::Time2Shown, on);
+}
+
 } // namespace
+
+//! Has the waterfall show rows a second apart from noon on.
+void tst_ConsolePanes::Rows(int count)
+{
+    m_window->Waterfall().Clear();
+    SpectrumLine line(*PaneTools::LineOf(0.0, std::vector<double>(16, -50.0)));
+    PaneLines lines;
+    for (int row = 0; row < count; ++row) {
+        line.time = PaneTools::Noon + row * 1e6;
+        lines.push_back(std::make_shared<SpectrumLine>(line));
+    }
+    m_window->Waterfall().AppendLines(lines);
+}
 
 void tst_ConsolePanes::init()
 {
@@ -417,6 +443,103 @@ void tst_ConsolePanes::rangesStandBelowThePictures()
     QTRY_VERIFY(standsBelow());
     m_window->resize(m_window->minimumSizeHint());
     QTRY_VERIFY(!frame.Ranges().isVisible());
+}
+
+// Times of markers
+
+void tst_ConsolePanes::timeMarkersStandOnRows()
+{
+    WaterfallImage const & image = m_window->Waterfall().GetImage();
+    ShowTimes(true);
+    double const earlier = ConsoleValues::Get(ConsolePaths::Time1);
+    double const later = ConsoleValues::Get(ConsolePaths::Time2);
+    QVERIFY(earlier >= image.Stamp(image.Filled() - 1) && later <= image.Stamp(0) && earlier < later);
+    m_window->grab();
+    int lines = 0;
+    for (MarkerRulers::Ruler const & ruler : m_window->Waterfall().GetRulers())
+        lines += ruler.level ? 1 : 0;
+    QCOMPARE(lines, 2);
+    for (MarkerRulers::Ruler const & ruler : m_window->Waterfall().GetRulers()) {
+        if (ruler.level)
+            QVERIFY(image.Stamp(ruler.line) == (ruler.index == ConsoleMarkers::Time1 ? earlier : later));
+    }
+    // a line moves with its row
+    SpectrumLine line(*PaneTools::LineOf(0.0, std::vector<double>(16, -50.0)));
+    line.time = image.Stamp(0) + 1e6;
+    m_window->Waterfall().AppendLines({ std::make_shared<SpectrumLine>(line) });
+    m_window->grab();
+    for (MarkerRulers::Ruler const & ruler : m_window->Waterfall().GetRulers()) {
+        if (ruler.index != ConsoleMarkers::Time1)
+            continue;
+        QCOMPARE(image.Stamp(ruler.line), earlier);
+        QString const time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(earlier / 1e3), Qt::UTC)
+                                 .toString(QStringLiteral("hh:mm:ss"));
+        QCOMPARE(ruler.texts, QStringList{ QStringLiteral("T1 ") + time });
+    }
+}
+
+void tst_ConsolePanes::timeMarkerIsDragged()
+{
+    Rows(300);
+    ShowTimes(true);
+    WaterfallPane & pane = m_window->Waterfall();
+    m_window->grab();
+    Steps().clear();
+    QRect const picture = pane.GetPictureRect();
+    int const from = pane.ValueToPixel(eMarkerY, ConsoleValues::Get(ConsolePaths::Time1));
+    QPoint const at(picture.left() + 20, from);
+    SessionTools::Mouse(pane, QEvent::MouseButtonPress, at);
+    SessionTools::Mouse(pane, QEvent::MouseMove, at - QPoint(0, 10));
+    SessionTools::Mouse(pane, QEvent::MouseMove, at - QPoint(0, 30));
+    SessionTools::Mouse(pane, QEvent::MouseButtonRelease, at - QPoint(0, 30));
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Time1), pane.GetImage().Stamp(from - 30));
+    QCOMPARE(Steps().count(), 1);
+}
+
+void tst_ConsolePanes::captionTellsTheTimesOfTheMarkers()
+{
+    Rows(100);
+    VCCaption const & caption = FrameOf(Waterfall).Caption();
+    QString const rows = caption.GetCaptionCenter();
+    ShowTimes(true);
+    ConsoleValues::Set(ConsolePaths::Time1, PaneTools::Noon + 40e6);
+    ConsoleValues::Set(ConsolePaths::Time2, PaneTools::Noon + 20e6);
+    QString const marked = QStringLiteral("2026-10-22 12:00:20 - 12:00:40  [00:20]");
+    QCOMPARE(caption.GetCaptionCenter(), marked);
+    m_window->Waterfall().Refresh();
+    Q_EMIT m_window->Waterfall().signalTimes();
+    QCOMPARE(caption.GetCaptionCenter(), marked);
+    ShowTimes(false);
+    QCOMPARE(caption.GetCaptionCenter(), rows);
+}
+
+void tst_ConsolePanes::entryMovesTheTimes()
+{
+    Rows(100);
+    ShowTimes(true);
+    ConsoleValues::Set(ConsolePaths::Time1, PaneTools::Noon + 40e6);
+    ConsoleValues::Set(ConsolePaths::Time2, PaneTools::Noon + 20e6);
+    QCoreApplication::processEvents();
+    auto * const display = FrameOf(Waterfall).findChild<AxisRangeDisplay *>(QStringLiteral("timeRange"));
+    QVERIFY(display && display->isVisible());
+    QTest::keyClick(display->findChild<VCLabel *>(QStringLiteral("Difference")), Qt::Key_Return);
+    QTest::keyClicks(display->findChild<QLineEdit *>(), QStringLiteral("10"));
+    QTest::keyClick(display->findChild<QLineEdit *>(), Qt::Key_Return);
+    QTRY_COMPARE(ConsoleValues::Get(ConsolePaths::Time1), PaneTools::Noon + 35e6);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Time2), PaneTools::Noon + 25e6);
+}
+
+void tst_ConsolePanes::centerButtonHidesTheTimes()
+{
+    ShowTimes(true);
+    ShowMarkers(true);
+    auto * const display = FrameOf(Waterfall).findChild<AxisRangeDisplay *>(QStringLiteral("timeRange"));
+    QString const folder = qEnvironmentVariable("ORIM_PICTURES");
+    if (!folder.isEmpty())
+        m_window->grab().save(folder + QStringLiteral("/ranges.png"));
+    QTest::mouseClick(display->findChild<QPushButton *>(), Qt::LeftButton);
+    QVERIFY(!ConsoleValues::GetFlag(ConsolePaths::Time1Shown) && !ConsoleValues::GetFlag(ConsolePaths::Time2Shown));
+    QVERIFY(ConsoleValues::GetFlag(ConsolePaths::Marker1Shown) && ConsoleValues::GetFlag(ConsolePaths::Marker2Shown));
 }
 
 // Switches
