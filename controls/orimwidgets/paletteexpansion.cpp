@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int StripRows = 32; // with full HD a strip stays in the cache between the look-up and the copy to the screen
+constexpr int StripColumns = 4096; // of a wider picture there are strips side by side: 512 KiB each
 constexpr std::size_t Indices = 256;
 constexpr std::size_t Ground = 255; // the index of most pixels in most pictures
 constexpr double Far = 1e12;        // px, beyond every picture
@@ -126,13 +127,14 @@ void PaletteExpansion::DrawStrips(QPainter & painter, QPointF const & corner, QI
     int const top = Bound(std::floor(exposed.top() - corner.y()), height);
     int const right = Bound(std::ceil(exposed.right() - corner.x()), width);
     int const bottom = Bound(std::ceil(exposed.bottom() - corner.y()), height);
-    if (left >= right || top >= bottom || !MakeStrip(right - left, TakeColors(picture)))
+    if (left >= right || top >= bottom || !MakeStrip(std::min(right - left, StripColumns), TakeColors(picture)))
         return;
-    for (int y = top; y < bottom; y += StripRows) {
-        QRect const part(left, y, right - left, std::min(StripRows, bottom - y));
-        FillStrip(picture, part);
-        painter.drawImage(corner + QPointF(left, y), m_strip, QRectF(0, 0, part.width(), part.height()));
-    }
+    for (int y = top; y < bottom; y += StripRows)
+        for (int x = left; x < right; x += StripColumns) {
+            QRect const part(x, y, std::min(StripColumns, right - x), std::min(StripRows, bottom - y));
+            FillStrip(picture, part);
+            painter.drawImage(corner + QPointF(x, y), m_strip, QRectF(0, 0, part.width(), part.height()));
+        }
 }
 
 //! \return whether no colour is transparent.
@@ -159,7 +161,7 @@ bool PaletteExpansion::MakeStrip(int width, bool opaque)
     return !m_strip.isNull();
 }
 
-//! \param part  pixels of the device from the picture's corner on; at most StripRows high.
+//! \param part  pixels of the device from the picture's corner on; at most StripColumns wide and StripRows high.
 void PaletteExpansion::FillStrip(QImage const & picture, QRect const & part)
 {
     CleanVectorState();

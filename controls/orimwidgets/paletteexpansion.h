@@ -52,7 +52,7 @@ private:
     void FillStrip(QImage const & picture, QRect const & part);
 
     int m_pixelSize = 1;
-    QImage m_strip;             // grows with the widest part drawn
+    QImage m_strip;             // grows with the widest part drawn, up to 4096 px
     std::vector<QRgb> m_colors; // of the 256 indices, alpha multiplied in
     std::vector<QRgb> m_row;    // one row of the picture, where its pixels are to be widened
 };

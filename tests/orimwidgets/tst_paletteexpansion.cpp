@@ -103,6 +103,8 @@ private:
 
 } // namespace
 
+Q_DECLARE_METATYPE(QPainter::CompositionMode)
+
 class tst_paletteexpansion : public QObject
 {
     Q_OBJECT
@@ -123,6 +125,11 @@ private Q_SLOTS:
     void translations_data();
     void translations();
     void clipAndOpacity();
+    void opacityAndMode_data();
+    void opacityAndMode();
+    void wide_data();
+    void wide();
+    void beyondTheWidestImage();
     void theirPainterIsLeft();
     void turnedPainter();
     void otherFormats_data();
@@ -338,6 +345,88 @@ void tst_paletteexpansion::clipAndOpacity()
     QCOMPARE(device, wanted);
     painter.setOpacity(0.0);
     expansion.Paint(painter, QPoint(7, 7), picture);
+    QCOMPARE(device, wanted);
+}
+
+void tst_paletteexpansion::opacityAndMode_data()
+{
+    QTest::addColumn<double>("opacity");
+    QTest::addColumn<QPainter::CompositionMode>("mode");
+    QTest::addColumn<bool>("transparent");
+    for (bool const transparent : { false, true }) {
+        char const * const kind = transparent ? "transparent" : "opaque";
+        QTest::addRow("half opacity, %s", kind) << 0.5 << QPainter::CompositionMode_SourceOver << transparent;
+        QTest::addRow("plus, %s", kind) << 1.0 << QPainter::CompositionMode_Plus << transparent;
+        QTest::addRow("multiply, half opacity, %s", kind) << 0.5 << QPainter::CompositionMode_Multiply << transparent;
+    }
+}
+
+//! Each pixel is drawn once; rows that were drawn twice would show.
+void tst_paletteexpansion::opacityAndMode()
+{
+    QFETCH(double, opacity);
+    QFETCH(QPainter::CompositionMode, mode);
+    QFETCH(bool, transparent);
+    Look look;
+    look.transparent = transparent;
+    QImage const picture = Picture(70, 100, look);
+    QImage const whole =
+        picture.convertToFormat(transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+    QImage device = Device(80, 110);
+    QImage wanted = device.copy();
+    for (bool const isOurs : { true, false }) {
+        QPainter painter(isOurs ? &device : &wanted);
+        painter.setOpacity(opacity);
+        painter.setCompositionMode(mode);
+        PaletteExpansion expansion;
+        if (isOurs)
+            expansion.Paint(painter, QPoint(5, 3), picture);
+        else
+            painter.drawImage(QPoint(5, 3), whole);
+    }
+    QVERIFY(device != Wanted(Device(80, 110), QPoint(5, 3), picture, 1, device.rect()));
+    QCOMPARE(device, wanted);
+}
+
+void tst_paletteexpansion::wide_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QRect>("exposed");
+    for (int const size : { 1, 3 })
+        for (int const left : { 0, 1, 4000 })
+            QTest::addRow("size %d, from %d on", size, left) << size << QRect(left, 0, 8200, 40);
+}
+
+//! Strips lie side by side without a seam.
+void tst_paletteexpansion::wide()
+{
+    QFETCH(int, size);
+    QFETCH(QRect, exposed);
+    QImage const picture = Picture(9000, 35);
+    QImage device = Device(12500, 40);
+    QImage const wanted = Wanted(device, QPoint(2, 1), picture, size, exposed);
+    QPainter painter(&device);
+    PaletteExpansion expansion;
+    expansion.SetPixelSize(size);
+    expansion.Paint(painter, QPoint(2, 1), picture, exposed);
+    QCOMPARE(device, wanted);
+}
+
+//! So wide on the screen that no QImage holds one row of it.
+void tst_paletteexpansion::beyondTheWidestImage()
+{
+    constexpr int Size = PaletteExpansion::MaxPixelSize;
+    QImage picture(1 << 23, 1, QImage::Format_Indexed8);
+    picture.setColorTable(Palette({}));
+    picture.fill(255);
+    for (int x = 0; x < 8; ++x)
+        picture.scanLine(0)[x] = static_cast<unsigned char>(x);
+    QImage device = Device(64, Size);
+    QImage const wanted = Wanted(device, QPoint(0, 0), picture.copy(0, 0, 8, 1), Size, device.rect());
+    QPainter painter(&device);
+    PaletteExpansion expansion;
+    expansion.SetPixelSize(Size);
+    expansion.Paint(painter, QPoint(0, 0), picture);
     QCOMPARE(device, wanted);
 }
 
