@@ -51,7 +51,7 @@ AgedImage::AgedImage(IAgedImageUpdate * update, bool transparentBackground)
         m_updateLife = LifeWatch(m_pUpdate->GetUpdateLifetime());
     int const ticCount = UpdateAxis();
     SetHoldTime(m_Steps, m_ColorsPerSection, ticCount - 1);
-    connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &AgedImage::ColorsChanged);
+    connect(&GuiBase::Instance(), SIGNAL(signalColorsChanged()), this, SLOT(slotSetColorGradingPen()));
 }
 
 AgedImage::~AgedImage()
@@ -62,6 +62,12 @@ AgedImage::~AgedImage()
 }
 
 // The picture
+
+void AgedImage::DropImage()
+{
+    m_pImage.reset();
+    m_Dirty = true;
+}
 
 //! \return false, and the picture stays, when there is no room for it.
 bool AgedImage::MakeImage(int width, int height)
@@ -80,7 +86,7 @@ void AgedImage::resize(int width, int height)
     if (width < 1 || height < 1 || static_cast<long long>(width) * height > m_sMostPixels)
         return;
     if (m_pImage && m_pImage->size() != QSize(width, height))
-        m_pImage.reset();
+        DropImage();
     if (!m_pImage && !MakeImage(width, height))
         return;
     if (BuildPalette())
@@ -111,7 +117,7 @@ void AgedImage::ClearAll()
     if (!m_pImage)
         return;
     QSize const size = m_pImage->size();
-    m_pImage.reset();
+    DropImage();
     resize(size.width(), size.height());
 }
 
@@ -273,10 +279,12 @@ void AgedImage::timerEvent(QTimerEvent * event)
 {
     if (!m_Ageing)
         return;
-    if (event->timerId() == m_SwitchTimerId)
+    if (event->timerId() == m_SwitchTimerId) {
+        m_Dirty = true; // this may end in either call
         SwitchColors();
-    else if (event->timerId() == m_UpdateTimerId && !m_updateLife.IsOver())
-        m_pUpdate->ImageUpdated(this); // this may end in there
+    } else if (event->timerId() == m_UpdateTimerId && !m_updateLife.IsOver()) {
+        m_pUpdate->ImageUpdated(this);
+    }
 }
 
 void AgedImage::SetAgeingAxis(AxisBase * axis)
@@ -356,14 +364,11 @@ void AgedImage::ResetBackground()
 
 // Colours
 
-void AgedImage::slotSetColorGradingPen() { BuildPalette(); }
-
-//! Nobody could catch what a signal throws.
-void AgedImage::ColorsChanged()
+void AgedImage::slotSetColorGradingPen()
 {
     AgedPalette::Grading grading{ m_Sections, m_ColorsPerSection, m_QualitySteps, m_SwitchTime };
-    if (AgedPalette::Fit(grading))
-        slotSetColorGradingPen();
+    if (!sender() || AgedPalette::Fit(grading)) // nobody could catch what goes through a signal
+        BuildPalette();
 }
 
 bool AgedImage::BuildPalette()

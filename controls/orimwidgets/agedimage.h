@@ -33,8 +33,9 @@ class ValueSelection;
 //! One that does not fit then either is told by a KRException with the code -1, by whichever operation builds the
 //! palette: resize() and what calls it, Initialize(), SetHoldTime(), SetSteps(), SetQualitySteps(),
 //! slotSetColorGradingPen(), or the choice of a bound hold time. What was set stays set, and so the next of them fails
-//! likewise; the palette and its pace stay as they were. A change of colours leaves such an object alone. For the GUI
-//! thread.
+//! likewise; the palette stays as it was, and no colours are halved and no time is doubled. SetHoldTime() and
+//! SetSteps() have started the clock at its new pace by then. A change of colours leaves such an object alone, its
+//! background too. For the GUI thread.
 class ORIMWIDGETS_EXPORT AgedImage : public QObject, public IObserver, public IAgedImage
 {
     Q_OBJECT
@@ -49,7 +50,7 @@ public:
     // The picture
 
     //! Makes an empty picture; the pointer of GetImage() changes with the size. Nothing happens with a width or height
-    //! below 1, nor above m_sMostPixels pixels: the picture stays.
+    //! below 1, nor above m_sMostPixels pixels: the picture stays. Without the memory for it there is none.
     virtual void resize(int width, int height);
     //! Takes a byte for each pixel, row by row without padding: 0 leaves a pixel as it is, another number sets it, to
     //! the quality one below it when there are several; a number above them leaves the pixel. Null is ignored.
@@ -71,7 +72,7 @@ public:
     void ClearAll() override;
     void reset();
 
-    static constexpr long long m_sMostPixels = 1LL << 25;
+    static constexpr long long m_sMostPixels = 1LL << 28; //!< 256 MiB
 
     // Pixels. While ageing is off, or without a picture, nothing is set.
 
@@ -116,7 +117,8 @@ public:
     //! Time of one step, ms.
     int GetSwitchTime() const { return m_SwitchTime; }
 
-    //! An axis that shows the hold time: from 0 to it, with tics that stay. Not owned; may be null.
+    //! An axis that shows the hold time: from 0 to it, with tics that stay; its zoom history goes. Not owned; may be
+    //! null. The colours of a section are counted anew, for the next palette.
     void SetAgeingAxis(AxisBase * axis);
 
     // To show it
@@ -147,7 +149,8 @@ public:
     void Update(Observable * subject, TChangeCode code) override;
 
 public Q_SLOTS:
-    //! Builds the palette anew, and puts its turn back to the start.
+    //! Builds the palette anew, and puts its turn back to the start. Connected to the colours' signal. A signal has no
+    //! one to catch an exception: called by one, it leaves alone what does not fit.
     void slotSetColorGradingPen();
 
 protected:
@@ -164,8 +167,8 @@ private:
     void ApplyColors2Image();
     int UpdateAxis();
     bool MakeImage(int width, int height);
+    void DropImage();
     void StopSwitchTimer();
-    void ColorsChanged();
     unsigned char const * BackgroundLine() const;
 
     template <class T>

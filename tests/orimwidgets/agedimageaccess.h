@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QTimerEvent>
+#include <QVector>
 
 #include <functional>
 
@@ -78,6 +79,23 @@ public:
 
     int m_switches = 0;
 };
+
+using Indices = QVector<int>;
+
+inline Indices RowOf(AgedImageAccess const & image, int y)
+{
+    Indices row;
+    for (int x = 0; x < image.width(); ++x)
+        row << image.At(x, y);
+    return row;
+}
+
+//! Steps until the palette has turned by some.
+inline void Turn(AgedImageAccess & image, int steps)
+{
+    for (int i = 0; i < steps; ++i)
+        image.SwitchColors();
+}
 
 //! Counts how often it is asked to show a picture.
 class CountingClient : public IAgedImageUpdate

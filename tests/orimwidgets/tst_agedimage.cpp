@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture itself: its size, its pixels, its background, and how both drivers age it.
+// The picture itself: its size, its background, and how both drivers age it.
 
 #include "agedimageaccess.h"
 #include "placeof.h"
@@ -21,28 +21,10 @@ public:
     static int LastOfQObject() { return PlaceOf(&Places::disconnectNotify); }
 };
 
-using Bytes = std::vector<unsigned char>;
-using Indices = QVector<int>;
 using Call = std::function<void(AgedImage &)>;
-
-Indices RowOf(AgedImageAccess const & image, int y)
-{
-    Indices row;
-    for (int x = 0; x < image.width(); ++x)
-        row << image.At(x, y);
-    return row;
-}
-
-//! Steps until the palette has turned by some.
-void Turn(AgedImageAccess & image, int steps)
-{
-    for (int i = 0; i < steps; ++i)
-        image.SwitchColors();
-}
 
 } // namespace
 
-Q_DECLARE_METATYPE(Bytes)
 Q_DECLARE_METATYPE(Call)
 
 class tst_AgedImage : public QObject
@@ -53,24 +35,18 @@ private Q_SLOTS:
     void startsAsTold();
     void resizes_data();
     void resizes();
+    void takesTheMostPixels();
+    void noMemoryNoPicture();
     void resizeKeepsOrReplacesThePicture();
     void ensuresASize();
     void clearsAll();
     void initializes();
-    void setsAPixel_data();
-    void setsAPixel();
-    void setsNoPixelOutside_data();
-    void setsNoPixelOutside();
-    void setsBytes_data();
-    void setsBytes();
-    void bytesTellWhetherTheyWrote();
-    void setsBits_data();
-    void setsBits();
-    void inputNeedsAgeingAndAPicture();
     void clears_data();
     void clears();
     void clearsToALine_data();
     void clearsToALine();
+    void eachClearingTakesTheLine_data();
+    void eachClearingTakesTheLine();
     void backgroundIsOnlyStored();
     void resetsTheBackground();
     void debugPatternIsNone();
@@ -81,6 +57,8 @@ private Q_SLOTS:
     void streamOfTimes_data();
     void streamOfTimes();
     void streamStopsTheClock();
+    void lastTimeStays_data();
+    void lastTimeStays();
     void timeGoingBackClears();
     void longJumpIsManySteps_data();
     void longJumpIsManySteps();
@@ -166,7 +144,7 @@ void tst_AgedImage::resizes_data()
     QTest::newRow("highest height") << 1 << INT_MAX << QSize(7, 5);
     QTest::newRow("both highest") << INT_MAX << INT_MAX << QSize(7, 5);
     QTest::newRow("both lowest") << INT_MIN << INT_MIN << QSize(7, 5);
-    QTest::newRow("one row too many") << 8192 << 4097 << QSize(7, 5);
+    QTest::newRow("one row too many") << 16384 << 16385 << QSize(7, 5);
 }
 
 void tst_AgedImage::resizes()
@@ -185,6 +163,35 @@ void tst_AgedImage::resizes()
     QCOMPARE(image.SetPixels(), isTaken ? 0 : 1);
     QCOMPARE(image.GetImage()->format(), QImage::Format_Indexed8);
     QCOMPARE(image.GetImage()->colorCount(), 256);
+}
+
+void tst_AgedImage::takesTheMostPixels()
+{
+    QCOMPARE(AgedImage::m_sMostPixels, 16384LL * 16384);
+    AgedImageAccess image(7, 5);
+    image.resize(16384, 16384);
+    QCOMPARE(image.width(), 16384);
+    QCOMPARE(image.height(), 16384);
+    image.SetPixel(16383, 16383, 0);
+    QCOMPARE(image.At(16383, 16383), 0);
+    image.SwitchColors();
+    QCOMPARE(image.At(16383, 16383), 255);
+}
+
+//! Few enough pixels, but in a row that no QImage holds.
+void tst_AgedImage::noMemoryNoPicture()
+{
+    AgedImageAccess image(7, 5);
+    image.resize(1 << 28, 1);
+    QVERIFY(!image.GetImage());
+    QCOMPARE(image.width(), -1);
+    QVERIFY(image.GetDirty()); // the one before is gone
+    image.ClearDirty();
+    image.resize(1 << 28, 1);
+    QVERIFY(!image.GetDirty());
+    image.resize(7, 5);
+    QCOMPARE(image.SetPixels(), 0);
+    QVERIFY(image.GetDirty());
 }
 
 void tst_AgedImage::resizeKeepsOrReplacesThePicture()
@@ -268,187 +275,6 @@ void tst_AgedImage::initializes()
     QCOMPARE(image.SetPixels(), 0);
 }
 
-void tst_AgedImage::setsAPixel_data()
-{
-    QTest::addColumn<int>("qualitySteps");
-    QTest::addColumn<int>("turns");
-    QTest::addColumn<int>("quality");
-    QTest::addColumn<int>("index"); // of blocks of 8
-    QTest::newRow("before the first step") << 1 << 0 << 0 << 0;
-    QTest::newRow("after the first step") << 1 << 1 << 0 << 0;
-    QTest::newRow("after the second step") << 1 << 2 << 0 << 7;
-    QTest::newRow("one block hears no quality") << 1 << 3 << 5 << 6;
-    QTest::newRow("no quality steps, likewise") << 0 << 3 << 5 << 6;
-    QTest::newRow("negative quality steps, likewise") << -3 << 3 << 5 << 6;
-    QTest::newRow("lowest quality") << 3 << 3 << 0 << 6;
-    QTest::newRow("middle quality") << 3 << 3 << 1 << 14;
-    QTest::newRow("highest quality") << 3 << 3 << 2 << 22;
-    QTest::newRow("quality beyond the highest") << 3 << 3 << 3 << 22;
-    QTest::newRow("negative quality") << 3 << 3 << -1 << 22;
-}
-
-void tst_AgedImage::setsAPixel()
-{
-    QFETCH(int, qualitySteps);
-    QFETCH(int, turns);
-    QFETCH(int, quality);
-    AgedImageAccess image(7, 5, qualitySteps);
-    Turn(image, turns);
-    for (bool const byPoint : { false, true }) {
-        image.Clear(255);
-        image.ClearDirty();
-        if (byPoint)
-            image.SetPixel(QPoint(6, 4), quality);
-        else
-            image.SetPixel(6, 4, quality);
-        QTEST(image.At(6, 4), "index");
-        QCOMPARE(image.SetPixels(), 1);
-        QVERIFY(image.GetDirty());
-    }
-}
-
-void tst_AgedImage::setsNoPixelOutside_data()
-{
-    QTest::addColumn<int>("x");
-    QTest::addColumn<int>("y");
-    QTest::newRow("left") << -1 << 2;
-    QTest::newRow("right, into the padding of the row") << 7 << 2;
-    QTest::newRow("above") << 2 << -1;
-    QTest::newRow("below") << 2 << 5;
-    QTest::newRow("lowest") << INT_MIN << INT_MIN;
-    QTest::newRow("highest") << INT_MAX << INT_MAX;
-}
-
-void tst_AgedImage::setsNoPixelOutside()
-{
-    QFETCH(int, x);
-    QFETCH(int, y);
-    AgedImageAccess image(7, 5);
-    image.SetPixel(x, y, 0);
-    image.SetPixel(QPoint(x, y), 0);
-    QCOMPARE(image.SetPixels(), 0);
-    QVERIFY(!image.GetDirty());
-}
-
-void tst_AgedImage::setsBytes_data()
-{
-    QTest::addColumn<int>("qualitySteps");
-    QTest::addColumn<Bytes>("data");    // 5 columns, 2 rows
-    QTest::addColumn<Indices>("first"); // was 9 everywhere
-    QTest::addColumn<Indices>("second");
-    QTest::newRow("0 leaves a pixel") << 1 << Bytes{ 0, 0, 1, 0, 0, 0, 0, 0, 0, 1 } << Indices{ 9, 9, 6, 9, 9 }
-                                      << Indices{ 9, 9, 9, 9, 6 };
-    QTest::newRow("one block: any other sets it")
-        << 1 << Bytes{ 1, 2, 3, 254, 255, 0, 0, 0, 0, 0 } << Indices{ 6, 6, 6, 6, 6 } << Indices{ 9, 9, 9, 9, 9 };
-    QTest::newRow("no block is one") << 0 << Bytes{ 1, 2, 3, 254, 255, 0, 0, 0, 0, 0 } << Indices{ 6, 6, 6, 6, 6 }
-                                     << Indices{ 9, 9, 9, 9, 9 };
-    QTest::newRow("several: by quality") << 3 << Bytes{ 1, 2, 3, 0, 1, 3, 3, 0, 2, 1 } << Indices{ 6, 14, 22, 9, 6 }
-                                         << Indices{ 22, 22, 9, 14, 6 };
-    QTest::newRow("several: a larger one leaves a pixel")
-        << 3 << Bytes{ 4, 255, 3, 5, 128, 4, 4, 4, 4, 4 } << Indices{ 9, 9, 22, 9, 9 } << Indices{ 9, 9, 9, 9, 9 };
-}
-
-void tst_AgedImage::setsBytes()
-{
-    QFETCH(int, qualitySteps);
-    QFETCH(Bytes, data);
-    AgedImageAccess image(5, 2, qualitySteps); // rows of the picture are padded to 8 bytes
-    Turn(image, 3);
-    image.GetImage()->fill(9);
-    image.SetPixel(data.data(), 4711U);
-    QTEST(RowOf(image, 0), "first");
-    QTEST(RowOf(image, 1), "second");
-}
-
-void tst_AgedImage::bytesTellWhetherTheyWrote()
-{
-    AgedImageAccess image(5, 2, 3);
-    Bytes nothing{ 0, 4, 255, 0, 0, 0, 0, 0, 0, 0 };
-    image.SetPixel(nothing.data(), 0U);
-    image.SetPixel(nullptr, 10U);
-    QVERIFY(!image.GetDirty());
-    nothing[9] = 3;
-    image.SetPixel(nothing.data(), 0U);
-    QVERIFY(image.GetDirty());
-    Bytes const none(10);
-    image.SetPixel(const_cast<unsigned char *>(none.data()), 0U);
-    QVERIFY(image.GetDirty()); // it was
-}
-
-void tst_AgedImage::setsBits_data()
-{
-    QTest::addColumn<Bytes>("bits");
-    QTest::addColumn<int>("bytesPerLine");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<int>("quality");
-    QTest::addColumn<Indices>("first"); // 10 columns, 2 rows; two blocks of 8
-    QTest::addColumn<Indices>("second");
-    int const o = 255;
-    Indices const none(10, o);
-    QTest::newRow("lowest bit first") << Bytes{ 0x05, 0x00, 0x80, 0x02 } << 2 << 4 << 0
-                                      << Indices{ 6, o, 6, o, o, o, o, o, o, o }
-                                      << Indices{ o, o, o, o, o, o, o, 6, o, 6 };
-    QTest::newRow("with a quality") << Bytes{ 0x05, 0x00, 0x00, 0x00 } << 2 << 4 << 1
-                                    << Indices{ 14, o, 14, o, o, o, o, o, o, o } << none;
-    QTest::newRow("bits beyond the width")
-        << Bytes{ 0x00, 0xfe, 0x00, 0xfc } << 2 << 4 << 0 << Indices{ o, o, o, o, o, o, o, o, o, 6 } << none;
-    QTest::newRow("longer lines") << Bytes{ 0x01, 0x00, 0xff, 0x02, 0x00, 0xff } << 3 << 6 << 0
-                                  << Indices{ 6, o, o, o, o, o, o, o, o, o } << Indices{ o, 6, o, o, o, o, o, o, o, o };
-    QTest::newRow("lines without room") << Bytes{ 0xff, 0xff } << 1 << 2 << 0 << none << none;
-    QTest::newRow("a byte too few") << Bytes{ 0xff, 0xff, 0xff, 0xff } << 2 << 3 << 0 << none << none;
-    QTest::newRow("a byte too many") << Bytes{ 0xff, 0xff, 0xff, 0xff, 0xff } << 2 << 5 << 0 << none << none;
-    QTest::newRow("no lines") << Bytes{ 0xff } << 0 << 0 << 0 << none << none;
-    QTest::newRow("negative lines") << Bytes{ 0xff } << -2 << -4 << 0 << none << none;
-    QTest::newRow("a product beyond an int") << Bytes{ 0xff } << INT_MAX << -2 << 0 << none << none;
-}
-
-void tst_AgedImage::setsBits()
-{
-    QFETCH(Bytes, bits);
-    QFETCH(int, bytesPerLine);
-    QFETCH(int, size);
-    QFETCH(int, quality);
-    AgedImageAccess image(10, 2, 2);
-    Turn(image, 3);
-    image.ClearDirty();
-    image.SetPixel(bits.data(), bytesPerLine, size, quality);
-    QTEST(RowOf(image, 0), "first");
-    QTEST(RowOf(image, 1), "second");
-    QCOMPARE(image.GetDirty(), image.SetPixels() > 0);
-    image.SetPixel(nullptr, bytesPerLine, size, quality);
-}
-
-void tst_AgedImage::inputNeedsAgeingAndAPicture()
-{
-    Bytes data(2 * 8, 0xff);
-    for (bool const isOff : { true, false }) {
-        AgedImageAccess image;
-        if (isOff)
-            image.resize(8, 2);
-        image.SetAgeing(!isOff);
-        image.ClearDirty();
-        image.SetPixel(1, 1, 0);
-        image.SetPixel(QPoint(1, 1), 0);
-        image.SetPixel(data.data(), 0U);
-        image.SetPixel(data.data(), 1, 2, 0);
-        QVERIFY(!image.GetDirty());
-        if (isOff)
-            QCOMPARE(image.SetPixels(), 0);
-    }
-    AgedImageAccess image(8, 2);
-    image.SetAgeing(false);
-    QVERIFY(image.GetDirty());
-    QVERIFY(!image.GetAgeing());
-    image.SetCurrentTime(1000000);
-    image.SetCurrentTime(1500000); // a stream goes on
-    QCOMPARE(image.m_switches, 1);
-    image.ClearDirty();
-    image.SetAgeing(true);
-    QVERIFY(image.GetDirty());
-    image.SetPixel(data.data(), 1, 2, 0);
-    QCOMPARE(image.SetPixels(), 16);
-}
-
 void tst_AgedImage::clears_data()
 {
     QTest::addColumn<int>("qualitySteps"); // blocks of 8
@@ -490,24 +316,30 @@ void tst_AgedImage::clears()
 void tst_AgedImage::clearsToALine_data()
 {
     QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<int>("qualitySteps"); // blocks of 8
     QTest::addColumn<int>("index");
     QTest::addColumn<Indices>("row"); // was 0 6 0 6 14
     QTest::newRow("an index takes its column")
-        << QByteArray("\xfe\xfd\xfc\x05\x06", 5) << 6 << Indices{ 0, 0xfd, 0, 5, 14 };
-    QTest::newRow("everything takes it") << QByteArray("\xfe\xfd\xfc\x05\x06", 5) << 255
+        << QByteArray("\xfe\xfd\xfc\x05\x06", 5) << 1 << 6 << Indices{ 0, 0xfd, 0, 5, 14 };
+    QTest::newRow("everything takes it") << QByteArray("\xfe\xfd\xfc\x05\x06", 5) << 1 << 255
                                          << Indices{ 0xfe, 0xfd, 0xfc, 5, 6 };
-    QTest::newRow("a shorter line") << QByteArray("\xfe\xfd") << 255 << Indices{ 0xfe, 0xfd, 255, 255, 255 };
-    QTest::newRow("a shorter line, for an index") << QByteArray("\xfe\xfd") << 6 << Indices{ 0, 0xfd, 0, 255, 14 };
-    QTest::newRow("no line") << QByteArray() << 255 << Indices{ 255, 255, 255, 255, 255 };
-    QTest::newRow("a longer line") << QByteArray(70000, '\xfe') << 255 << Indices(5, 254);
+    QTest::newRow("a shorter line") << QByteArray("\xfe\xfd") << 1 << 255 << Indices{ 0xfe, 0xfd, 255, 255, 255 };
+    QTest::newRow("a shorter line, for an index") << QByteArray("\xfe\xfd") << 1 << 6 << Indices{ 0, 0xfd, 0, 255, 14 };
+    QTest::newRow("no line") << QByteArray() << 1 << 255 << Indices{ 255, 255, 255, 255, 255 };
+    QTest::newRow("a longer line") << QByteArray(70000, '\xfe') << 1 << 255 << Indices(5, 254);
+    QTest::newRow("two blocks: an index takes its column in both")
+        << QByteArray("\xfe\xfd\xfc\x05\xfa", 5) << 2 << 6 << Indices{ 0, 0xfd, 0, 5, 0xfa };
+    QTest::newRow("two blocks: everything takes it")
+        << QByteArray("\xfe\xfd\xfc\x05\xfa", 5) << 2 << 255 << Indices{ 0xfe, 0xfd, 0xfc, 5, 0xfa };
 }
 
 void tst_AgedImage::clearsToALine()
 {
     QFETCH(QByteArray, line);
+    QFETCH(int, qualitySteps);
     QFETCH(int, index);
     QFETCH(Indices, row);
-    AgedImageAccess image(5, 3);
+    AgedImageAccess image(5, 3, qualitySteps);
     Indices const before{ 0, 6, 0, 6, 14 };
     for (int x = 0; x < 5; ++x)
         for (int y = 0; y < 3; ++y)
@@ -520,6 +352,42 @@ void tst_AgedImage::clearsToALine()
     QCOMPARE(server.m_asked, 1);
     QCOMPARE(server.m_width, 5);
     QCOMPARE(image.Line().size(), std::size_t(5));
+}
+
+void tst_AgedImage::eachClearingTakesTheLine_data()
+{
+    QTest::addColumn<Call>("call"); // 7 x 5 pixels before
+    QTest::addColumn<QSize>("size");
+    QSize const kept(7, 5);
+    QTest::newRow("resize") << Call([](AgedImage & image) { image.resize(9, 9); }) << QSize(9, 9);
+    QTest::newRow("resize to the same") << Call([](AgedImage & image) { image.resize(7, 5); }) << kept;
+    QTest::newRow("Initialize") << Call([](AgedImage & image) { image.Initialize(9, 9, 4, 2, 4, 2); }) << QSize(9, 9);
+    QTest::newRow("SetSteps") << Call([](AgedImage & image) { image.SetSteps(9); }) << kept;
+    QTest::newRow("SetQualitySteps") << Call([](AgedImage & image) { image.SetQualitySteps(2); }) << kept;
+    QTest::newRow("SetHoldTime") << Call([](AgedImage & image) { image.SetHoldTime(4, 2, 4); }) << kept;
+    QTest::newRow("ClearAll") << Call([](AgedImage & image) { image.ClearAll(); }) << kept;
+    QTest::newRow("reset") << Call([](AgedImage & image) { image.reset(); }) << kept;
+    QTest::newRow("time going back") << Call([](AgedImage & image) {
+        image.SetCurrentTime(5000000);
+        image.SetCurrentTime(1000000);
+    }) << kept;
+}
+
+void tst_AgedImage::eachClearingTakesTheLine()
+{
+    QFETCH(Call, call);
+    QFETCH(QSize, size);
+    AgedImageAccess image(7, 5);
+    LineServer server("\xfe\xfd\xfc\xfb\xfa\xf9\xf8\xf7\xf6");
+    image.SetBackgroundColorObject(&server);
+    image.SetPixel(1, 1, 0);
+    call(image);
+    QCOMPARE(image.GetImage()->size(), size);
+    Indices line;
+    for (int x = 0; x < size.width(); ++x)
+        line.append(254 - x);
+    for (int y = 0; y < size.height(); ++y)
+        QCOMPARE(RowOf(image, y), line);
 }
 
 void tst_AgedImage::backgroundIsOnlyStored()
@@ -683,6 +551,30 @@ void tst_AgedImage::streamStopsTheClock()
     QCOMPARE(image.SwitchTimer(), -1);
     image.SetHoldTime(4, 2, 4);
     QVERIFY(image.SwitchTimer() > 0);
+}
+
+void tst_AgedImage::lastTimeStays_data()
+{
+    QTest::addColumn<Call>("call"); // between two times
+    QTest::newRow("SetHoldTime") << Call([](AgedImage & image) { image.SetHoldTime(4, 2, 4); });
+    QTest::newRow("SetSteps") << Call([](AgedImage & image) { image.SetSteps(4); });
+    QTest::newRow("SetQualitySteps") << Call([](AgedImage & image) { image.SetQualitySteps(2); });
+    QTest::newRow("resize") << Call([](AgedImage & image) { image.resize(9, 9); });
+    QTest::newRow("Initialize") << Call([](AgedImage & image) { image.Initialize(9, 9, 4, 2, 4, 1); });
+    QTest::newRow("ClearAll") << Call([](AgedImage & image) { image.ClearAll(); });
+    QTest::newRow("SetAgeing") << Call([](AgedImage & image) { image.SetAgeing(false); });
+}
+
+void tst_AgedImage::lastTimeStays()
+{
+    QFETCH(Call, call);
+    AgedImageAccess image(7, 5);
+    image.SetCurrentTime(1000000);
+    call(image);
+    QCOMPARE(image.LastTime(), 1000ULL);
+    image.m_switches = 0;
+    image.SetCurrentTime(1500000);
+    QCOMPARE(image.m_switches, 1);
 }
 
 void tst_AgedImage::timeGoingBackClears()

@@ -5,7 +5,6 @@
 #include "axisprobe.h"
 #include "guibase.h"
 #include "guicentral.h"
-#include "krexception.h"
 #include "ownstore.h"
 #include "testmain.h"
 #include "valueagedimage.h"
@@ -13,51 +12,16 @@
 #include "valueselection.h"
 
 #include <QAbstractEventDispatcher>
+#include <QSignalSpy>
 
 #include <climits>
 #include <cstddef>
 #include <limits>
-#include <optional>
 #include <utility>
 
 namespace {
 
-//! What an exception must leave: the palette and its pace.
-struct Kept
-{
-    explicit Kept(AgedImageAccess & image)
-        : m_colors(image.Colors())
-        , m_table(image.GetImage() ? image.GetImage()->colorTable() : decltype(m_table)())
-        , m_count(image.Count())
-        , m_position(image.Position())
-        , m_current(image.Current())
-    {}
-
-    bool operator==(Kept const & other) const
-    {
-        return m_colors == other.m_colors && m_table == other.m_table && m_count == other.m_count &&
-               m_position == other.m_position && m_current == other.m_current;
-    }
-
-    std::vector<unsigned int> m_colors;
-    decltype(QImage().colorTable()) m_table;
-    int m_count;
-    int m_position;
-    int m_current;
-};
-
 using Call = std::function<void(AgedImage &)>;
-
-//! The exception of a call; none when it throws none.
-std::optional<KRException> Thrown(AgedImage & image, Call const & call)
-{
-    try {
-        call(image);
-    } catch (KRException const & exception) {
-        return exception;
-    }
-    return std::nullopt;
-}
 
 ShadingColorSet & SetOfRole(unsigned int role)
 {
@@ -66,6 +30,21 @@ ShadingColorSet & SetOfRole(unsigned int role)
 }
 
 QColor & SingleColor(int number) { return ColorSet::Instance()[static_cast<IColorBase::ECOLOR>(number)]; }
+
+//! Hears the codes that it is told.
+class HearingImage : public AgedImageAccess
+{
+public:
+    using AgedImageAccess::AgedImageAccess;
+
+    void Update(Observable * subject, TChangeCode code) override
+    {
+        m_heard << static_cast<int>(code);
+        AgedImageAccess::Update(subject, code);
+    }
+
+    Indices m_heard;
+};
 
 //! An observer that does something when it hears.
 class Listener : public IObserver
@@ -97,7 +76,9 @@ private Q_SLOTS:
     void coloursMoveThroughThePalette();
     void backgroundColour();
     void markerColourIsReadAtEachStep();
+    void paletteHasItsSizeAtEachStep();
     void changedColoursBuildThePalette();
+    void colourSlotHasItsName();
     void holdTime_data();
     void holdTime();
     void holdTimeSeesTheSectionsBefore();
@@ -105,17 +86,14 @@ private Q_SLOTS:
     void noHoldTimeKeepsPixels_data();
     void noHoldTimeKeepsPixels();
     void halvesWhatDoesNotFit();
-    void throws_data();
-    void throws();
-    void refusedSettingStays();
-    void refusedObjectIsSafe();
-    void refusedChoiceReachesWhoChose();
-    void hugeHoldTimes();
     void axisShowsTheHoldTime_data();
     void axisShowsTheHoldTime();
+    void axisSetCountsTheColours();
+    void axisSetTellsNobody();
     void axisKeepsItsScale();
     void axisIsRepainted();
     void axisMayEndFirst();
+    void bindingReplays();
     void bindsActive();
     void bindsSteps_data();
     void bindsSteps();
@@ -239,6 +217,30 @@ void tst_AgedImageValues::markerColourIsReadAtEachStep()
     QCOMPARE(image.Entry(254), 0xff040506U);
     QCOMPARE(image.Colors()[254], 0xff040506U);
     QCOMPARE(image.Entry(255), background); // waits for the signal
+}
+
+void tst_AgedImageValues::paletteHasItsSizeAtEachStep()
+{
+    AgedImageAccess image(7, 5);
+    for (int const count : { 10, 300 }) {
+        image.GetImage()->setColorCount(count);
+        image.SwitchColors();
+        QCOMPARE(image.GetImage()->colorCount(), 256);
+        QCOMPARE(image.Entry(255), image.Colors()[255]);
+        QCOMPARE(image.Entry(254), image.Colors()[254]);
+    }
+}
+
+//! The connection can be found, and cut, by name.
+void tst_AgedImageValues::colourSlotHasItsName()
+{
+    AgedImageAccess image(7, 5);
+    QVERIFY(AgedImage::staticMetaObject.indexOfSlot("slotSetColorGradingPen()") >= 0);
+    QVERIFY(QObject::disconnect(&GuiBase::Instance(), SIGNAL(signalColorsChanged()), &image,
+                                SLOT(slotSetColorGradingPen())));
+    image.ClearDirty();
+    GuiBase::Instance().emit_signalColorsChanged();
+    QVERIFY(!image.GetDirty());
 }
 
 void tst_AgedImageValues::changedColoursBuildThePalette()
@@ -394,142 +396,6 @@ void tst_AgedImageValues::halvesWhatDoesNotFit()
     QCOMPARE(image.GetSwitchTime(), 1000); // not again
 }
 
-// What does not fit
-
-void tst_AgedImageValues::throws_data()
-{
-    QTest::addColumn<Call>("call"); // from 4 s, one block, 7 x 5 pixels
-    QTest::addColumn<int>("steps"); // afterwards
-    QTest::addColumn<int>("qualitySteps");
-    QTest::addColumn<int>("sections");
-    QTest::addColumn<int>("colors");
-    QTest::addColumn<int>("time");
-    QTest::newRow("SetQualitySteps") << Call([](AgedImage & image) { image.SetQualitySteps(64); }) << 4 << 64 << 4 << 2
-                                     << 500;
-    QTest::newRow("SetQualitySteps, highest")
-        << Call([](AgedImage & image) { image.SetQualitySteps(INT_MAX); }) << 4 << INT_MAX << 4 << 2 << 500;
-    QTest::newRow("SetHoldTime") << Call([](AgedImage & image) { image.SetHoldTime(512, 64, 8); }) << 4 << 1 << 8 << 64
-                                 << 1000;
-    QTest::newRow("SetSteps") << Call([](AgedImage & image) { image.SetSteps(640); }) << 640 << 1 << 128 << 5 << 1000;
-    QTest::newRow("Initialize, by its hold time")
-        << Call([](AgedImage & image) { image.Initialize(9, 9, 512, 64, 8, 2); }) << 4 << 1 << 8 << 64 << 1000;
-    QTest::newRow("Initialize, by its blocks")
-        << Call([](AgedImage & image) { image.Initialize(9, 9, 4, 2, 4, 64); }) << 4 << 64 << 4 << 2 << 500;
-}
-
-void tst_AgedImageValues::throws()
-{
-    QFETCH(Call, call);
-    AgedImageAccess image(7, 5);
-    image.SwitchColors();
-    image.SetPixel(1, 1, 0);
-    bool const isBuiltOnTheWay = QByteArray(QTest::currentDataTag()).startsWith("Initialize");
-    if (isBuiltOnTheWay)
-        image.slotSetColorGradingPen(); // what resize() does
-    Kept const before(image);
-    auto const exception = Thrown(image, call);
-    QVERIFY(exception);
-    QCOMPARE(exception->GetText(), QStringLiteral("AgedImage: m_QualitySteps * m_ColorsPerQualityStep > 254!"));
-    QCOMPARE(exception->GetClass(), QStringLiteral("AgedImage"));
-    QCOMPARE(exception->GetSource(), QStringLiteral("controls/orimwidgets/agedimage"));
-    QCOMPARE(exception->GetFunction(), QStringLiteral("slotSetColorGradingPen"));
-    QCOMPARE(exception->GetCode(), static_cast<unsigned int>(-1));
-    QVERIFY(exception->GetLine() > 0);
-    QVERIFY(Kept(image) == before);
-    QTEST(image.GetSteps(), "steps");
-    QTEST(image.GetQualitySteps(), "qualitySteps");
-    QTEST(image.Sections(), "sections");
-    QTEST(image.ColorsPerSection(), "colors");
-    QTEST(image.GetSwitchTime(), "time");
-    QCOMPARE(image.SetPixels(), 0); // cleared before
-}
-
-//! Each operation that builds the palette tells of it once more, until the setting is another one.
-void tst_AgedImageValues::refusedSettingStays()
-{
-    AgedImageAccess image(7, 5);
-    QVERIFY(Thrown(image, [](AgedImage & each) { each.SetQualitySteps(64); }));
-    Kept const before(image);
-    for (int round = 0; round < 2; ++round) {
-        QVERIFY(Thrown(image, [](AgedImage & each) { each.slotSetColorGradingPen(); }));
-        QVERIFY(Thrown(image, [](AgedImage & each) { each.resize(7, 5); }));
-        QVERIFY(Thrown(image, [](AgedImage & each) { each.ClearAll(); }));
-        QVERIFY(Thrown(image, [](AgedImage & each) { each.reset(); }));
-        QVERIFY(Thrown(image, [](AgedImage & each) { each.SetHoldTime(4, 2, 4); }));
-        QVERIFY(Kept(image) == before);
-        QCOMPARE(image.GetSwitchTime(), 500);
-    }
-    QVERIFY(!Thrown(image, [](AgedImage & each) { each.ensureSize(7, 5); })); // it has that size
-    QVERIFY(Thrown(image, [](AgedImage & each) { each.ensureSize(11, 3); }));
-    QCOMPARE(image.width(), 11); // the new picture is there, empty, in the colours of before
-    QCOMPARE(image.SetPixels(), 0);
-    QVERIFY(Kept(image) == before);
-    GuiBase::Instance().emit_signalColorsChanged(); // nobody could catch it
-    QVERIFY(Kept(image) == before);
-    QVERIFY(!Thrown(image, [](AgedImage & each) { each.SetQualitySteps(2); }));
-    QCOMPARE(image.Count(), 8);
-    QCOMPARE(image.Colors()[15], 0xffff0000U);
-}
-
-void tst_AgedImageValues::refusedObjectIsSafe()
-{
-    AgedImageAccess image(7, 5);
-    QVERIFY(Thrown(image, [](AgedImage & each) { each.SetQualitySteps(1000); }));
-    std::vector<unsigned char> bytes(35, 200);
-    for (int step = 0; step < 20; ++step) {
-        image.SetPixel(1, 1, 3);
-        image.SetPixel(2, 2, 999); // no such block
-        image.SetPixel(bytes.data(), 0U);
-        image.SwitchColors();
-    }
-    QCOMPARE(image.At(2, 2), 255);
-    image.SetPixel(1, 1, 3);
-    QCOMPARE(image.At(1, 1), image.Current() + 24);
-    QCOMPARE(image.SetPixels(), 1);
-}
-
-void tst_AgedImageValues::refusedChoiceReachesWhoChose()
-{
-    auto * const selection = PlantAged<ValueSelection>("steps");
-    selection->AddItem(SelectionItem(QStringLiteral("long"), 640.0, 640));
-    selection->AddItem(SelectionItem(QStringLiteral("short"), 4.0, 4));
-    selection->Select(4L, nullptr);
-    AgedImageAccess image(7, 5);
-    QVERIFY(image.SetAgeingSteps_ValuePath(AgedPath("steps")));
-    Kept const before(image);
-    QVERIFY(Thrown(image, [selection](AgedImage &) { selection->Select(640L, nullptr); }));
-    QVERIFY(Kept(image) == before);
-    QCOMPARE(image.GetSteps(), 640);
-    selection->Select(4L, nullptr);
-    QCOMPARE(image.GetSwitchTime(), 1000); // the 128 sections before left room for one colour
-    selection->Select(640L, &image);
-    AgedImageAccess late(7, 5);
-    QVERIFY(Thrown(late, [](AgedImage & each) { each.SetAgeingSteps_ValuePath(AgedPath("steps")); })); // by the replay
-}
-
-void tst_AgedImageValues::hugeHoldTimes()
-{
-    AgedImageAccess image(7, 5);
-    QVERIFY(Thrown(image, [](AgedImage & each) { each.SetSteps(1275); }));  // 255 sections of 5, or of 2
-    QVERIFY(!Thrown(image, [](AgedImage & each) { each.SetSteps(1275); })); // the 255 sections leave room for one
-    QCOMPARE(image.ColorsPerSection(), 0);                                  // which is halved
-    QCOMPARE(image.Count(), 0);
-    QCOMPARE(image.GetSwitchTime(), 10000);
-    image.SetPixel(1, 1, 0);
-    image.SwitchColors();
-    QCOMPARE(image.At(1, 1), 0);
-    image.SetCurrentTime(1000000);
-    image.SetCurrentTime(~0ULL);
-    QCOMPARE(image.At(1, 1), 0);
-    AgedImageAccess below(7, 5);
-    QVERIFY(Thrown(below, [](AgedImage & each) { each.SetSteps(1274); }));
-    QVERIFY(!Thrown(below, [](AgedImage & each) { each.SetSteps(1274); }));
-    QCOMPARE(below.Count(), 254);
-    AgedImageAccess highest(7, 5);
-    QVERIFY(Thrown(highest, [](AgedImage & each) { each.SetSteps(INT_MAX); }));
-    QCOMPARE(highest.Count(), 8);
-}
-
 // The axis
 
 void tst_AgedImageValues::axisShowsTheHoldTime_data()
@@ -579,6 +445,49 @@ void tst_AgedImageValues::axisShowsTheHoldTime()
     }
 }
 
+//! With the sections of before, and for the next palette.
+void tst_AgedImageValues::axisSetCountsTheColours()
+{
+    AgedImageAccess image(7, 5);
+    image.SetSteps(0);
+    QCOMPARE(image.ColorsPerSection(), 1);
+    image.SetAgeingAxis(nullptr);
+    QCOMPARE(image.ColorsPerSection(), 2);
+    QCOMPARE(image.Count(), 1);
+    image.slotSetColorGradingPen();
+    QCOMPARE(image.Count(), 2);
+    image.SetSteps(255); // 51 sections of five are one too many
+    QCOMPARE(image.ColorsPerSection(), 2);
+    image.SetAgeingAxis(nullptr);
+    QCOMPARE(image.ColorsPerSection(), 4);
+    QCOMPARE(image.GetSwitchTime(), 2000);
+}
+
+void tst_AgedImageValues::axisSetTellsNobody()
+{
+    auto * const start = PlantAged<ValueNumeric<double>>("start");
+    auto * const stop = PlantAged<ValueNumeric<double>>("stop");
+    start->SetValue(-7.0, nullptr);
+    stop->SetValue(9.0, nullptr);
+    AgedImageAccess image;
+    AxisProbe axis;
+    QVERIFY(axis.SetStart_ValuePath(AgedPath("start")));
+    QVERIFY(axis.SetStop_ValuePath(AgedPath("stop")));
+    axis.m_unZoom.emplace_back(-3.0, 5.0, 8.0);
+    double const before = start->GetValue();
+    QSignalSpy const ranges(&axis, SIGNAL(signalRangeChanged()));
+    QSignalSpy const bars(&axis, SIGNAL(redrawBars()));
+    QVERIFY(ranges.isValid() && bars.isValid());
+    image.SetSteps(25);
+    image.SetAgeingAxis(&axis);
+    QCOMPARE(axis.Stop(), 25.0);
+    QVERIFY(axis.m_fixedRange);
+    QCOMPARE(ranges.size(), 0);
+    QCOMPARE(bars.size(), 0);
+    QCOMPARE(start->GetValue(), before);
+    QVERIFY(axis.m_unZoom.empty());
+}
+
 void tst_AgedImageValues::axisKeepsItsScale()
 {
     AgedImageAccess image;
@@ -622,6 +531,22 @@ void tst_AgedImageValues::axisMayEndFirst()
 }
 
 // Values
+
+void tst_AgedImageValues::bindingReplays()
+{
+    PlantAged<Value<bool>>("active");
+    PlantAged<ValueSelection>("steps");
+    PlantAged<ValueAgedImage>("driver");
+    HearingImage image;
+    QVERIFY(image.SetAgeingActive_ValuePath(AgedPath("active")));
+    QCOMPARE(image.m_heard, (Indices{ 2, 4, 3 }));
+    image.m_heard.clear();
+    QVERIFY(image.SetAgeingSteps_ValuePath(AgedPath("steps")));
+    QCOMPARE(image.m_heard, (Indices{ 2, 4, 7, 3 }));
+    image.m_heard.clear();
+    QVERIFY(image.Set_ValuePath(AgedPath("driver")));
+    QCOMPARE(image.m_heard, (Indices{ 3, 2, 4, 3 })); // the first one as it takes the value
+}
 
 void tst_AgedImageValues::bindsActive()
 {
