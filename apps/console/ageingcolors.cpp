@@ -23,8 +23,11 @@ ShadingColorSet * SetOf(VC::EShadingColor role)
 {
     GuiCentral & central = GuiCentral::Instance();
     std::vector<ShadingColorSet> & sets = central.GetWaterfallColorSets();
-    int const id = central.GetColorSetIdForRoleId(role - 1);
-    bool const isOwn = id != central.GetColorSetIdForRoleId(VC::eShadingLevel - 1);
+    auto const idOf = [&](VC::EShadingColor shading) {
+        return central.GetColorSetIdForRoleId(static_cast<unsigned int>(shading) - 1U);
+    };
+    int const id = idOf(role);
+    bool const isOwn = id != idOf(VC::eShadingLevel);
     bool const exists = id >= 0 && id < static_cast<int>(sets.size());
     return isOwn && exists ? &sets[static_cast<std::size_t>(id)] : nullptr;
 }
