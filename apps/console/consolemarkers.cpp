@@ -116,7 +116,8 @@ void ConsoleMarkers::AddTo(MarkerList & list, int kind)
         list.SetMarker_ValuePath(row.id, QLatin1String(row.path));
         list.SetGapMarkerId(row.id, row.gap);
     }
-    list.BuildMenu();
+    if (kind != eTimeMarker) // a menu of the time scale would be about times, which cannot be zoomed
+        list.BuildMenu();
 }
 
 void ConsoleMarkers::Show(std::size_t row, bool on)
