@@ -25,7 +25,7 @@ int CenterPlace(CaptionLayout::Widths const & widths, int bar, long long rightPl
     long long const last = static_cast<long long>(bar) - 1;
     long long const place = (last - widths.center + 1) / 2;
     bool const meetsLeft = place < widths.left;
-    bool const meetsRight = rightPlace < (widths.center + 1 + last) / 2;
+    bool const meetsRight = rightPlace < (static_cast<long long>(widths.center) + 1 + last) / 2;
     return Clamp(meetsLeft || meetsRight ? static_cast<long long>(widths.left) + LeftMargin : place);
 }
 
