@@ -66,12 +66,8 @@ VCCaption::VCCaption(QWidget * parent, char const * name, unsigned int flags, in
     m_pLayout->addWidget(m_pSpace, 1);
     MakeButtons();
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &VCCaption::slotColorsChanged);
-    if ((m_Flags & StyleTimeZonePopup) != 0) {
-        auto * const popup = new VCSelectionPopup(this, "Time Zone");
-        popup->SetFirstSelection(GuiBase::Instance().GetTimeZone());
-        SetContextMenu(popup, true);
-        EnableContextMenu(true);
-    }
+    if ((m_Flags & StyleTimeZonePopup) != 0)
+        MakePopup();
 }
 
 VCCaption::~VCCaption()
@@ -80,6 +76,19 @@ VCCaption::~VCCaption()
         Release(*text);
     Release(m_pTimeZone);
     LeaveToggledButton();
+}
+
+void VCCaption::MakePopup()
+{
+    auto * const popup = new VCSelectionPopup(this, "Time Zone");
+    popup->SetFirstSelection(GuiBase::Instance().GetTimeZone());
+    connect(popup, &QMenu::aboutToShow, this, [this, popup] {
+        m_MoveState = 0;                 // the release goes to the menu
+        if (!popup->GetFirstSelection()) // it went away
+            popup->SetFirstSelection(GuiBase::Instance().GetTimeZone());
+    });
+    SetContextMenu(popup, true);
+    EnableContextMenu(true);
 }
 
 // Binding
@@ -278,7 +287,8 @@ void VCCaption::PaintPicture()
         CaptionLayout::PlaceTexts({ m_LeftWidth, m_CenterWidth, m_RightWidth }, width(), SpaceWidth());
     QColor const frame = m_HasFocus ? m_FocusFramePen.color() : m_NoFocusFramePen.color();
     QBrush const & ground = m_HasFocus ? m_FocusBrush : m_NoFocusBrush;
-    m_pPixmap->fill(frame); // also what a screen of odd density shows only in part
+    // also what a screen of odd density shows only in part; opaque, as it covers what was there before
+    m_pPixmap->fill(QColor(frame.red(), frame.green(), frame.blue()));
     QPainter painter(m_pPixmap.get());
     if (ground != QBrush(frame))
         painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);

@@ -148,8 +148,8 @@ public Q_SLOTS:
     virtual void slotColorsChanged();
     //! Calls slotStopped() or slotStarted().
     void sl_paused(bool paused);
-    //! Calls slotStopped() when the stop button is checked, else slotStarted(), and raises si_stopButtonStateChanged().
-    //! Does nothing without a stop button.
+    //! Calls slotStopped() when the stop button is checked, else slotStarted(), and raises si_stopButtonStateChanged()
+    //! with what the button shows then. Does nothing without a stop button.
     void slotStopButtonClick();
 
 Q_SIGNALS:
@@ -256,6 +256,7 @@ private:
     template <class T>
     bool Hears(Watched<T> & watched, Observable const * subject, TChangeCode code);
 
+    void MakePopup();
     //! The one of the first four bits that counts; 0 for none.
     unsigned int MainStyle() const;
     void MakeButtons();

@@ -188,10 +188,11 @@ void VCCaption::triggerStopButton()
 void VCCaption::TellToggled(bool on)
 {
     QPointer<VCCaption> const self(this);
+    bool const wasToggling = m_IsToggling; // whoever hears it may toggle it back
     m_IsToggling = true;
     Q_EMIT DatastreamButtonToggled(on);
     if (self)
-        m_IsToggling = false;
+        m_IsToggling = wasToggling;
 }
 
 void VCCaption::LeaveToggledButton()
@@ -272,12 +273,12 @@ void VCCaption::slotStopButtonClick()
 {
     if (!m_pStopButton)
         return;
-    bool const isStopped = m_pStopButton->isChecked();
+    bool const wasStopped = m_pStopButton->isChecked();
     QPointer<VCCaption> const self(this);
-    if (isStopped)
+    if (wasStopped)
         slotStopped();
     else
         slotStarted();
-    if (self)
-        Q_EMIT si_stopButtonStateChanged(isStopped);
+    if (self) // whoever heard it may have turned it round
+        Q_EMIT si_stopButtonStateChanged(m_pStopButton ? m_pStopButton->isChecked() : wasStopped);
 }

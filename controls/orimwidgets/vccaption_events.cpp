@@ -18,6 +18,9 @@ bool VCCaption::event(QEvent * event)
         if (!IsPictureCurrent())
             update(); // a button that comes or goes moves the texts
         break;
+    case QEvent::Hide:
+        m_MoveState = 0; // the release goes elsewhere
+        break;
     default:
         break;
     }
@@ -58,17 +61,16 @@ void VCCaption::mouseMoveEvent(QMouseEvent * event)
         return;
     }
     QPoint const position = GlobalPosition(event).toPoint();
-    parentWidget()->move(parentWidget()->pos() + position - m_MovePos);
+    QPoint const way = position - m_MovePos;
     m_MovePos = position;
+    parentWidget()->move(parentWidget()->pos() + way); // may end this
 }
 
 void VCCaption::mouseReleaseEvent(QMouseEvent * event)
 {
-    if (!DragsParent()) {
-        QWidget::mouseReleaseEvent(event);
-        return;
-    }
     m_MoveState = 0;
+    if (!DragsParent())
+        QWidget::mouseReleaseEvent(event);
 }
 
 void VCCaption::mouseDoubleClickEvent(QMouseEvent * /*event*/) { Q_EMIT CaptionDoubleClick(); }

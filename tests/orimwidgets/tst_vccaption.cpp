@@ -68,6 +68,29 @@ public:
     QPointer<QWidget> m_pVictim;
 };
 
+//! Deletes a bar when it is moved.
+class Mover : public QWidget
+{
+public:
+    QPointer<CaptionProbe> m_pVictim;
+    QPoint m_stored; // last point of the drag, px on the screen
+
+protected:
+    void moveEvent(QMoveEvent * /*event*/) override
+    {
+        if (!m_pVictim)
+            return;
+        m_stored = m_pVictim->m_MovePos;
+        delete m_pVictim.data();
+    }
+};
+
+void OpenMenu(QWidget & widget)
+{
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), widget.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
 //! Hears what the slots call.
 class Derived : public VCCaption
 {
@@ -116,6 +139,8 @@ private Q_SLOTS:
 
     void focus();
     void focusForms();
+    void frame();
+    void opaque();
     void picture();
     void pictureFollowsTheSize();
     void withoutPicture();
@@ -129,10 +154,15 @@ private Q_SLOTS:
     void dragOnlyInItsStyle_data();
     void dragOnlyInItsStyle();
     void dragWithoutParent();
+    void dragLosesItsParent();
+    void dragEndsUnderTheMenu();
+    void dragEndsWhenHidden();
+    void deletedByTheDrag();
 
     void popup();
     void withoutPopup();
     void popupEndsFirst();
+    void popupBesideOtherStyles();
     void deletedWhileHeard_data();
     void deletedWhileHeard();
     void endsWithItsParent();
@@ -392,6 +422,41 @@ void tst_vccaption::focusForms()
     QCOMPARE(without.size(), 1);
 }
 
+void tst_vccaption::frame()
+{
+    CaptionProbe bar;
+    bar.ShowAt(40);
+    bar.m_NoFocusFramePen = QPen(Qt::red);
+    bar.m_NoFocusBrush = QBrush(Qt::blue);
+    bar.m_FocusFramePen = QPen(Qt::green);
+    bar.m_FocusBrush = QBrush(Qt::white);
+    for (bool const on : { false, true }) {
+        bar.m_HasFocus = on;
+        bar.BuildPixmap();
+        QImage const image = bar.Picture();
+        for (QPoint const & point :
+             { QPoint(0, 0), QPoint(39, 0), QPoint(0, 9), QPoint(39, 9), QPoint(20, 0), QPoint(0, 5) })
+            QCOMPARE(image.pixelColor(point), QColor(on ? Qt::green : Qt::red));
+        for (QPoint const & point : { QPoint(1, 1), QPoint(38, 8), QPoint(20, 5) })
+            QCOMPARE(image.pixelColor(point), QColor(on ? Qt::white : Qt::blue));
+    }
+}
+
+void tst_vccaption::opaque()
+{
+    for (int const number : { 61, 63 })
+        ColorSet::Instance()[static_cast<IColorBase::ECOLOR>(number)] = QColor(10, 200, 30, 40);
+    CaptionProbe bar;
+    bar.ShowAt(40);
+    for (QColor const & frame : { QColor(10, 200, 30, 40), QColor(0, 0, 0, 0) }) {
+        bar.m_NoFocusFramePen = bar.m_FocusFramePen = QPen(frame);
+        bar.BuildPixmap();
+        QImage const image = bar.Picture();
+        for (QPoint const & point : { QPoint(0, 0), QPoint(39, 9), QPoint(20, 5) })
+            QCOMPARE(image.pixelColor(point).alpha(), 255); // no earlier text shines through
+    }
+}
+
 void tst_vccaption::picture()
 {
     CaptionProbe bar;
@@ -578,6 +643,72 @@ void tst_vccaption::dragWithoutParent()
     SendMouse(bar, QEvent::MouseButtonRelease, QPoint(160, 120));
 }
 
+void tst_vccaption::dragLosesItsParent()
+{
+    QWidget parent;
+    CaptionProbe bar(&parent, nullptr, VCCaption::StyleKeepOnTop, 28);
+    SendMouse(bar, QEvent::MouseButtonPress, QPoint(150, 110));
+    QCOMPARE(bar.m_MoveState, 1);
+    bar.setParent(nullptr);
+    QCOMPARE(bar.m_MoveState, 1);
+    SendMouse(bar, QEvent::MouseButtonRelease, QPoint(150, 110));
+    QCOMPARE(bar.m_MoveState, 0);
+    bar.setParent(&parent);
+    QPoint const start = parent.pos();
+    SendMouse(bar, QEvent::MouseMove, QPoint(160, 110));
+    QCOMPARE(parent.pos(), start);
+}
+
+void tst_vccaption::dragEndsUnderTheMenu()
+{
+    QWidget parent;
+    parent.setGeometry(100, 100, 300, 100);
+    CaptionProbe bar(&parent, nullptr, VCCaption::StyleKeepOnTop | VCCaption::StyleTimeZonePopup, 28);
+    parent.show();
+    QPoint const start = parent.pos();
+    SendMouse(bar, QEvent::MouseButtonPress, QPoint(150, 110), Qt::RightButton);
+    QCOMPARE(bar.m_MoveState, 1);
+    OpenMenu(bar); // takes the release
+    QVERIFY(bar.GetContextMenu()->isVisible());
+    QCOMPARE(bar.m_MoveState, 0);
+    bar.GetContextMenu()->hide();
+    SendMouse(bar, QEvent::MouseMove, QPoint(160, 120));
+    QCOMPARE(parent.pos(), start);
+}
+
+void tst_vccaption::dragEndsWhenHidden()
+{
+    QWidget parent;
+    parent.setGeometry(100, 100, 300, 100);
+    CaptionProbe bar(&parent, nullptr, VCCaption::StyleKeepOnTop, 28);
+    parent.show();
+    QPoint const start = parent.pos();
+    for (QWidget * const hidden : { static_cast<QWidget *>(&bar), &parent }) {
+        SendMouse(bar, QEvent::MouseButtonPress, QPoint(150, 110));
+        QCOMPARE(bar.m_MoveState, 1);
+        hidden->hide();
+        QCOMPARE(bar.m_MoveState, 0);
+        hidden->show();
+        SendMouse(bar, QEvent::MouseMove, QPoint(160, 120));
+        QCOMPARE(parent.pos(), start);
+    }
+}
+
+void tst_vccaption::deletedByTheDrag()
+{
+    Mover parent;
+    parent.setGeometry(100, 100, 300, 100);
+    QPointer<CaptionProbe> const bar = new CaptionProbe(&parent, nullptr, VCCaption::StyleKeepOnTop, 28);
+    parent.show();
+    QPoint const start = parent.pos();
+    SendMouse(*bar, QEvent::MouseButtonPress, QPoint(150, 110));
+    parent.m_pVictim = bar;
+    SendMouse(*bar, QEvent::MouseMove, QPoint(157, 110));
+    QVERIFY(!bar);
+    QCOMPARE(parent.m_stored, QPoint(157, 110));
+    QCOMPARE(parent.pos(), start + QPoint(7, 0));
+}
+
 // The menu
 
 void tst_vccaption::popup()
@@ -589,8 +720,7 @@ void tst_vccaption::popup()
     ValueSelection * const zone = GuiBase::Instance().GetTimeZone();
     QVERIFY(popup->GetFirstSelection() == zone);
     QCOMPARE(static_cast<int>(popup->actions().size()), zone->GetItemCount());
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), bar.mapToGlobal(QPoint(5, 5)));
-    QCoreApplication::sendEvent(&bar, &event);
+    OpenMenu(bar);
     QVERIFY(popup->isVisible());
     bar.SetTimeCaption(1.7e15, 1.8e15);
     popup->slotSignalRouter(popup->actions()[zone->GetItemIndex(7200L)]);
@@ -614,8 +744,17 @@ void tst_vccaption::popupEndsFirst()
     CaptionProbe bar(nullptr, nullptr, VCCaption::StyleTimeZonePopup);
     delete bar.GetContextMenu();
     QVERIFY(!bar.GetContextMenu());
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
-    QCoreApplication::sendEvent(&bar, &event);
+    OpenMenu(bar);
+}
+
+void tst_vccaption::popupBesideOtherStyles()
+{
+    for (unsigned int const style : { 17U, 18U, 20U, 24U, 48U, 63U }) {
+        CaptionProbe bar(nullptr, nullptr, style, 28);
+        auto * const popup = dynamic_cast<VCSelectionPopup *>(bar.GetContextMenu());
+        QVERIFY(popup && popup->GetFirstSelection() == GuiBase::Instance().GetTimeZone());
+        QVERIFY(bar.GetContextMenuEnabled());
+    }
 }
 
 // Ends

@@ -7,6 +7,7 @@
 #include "specialdoubles.h"
 #include "testmain.h"
 #include "valueselection.h"
+#include "vcselectionpopup.h"
 
 namespace {
 
@@ -43,14 +44,18 @@ private Q_SLOTS:
     void everyPairOfDoubles();
 
     void reservedWidth();
+    void reservedWidthInANarrowBar();
     void laterPaintsMeasure();
     void nothingIsMeasured();
+    void repaints();
 
     void zone();
     void zoneChanges();
+    void zoneOtherCodes();
     void centerTextEndsTheSpan();
     void startOfMinusOneIsNone();
     void zoneGoesAway();
+    void zoneGoesAwayFromTheMenu();
     void endsWhileObserving();
 
     void timeLeft();
@@ -213,6 +218,23 @@ void tst_vccaption_time::reservedWidth()
     QCOMPARE(bar.Picture(), expected.toImage());
 }
 
+void tst_vccaption_time::reservedWidthInANarrowBar()
+{
+    CaptionProbe bar;
+    bar.m_charWidth = 1;
+    bar.ShowAt(bar.m_TimeWidth + 2);
+    bar.SetCaptionLeft(QStringLiteral("abc")); // one too wide beside it
+    bar.SetTimeCaption(Start, Stop);
+    QPixmap expected(bar.size());
+    QPainter painter(&expected);
+    painter.fillRect(bar.rect(), bar.m_NoFocusBrush);
+    painter.setFont(bar.m_Font);
+    painter.setPen(bar.m_NoFocusTextPen);
+    painter.drawText(0, bar.m_BaseLine, Span());
+    painter.end();
+    QCOMPARE(bar.Picture(), expected.toImage());
+}
+
 void tst_vccaption_time::laterPaintsMeasure()
 {
     CaptionProbe bar;
@@ -236,6 +258,19 @@ void tst_vccaption_time::nothingIsMeasured()
     for (int i = 1; i < 2000; ++i)
         bar.SetTimeCaption(Start, Start + i * 20000.0);
     QCOMPARE(bar.m_measured, 0);
+}
+
+void tst_vccaption_time::repaints()
+{
+    CaptionProbe bar;
+    bar.ShowAt(900);
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    QTRY_VERIFY(bar.m_paints > 0);
+    QCoreApplication::processEvents();
+    int const before = bar.m_paints;
+    bar.SetTimeCaption(Start, Stop);
+    QCOMPARE(bar.m_paints, before);
+    QTRY_COMPARE(bar.m_paints, before + 1);
 }
 
 // The zone
@@ -263,6 +298,21 @@ void tst_vccaption_time::zoneChanges()
     QCOMPARE(bar.m_TimeStop, Stop);
     QCOMPARE(bar.GetCaptionLeft(), QStringLiteral("left"));
     Zone()->Select(0L, nullptr);
+    QCOMPARE(bar.GetCaptionCenter(), Span());
+}
+
+void tst_vccaption_time::zoneOtherCodes()
+{
+    CaptionProbe bar;
+    bar.SetTimeCaption(Start, Stop);
+    bar.m_Center = QStringLiteral("mark");
+    Zone()->SetState(eStateDisabled, nullptr);
+    QVERIFY(Zone()->HasObserver(&bar) && bar.m_pTimeZone.Get() == Zone());
+    Zone()->SetState(eStateValid, nullptr);
+    for (TChangeCode const code : { eStateChanged, eRangeChanged, eItemsChanged, eInterimChanged })
+        Zone()->NotifyObservers(code, nullptr);
+    QCOMPARE(bar.GetCaptionCenter(), QStringLiteral("mark"));
+    Zone()->NotifyObservers(eValueChanged, nullptr);
     QCOMPARE(bar.GetCaptionCenter(), Span());
 }
 
@@ -308,6 +358,24 @@ void tst_vccaption_time::zoneGoesAway()
     bar.SetTimeCaption(Stop, Start); // fetches what there is now
     QCOMPARE(bar.GetCaptionCenter().isEmpty(), false);
     QVERIFY(bar.m_pTimeZone.Get() == Zone());
+}
+
+void tst_vccaption_time::zoneGoesAwayFromTheMenu()
+{
+    CaptionProbe bar(nullptr, nullptr, VCCaption::StyleTimeZonePopup);
+    bar.ShowAt(200);
+    auto * const popup = dynamic_cast<VCSelectionPopup *>(bar.GetContextMenu());
+    QVERIFY(popup);
+    QVERIFY(Tree::Instance()->Remove(Zone()->GetPathName()));
+    QVERIFY(!popup->GetFirstSelection() && popup->actions().isEmpty());
+    QVERIFY(Zone());
+    for (int i = 0; i < 2; ++i) {
+        popup->popup(QPoint(5, 5));
+        QVERIFY(popup->isVisible());
+        QVERIFY(popup->GetFirstSelection() == Zone()); // the one that there is now
+        QCOMPARE(static_cast<int>(popup->actions().size()), Zone()->GetItemCount());
+        popup->hide();
+    }
 }
 
 void tst_vccaption_time::endsWhileObserving()
