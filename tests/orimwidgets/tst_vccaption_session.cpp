@@ -517,7 +517,7 @@ void tst_vccaption_session::comesAndGoes()
     for (int i = 0; i < 500; ++i) // warm up
         turn(i);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    m_captions = TestStage::Turns(TestStage::Sanitized() ? 400 : 20000, 2000000);
+    m_captions = TestStage::Turns(TestStage::Sanitized() ? 400 : 10000, 2000000);
     long long const before = ResidentSize();
     for (long long i = 0; i < m_captions; ++i)
         turn(i);
