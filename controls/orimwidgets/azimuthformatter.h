@@ -17,8 +17,9 @@ public:
     //! Lets go of the bound value.
     ~AzimuthFormatter() override;
 
-    //! Sets where the vehicle points to. In a relative mode a change is told as one of the mode. A bound value stays
-    //! bound and is not written; its next change counts again.
+    //! Sets where the vehicle points to. In a relative mode a change is told as one of the mode; a north that equals
+    //! the one before, set here or by a bound value, tells nothing. A bound value stays bound and is not written; its
+    //! next change counts again.
     //! \param degrees  from north; NaN and infinities are refused.
     void SetNorth(double degrees);
     //! Follows a numeric value from now on; one that goes away leaves its last number.
