@@ -247,6 +247,8 @@ void AxisBase::SetDisplayFactor(double factor)
 {
     m_displayFactor = factor;
     Repair();
+    if (IsAxisRangeVisible())
+        m_pAxisRangeDisplay->ShowValues();
 }
 
 void AxisBase::SetRelative(bool relative)
@@ -331,6 +333,8 @@ void AxisBase::SetConverter(SuffixedDouble * converter)
     if (converter != m_pConverter.get())
         m_pConverter.reset(converter);
     Repair();
+    if (IsAxisRangeVisible())
+        m_pAxisRangeDisplay->ShowValues();
 }
 
 SuffixedDouble * AxisBase::GetConverter() const { return m_pConverter.get(); }

@@ -342,8 +342,8 @@ public:
     QString TimeString4Value(int value);
 
     //! The range display that belongs to this axis; not owned. A display registers itself, and takes itself off again.
-    //! Its time format follows the range, and its size that of the axis while it is visible. \param display  null for
-    //! none.
+    //! Its time format follows the range. While it is visible its size follows that of the axis, and its numbers follow
+    //! SetDisplayFactor() and SetConverter(). \param display  null for none.
     void SetAxisRangeDisplay(AxisRangeDisplay * display);
     //! Null without one, and once it has gone.
     AxisRangeDisplay * GetAxisRangeDisplay() const;

@@ -12,6 +12,7 @@
 #include "vccaption.h"
 #include "vclabel.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -214,6 +215,13 @@ void AxisRangeDisplay::PlaceParts()
         CloseEntry();
     else if (m_pEntered)
         m_pEntry->setGeometry(m_pEntered->geometry());
+}
+
+bool AxisRangeDisplay::event(QEvent * event)
+{
+    if (event->type() == QEvent::ScreenChangeInternal)
+        PaintArrows();
+    return QWidget::event(event);
 }
 
 void AxisRangeDisplay::resizeEvent(QResizeEvent * event)

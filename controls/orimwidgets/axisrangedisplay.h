@@ -28,8 +28,9 @@ class VCLabel;
 //!
 //! It lies over its axis, of which it is a child, and is hidden until AxisBase::slotShowAxisRangeDisplay() shows it; an
 //! application may give it another parent. While it is visible it keeps the rulers in rising order and computes
-//! difference and centre; while it is hidden nothing is computed. The axis and this may end in either order, and this
-//! may be deleted by whoever hears of what it writes. For the GUI thread.
+//! difference and centre; while it is hidden nothing is computed. As it is shown the rulers count: they are put in
+//! order, and a difference or a centre that was written while it was hidden is lost. The axis and this may end in
+//! either order, and this may be deleted by whoever hears of what it writes. For the GUI thread.
 class ORIMWIDGETS_EXPORT AxisRangeDisplay : public QWidget, public IObserver
 {
     Q_OBJECT
@@ -51,8 +52,13 @@ public:
 
     // Binding. Each operation lets go of the value before, which stays in the tree. While this is visible, a difference
     // or a centre that is bound moves the rulers as one that is entered does, and rulers that are bound are followed.
-    // Rulers that are found crossed are put in order by the event loop, so that both can be bound first. Returned is
-    // whether there is a number at the path; without one, nothing is shown until it is bound again.
+    // Rulers that are found crossed are put in order, and shown, by the event loop and not at once: thus both can be
+    // bound, one after the other, and neither is written the value of a ruler that was to be replaced.
+    //
+    // A difference or a centre belongs to one visible display: two that share both move the rulers of each other
+    // wrongly. Rulers may be shared by displays that have a difference and a centre of their own.
+    //
+    // Returned is whether there is a number at the path; without one, nothing is shown until it is bound again.
 
     bool SetRuler1_ValuePath(QString const & path);
     bool SetRuler2_ValuePath(QString const & path);
@@ -71,8 +77,8 @@ public:
     void SetFormat(int width, int precision);
     //! How the times of rulers and centre are written, as Orim::DateTime takes it. "mm:ss" for spans and "hh:mm" for
     //! time stamps at the start; the axis sets it as its range changes. The difference of times is written as "mm:ss",
-    //! and to the millisecond in its tool tip. A span of an hour or more has its hours in front of the minutes that a
-    //! format starts with.
+    //! and as "mm:ss.zzz" in its tool tip. A span of an hour or more has its hours in front of the minutes that any of
+    //! these formats starts with, which would lose them: "01:30:00.000".
     void SetFormatString(QString const & format);
     //! The same, and the fonts leave room for this format from now on, whatever format is set later.
     void SetFormatStringForFixedSize(QString const & format);
@@ -101,8 +107,10 @@ public Q_SLOTS:
     void slotRestoreDefaultPersistant();
 
 protected:
+    //! Paints the arrows anew for the pixels of another screen.
+    bool event(QEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
-    //! Over its axis it takes the size of that. Difference and centre are brought up to date by the event loop.
+    //! Over its axis it takes the size of that. The event loop then orders the rulers and writes difference and centre.
     void showEvent(QShowEvent * event) override;
     //! Gives up an entry.
     void hideEvent(QHideEvent * event) override;

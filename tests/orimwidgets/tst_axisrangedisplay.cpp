@@ -5,7 +5,6 @@
 #include "specialdoubles.h"
 #include "testmain.h"
 #include "valueselection.h"
-#include "vccaption.h"
 
 #include <algorithm>
 #include <climits>
@@ -39,6 +38,7 @@ private Q_SLOTS:
     void toolTips_data();
     void toolTips();
     void arrows();
+    void arrowsOfAnotherScreen();
     void looks();
     void ownValues();
     void ownValuesFollowTheRoles();
@@ -59,9 +59,11 @@ private Q_SLOTS:
     // numbers
     void readOuts_data();
     void readOuts();
+    void readOutsOfCrossedRulers();
     void format_data();
     void format();
     void convertersAndFactors();
+    void hiddenDisplayKeepsItsUnit();
     void writeTakesAnyLabel();
     void times();
     void spans();
@@ -73,16 +75,6 @@ private Q_SLOTS:
     void noNumberIsCut_data();
     void noNumberIsCut();
     void everyNumberIsWritten();
-
-    // the caption
-    void captionTakesTheTimes_data();
-    void captionTakesTheTimes();
-    void captionOfNumbersIsLeftAlone();
-    void captionFollowsADraggedRuler();
-    void captionKeepsItsSpanForEqualRulers();
-    void captionTakesTheTimesAtOnce();
-    void captionOfAHiddenDisplay();
-    void captionEndsFirst();
 };
 
 void tst_axisrangedisplay::cleanup()
@@ -165,6 +157,21 @@ void tst_axisrangedisplay::arrows()
     QColor const ink = ColorSet::Instance()[IColorBase::eColorReadOut];
     QCOMPARE(pictures[0].pixelColor(3, 4), ink); // wide at the foot
     QVERIFY(pictures[0].pixelColor(0, 0) != ink);
+}
+
+void tst_axisrangedisplay::arrowsOfAnotherScreen()
+{
+    Stage stage;
+    stage.Show();
+    for (char const * const name : { "up", "down" }) {
+        auto * const arrow = stage.Part<QLabel>(name);
+        QImage const before = arrow->grab().toImage();
+        arrow->clear();
+        QVERIFY(arrow->grab().toImage() != before);
+        QEvent change(QEvent::ScreenChangeInternal);
+        QCoreApplication::sendEvent(stage.display, &change);
+        QVERIFY(arrow->grab().toImage() == before);
+    }
 }
 
 void tst_axisrangedisplay::looks()
@@ -449,6 +456,21 @@ void tst_axisrangedisplay::readOuts()
     QTEST(stage.Texts(), "texts");
 }
 
+void tst_axisrangedisplay::readOutsOfCrossedRulers()
+{
+    {
+        Stage stage; // hidden: they stay crossed
+        stage.Rulers(30.0, 10.0);
+        stage.display->ShowValues();
+        QCOMPARE(stage.Texts(), QStringLiteral("30.0|20.0|10.0|20.0").split(QLatin1Char('|')));
+        QCOMPARE(stage.ruler1->GetValue(), 30.0); // shown, not moved
+    }
+    Stage times(AxisRangeDisplay::StyleHorizontal | AxisRangeDisplay::StyleTime);
+    times.Rulers(180e6, 60e6);
+    times.display->ShowValues();
+    QCOMPARE(times.Texts(), QStringLiteral("00:01|02:00|00:03|00:02").split(QLatin1Char('|'))); // always change places
+}
+
 void tst_axisrangedisplay::format_data()
 {
     QTest::addColumn<int>("width");
@@ -478,8 +500,8 @@ void tst_axisrangedisplay::convertersAndFactors()
 {
     Stage stage;
     stage.Rulers(1.5e6, 2.5e6);
+    stage.Show();
     stage.axis.SetConverter(new SuffixedDouble(SuffixedDouble::eSuffixMega));
-    stage.display->ShowValues();
     QCOMPARE(stage.Texts(), QStringLiteral("1.5|1|2.5|2").split(QLatin1Char('|')));
     SuffixedDouble kilo(SuffixedDouble::eSuffixKilo);
     stage.display->SetConverter(&kilo);
@@ -487,8 +509,8 @@ void tst_axisrangedisplay::convertersAndFactors()
     stage.display->SetConverter(nullptr);
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("1.5"));
     stage.axis.SetConverter(nullptr);
+    QCOMPARE(stage.Text("First Ruler"), QStringLiteral("1500000.0"));
     stage.axis.SetDisplayFactor(1e-5);
-    stage.display->ShowValues();
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("15.0"));
     AxisProbe other;
     other.SetDisplayFactor(1e-6);
@@ -497,6 +519,20 @@ void tst_axisrangedisplay::convertersAndFactors()
     QVERIFY(stage.axis.GetAxisRangeDisplay() == stage.display);
     stage.display->SetPixelToValueServer(nullptr);
     QCOMPARE(stage.Text("First Ruler"), QStringLiteral("1500000.0"));
+}
+
+void tst_axisrangedisplay::hiddenDisplayKeepsItsUnit()
+{
+    Stage stage;
+    stage.Rulers(1.5e6, 2.5e6);
+    stage.display->ShowValues();
+    stage.axis.SetConverter(new SuffixedDouble(SuffixedDouble::eSuffixMega));
+    QCOMPARE(stage.Text("First Ruler"), QStringLiteral("1500000.0"));
+    stage.axis.SetConverter(nullptr);
+    stage.axis.SetDisplayFactor(1e-5);
+    QCOMPARE(stage.Text("First Ruler"), QStringLiteral("1500000.0"));
+    stage.Show();
+    QCOMPARE(stage.Text("First Ruler"), QStringLiteral("15.0"));
 }
 
 void tst_axisrangedisplay::writeTakesAnyLabel()
@@ -698,133 +734,6 @@ void tst_axisrangedisplay::everyNumberIsWritten()
             QVERIFY(isNumber || label.text() == QLatin1String("---"));
         }
     }
-}
-
-// The caption
-
-void tst_axisrangedisplay::captionTakesTheTimes_data()
-{
-    QTest::addColumn<unsigned int>("style");
-    QTest::addColumn<QVector<double>>("rulers");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("times") << 5U << QVector<double>{ Today, Today + 90.25 * Second }
-                           << QStringLiteral("2026-11-21 15:00:00.000... 01:30.250[01:30.250");
-    QTest::newRow("upright") << 4U << QVector<double>{ Today, Today + Second }
-                             << QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000");
-    QTest::newRow("crossed") << 5U << QVector<double>{ Today + 90.25 * Second, Today }
-                             << QStringLiteral("2026-11-21 15:00:00.000... 01:30.250[01:30.250");
-    QTest::newRow("spans") << 3U << QVector<double>{ 5e6, 7.5e6 }
-                           << QStringLiteral("1970-01-01 00:00:05.000... 00:07.500[00:02.500");
-    QTest::newRow("both bits") << 7U << QVector<double>{ 5e6, 7.5e6 }
-                               << QStringLiteral("1970-01-01 00:00:05.000... 00:07.500[00:02.500");
-    QTest::newRow("before the start of time")
-        << 5U << QVector<double>{ -5e6, 5e6 } << QStringLiteral("1970-01-01 00:00:00.000... 00:05.000[00:10.000");
-}
-
-void tst_axisrangedisplay::captionTakesTheTimes()
-{
-    QFETCH(unsigned int, style);
-    QFETCH(QVector<double>, rulers);
-    Stage stage(style, AcrossTime);
-    VCCaption caption;
-    stage.display->SetCaption(&caption);
-    stage.Rulers(rulers[0], rulers[1]);
-    stage.display->ShowValues(); // also while it is hidden
-    QTEST(caption.GetCaptionCenter(), "text");
-    caption.SetCaptionCenter(QString());
-    stage.Show();
-    QTEST(caption.GetCaptionCenter(), "text");
-}
-
-void tst_axisrangedisplay::captionOfNumbersIsLeftAlone()
-{
-    Stage stage;
-    VCCaption caption;
-    caption.SetCaptionCenter(QStringLiteral("mine"));
-    stage.display->SetCaption(&caption);
-    stage.Rulers(1e6, 2e6);
-    stage.Show();
-    stage.display->ShowValues();
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("mine"));
-}
-
-void tst_axisrangedisplay::captionFollowsADraggedRuler()
-{
-    Stage stage(5U, AcrossTime);
-    VCCaption caption;
-    stage.display->SetCaption(&caption);
-    stage.Rulers(Today, Today + Second);
-    stage.Show();
-    stage.ruler2->SetInterimValue(Today + 2.0 * Second, nullptr);
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
-    stage.ruler2->SetInterimValue(Today + 3.0 * Second, nullptr);
-    stage.ruler2->CommitInterimValue(nullptr);
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:03.000[00:03.000"));
-    stage.center->SetValue(Today + 60.0 * Second, nullptr);
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:58.500... 01:01.500[00:03.000"));
-}
-
-void tst_axisrangedisplay::captionKeepsItsSpanForEqualRulers()
-{
-    Stage stage(5U, AcrossTime);
-    VCCaption caption;
-    stage.display->SetCaption(&caption);
-    stage.Rulers(Today, Today + Second);
-    stage.Show();
-    stage.ruler1->SetValue(Today + Second, nullptr);
-    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:00"));
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
-}
-
-void tst_axisrangedisplay::captionTakesTheTimesAtOnce()
-{
-    Stage stage(5U, AcrossTime);
-    stage.Rulers(Today, Today + Second);
-    stage.Show();
-    VCCaption first;
-    VCCaption second;
-    stage.display->SetCaption(&first);
-    QCOMPARE(first.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
-    stage.display->SetCaption(&second);
-    stage.ruler2->SetValue(Today + 2.0 * Second, nullptr);
-    QCOMPARE(first.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:01.000[00:01.000"));
-    QCOMPARE(second.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
-    stage.display->SetCaption(nullptr);
-    stage.ruler2->SetValue(Today + 3.0 * Second, nullptr);
-    QCOMPARE(second.GetCaptionCenter(), QStringLiteral("2026-11-21 15:00:00.000... 00:02.000[00:02.000"));
-}
-
-void tst_axisrangedisplay::captionOfAHiddenDisplay()
-{
-    Stage stage(5U, AcrossTime);
-    VCCaption caption;
-    caption.SetCaptionCenter(QStringLiteral("of the waterfall"));
-    stage.display->SetCaption(&caption);
-    stage.Rulers(Today, Today + Second);
-    stage.axis.SetRange(Today, Today + 7.0 * 3600.0 * Second); // a format of its own
-    stage.display->SetFormatString(QStringLiteral("hh:mm:ss"));
-    stage.display->SetFormatStringForFixedSize(QStringLiteral("hh:mm:ss"));
-    stage.display->SetFormat(3, 2);
-    stage.display->SetConverter(nullptr);
-    stage.display->SetPixelToValueServer(&stage.axis);
-    GuiBase::Instance().GetTimeZone()->Select(7200L, nullptr);
-    QCOMPARE(caption.GetCaptionCenter(), QStringLiteral("of the waterfall"));
-}
-
-void tst_axisrangedisplay::captionEndsFirst()
-{
-    Stage stage(5U, AcrossTime);
-    stage.Rulers(Today, Today + Second);
-    auto caption = std::make_unique<VCCaption>();
-    stage.display->SetCaption(caption.get());
-    stage.Show();
-    caption.reset();
-    stage.ruler2->SetValue(Today + 2.0 * Second, nullptr);
-    QCOMPARE(stage.Text("Difference"), QStringLiteral("00:02"));
-    VCCaption lives;
-    stage.display->SetCaption(&lives);
-    delete stage.display;
-    QVERIFY(!lives.GetCaptionCenter().isEmpty());
 }
 
 ORIM_TEST_MAIN(tst_axisrangedisplay)
