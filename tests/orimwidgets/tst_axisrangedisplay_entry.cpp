@@ -45,6 +45,7 @@ private Q_SLOTS:
     void typingWithoutRoom();
     void typingGivenUp();
     void typingCanBeUndone();
+    void slotsByName();
 
     // bad input
     void everyPairOfNumbers_data();
@@ -339,6 +340,12 @@ void tst_axisrangedisplay_entry::typingCanBeUndone()
     QCOMPARE(stage.ruler1->GetValue(), 10.0);
     QCOMPARE(stage.ruler2->GetValue(), 30.0);
     QCOMPARE(stage.center->GetValue(), 20.0);
+}
+
+void tst_axisrangedisplay_entry::slotsByName()
+{
+    for (char const * const slot : { "slotShowDiffRuler(bool)", "slotRestoreDefaultPersistant()" })
+        QVERIFY2(AxisRangeDisplay::staticMetaObject.indexOfSlot(slot) >= 0, slot);
 }
 
 // Bad input

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void rulerChanges_data();
     void rulerChanges();
     void equalRulers();
+    void centreOfLargeRulers();
     void crossedRulers();
     void draggedRulers();
     void entries_data();
@@ -93,6 +94,16 @@ void tst_axisrangedisplay_values::equalRulers()
     QCOMPARE(center.m_told, 0);
 }
 
+void tst_axisrangedisplay_values::centreOfLargeRulers()
+{
+    Stage stage;
+    stage.Show();
+    stage.ruler2->SetValue(1.5e308, nullptr);
+    stage.ruler1->SetValue(1.0e308, nullptr);
+    QCOMPARE(stage.center->GetValue(), 1.25e308);          // their sum is beyond the doubles
+    QCOMPARE(stage.Text("Center"), QStringLiteral("---")); // the read-out adds them
+}
+
 void tst_axisrangedisplay_values::crossedRulers()
 {
     Stage stage;
@@ -151,6 +162,7 @@ void tst_axisrangedisplay_values::entries()
     Stage stage;
     stage.Rulers(10.0, 30.0);
     stage.Show();
+    stage.Part("Difference")->setText(QString()); // shown anew, moved or not
     (isDifference ? stage.difference : stage.center)->SetValue(value, nullptr);
     QVector<double> const after{ stage.ruler1->GetValue(), stage.ruler2->GetValue() };
     QTEST(after, "after");

@@ -3,6 +3,7 @@
 
 #include "testmain.h"
 
+#include <algorithm>
 #include <climits>
 
 namespace {

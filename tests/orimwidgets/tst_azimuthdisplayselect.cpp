@@ -134,6 +134,7 @@ private Q_SLOTS:
     void endsTwiceAndGoesOn();
     void letsGoOfItsSelectionsAtTheEnd();
     void isToldOfTheEnd();
+    void isATargetOfTheEnd();
     void goesOnWithoutItsValues();
     void strangersAreIgnored();
     void oneObject();
@@ -522,6 +523,16 @@ void tst_AzimuthDisplaySelect::isToldOfTheEnd()
     IAbstractTerminationTarget & target = *m_pSelect;
     target.aboutToTerminate();
     QCOMPARE(m_pStore->ReadString(StoreKey, QString()), QStringLiteral("9"));
+}
+
+void tst_AzimuthDisplaySelect::isATargetOfTheEnd()
+{
+    m_pSelect.reset();
+    int const before = IAbstractTerminationTarget::GetCount();
+    m_pSelect = std::make_unique<AzimuthDisplaySelectAccess>();
+    QCOMPARE(IAbstractTerminationTarget::GetCount(), before + 1);
+    m_pSelect.reset();
+    QCOMPARE(IAbstractTerminationTarget::GetCount(), before);
 }
 
 void tst_AzimuthDisplaySelect::goesOnWithoutItsValues()

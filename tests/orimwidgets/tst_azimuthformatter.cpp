@@ -85,6 +85,7 @@ void tst_AzimuthFormatter::text_data()
     QTest::newRow("9: -180 stays") << 9 << 0.0 << -180.0 << "-180.0";
     QTest::newRow("9: 180 turns") << 9 << 0.0 << 180.0 << "-180.0";
     QTest::newRow("9: the high end stays") << 9 << 0.0 << 179.9999 << "180.0";
+    QTest::newRow("9: above the high end turns") << 9 << 0.0 << 179.99995 << "-180.0";
     QTest::newRow("9: below the low end turns") << 9 << 0.0 << -180.5 << "179.5";
     QTest::newRow("9: 360 is 0") << 9 << 0.0 << 360.0 << "0.0";
     QTest::newRow("9: north does not count") << 9 << 30.0 << 40.0 << "40.0";
@@ -93,6 +94,7 @@ void tst_AzimuthFormatter::text_data()
     QTest::newRow("6: negative north") << 6 << -30.0 << 350.0 << "20.0";
     QTest::newRow("10: less north") << 10 << 30.0 << 40.0 << "10.0";
     QTest::newRow("10: less north, then turned") << 10 << 30.0 << 10.0 << "-20.0";
+    QTest::newRow("10: the high end stays") << 10 << 30.0 << 209.9998 << "180.0";
     QTest::newRow("10: north of more than a turn") << 10 << 400.0 << 10.0 << "-30.0";
     QTest::newRow("NaN") << 5 << 0.0 << qQNaN() << "nan";
     QTest::newRow("infinite") << 9 << 0.0 << qInf() << "inf";
