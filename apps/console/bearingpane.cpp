@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bearingpane.h"
 
-#include "azimuthview.h"
 #include "bearingtexts.h"
 #include "bearingvalues.h"
 #include "colorset.h"
@@ -76,15 +75,17 @@ BearingPane::BearingPane(Kind kind, QWidget * parent)
     , m_pAxis(new BearingAxis(this, kind))
     , m_results([this] { TakeResults(); })
     , m_selection([this] { TakeResults(); })
+    , m_view(AzimuthView::Current())
 {
     SetLevelScale(m_pAxis);
     setObjectName(IsAzimuth() ? QStringLiteral("azimuthPane") : QStringLiteral("elevationPane"));
     setAccessibleName(IsAzimuth() ? tr("Azimuth") : tr("Elevation"));
-    SetLevelRange(IsAzimuth() ? AzimuthView::Current().Start() : BearingValues::Horizon,
-                  IsAzimuth() ? AzimuthView::Current().Stop() : BearingValues::Zenith);
+    SetLevelRange(IsAzimuth() ? m_view.Start() : BearingValues::Horizon,
+                  IsAzimuth() ? m_view.Stop() : BearingValues::Zenith);
     SetLevelMin_ValuePath(QLatin1String(IsAzimuth() ? ConsolePaths::AzimuthMin : ConsolePaths::ElevationMin));
     SetLevelMax_ValuePath(QLatin1String(IsAzimuth() ? ConsolePaths::AzimuthMax : ConsolePaths::ElevationMax));
     TakeDefaultRange();
+    BuildTexts();
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &BearingPane::AskForRebuild);
 }
 
@@ -99,10 +100,26 @@ void BearingPane::SetHistory(BearingHistory * history)
 
 void BearingPane::Hold(bool on)
 {
-    if (on == m_held)
+    if (on == m_held.has_value())
         return;
-    m_held = on;
+    TakeView();
+    if (on)
+        m_held = CurrentPoints();
+    else
+        m_held.reset();
+    HoldResults(on);
     Follow();
+    AskForRebuild();
+}
+
+BearingPane::HeldPoints BearingPane::CurrentPoints() const
+{
+    HeldPoints current{ {}, m_pHistory ? m_pHistory->GetFirstNumber() : 0 };
+    if (!m_pHistory)
+        return current;
+    for (BearingHistory::Entry const & entry : m_pHistory->GetEntries())
+        current.points.push_back({ entry.measurement, ToStep(entry) });
+    return current;
 }
 
 //! What came and went meanwhile is taken at once.
@@ -132,12 +149,21 @@ void BearingPane::hideEvent(QHideEvent * event)
     Follow();
 }
 
+//! What is held stays where the vehicle pointed to then. \return whether anything differs.
+bool BearingPane::TakeView()
+{
+    AzimuthView const former = m_view;
+    m_view = AzimuthView::Current();
+    if (m_held)
+        m_view.north = former.north;
+    return m_view.key != former.key || m_view.north != former.north;
+}
+
 //! Another one forgets the ranges to go back to.
 void BearingPane::TakeDefaultRange()
 {
-    AzimuthView const view = AzimuthView::Current();
-    double const start = IsAzimuth() ? view.Start() : -BearingValues::Zenith;
-    double const stop = IsAzimuth() ? view.Stop() : BearingValues::Zenith;
+    double const start = IsAzimuth() ? m_view.Start() : -BearingValues::Zenith;
+    double const stop = IsAzimuth() ? m_view.Stop() : BearingValues::Zenith;
     double formerStart = 0.0;
     double formerStop = 0.0;
     m_pAxis->GetDefaultRange(formerStart, formerStop);
@@ -151,9 +177,10 @@ void BearingPane::ShowAzimuthMode()
     RangePane::ShowAzimuthMode();
     if (!IsAzimuth())
         return;
-    AzimuthView const view = AzimuthView::Current();
-    if (GetLevelMin() < view.Start() || GetLevelMax() > view.Stop())
-        SetLevelRange(view.Start(), view.Stop());
+    if (TakeView())
+        BuildTexts();
+    if (GetLevelMin() < m_view.Start() || GetLevelMax() > m_view.Stop())
+        SetLevelRange(m_view.Start(), m_view.Stop());
     TakeDefaultRange();
     m_pAxis->RepairDrawing();
     AskForRebuild();
@@ -161,12 +188,12 @@ void BearingPane::ShowAzimuthMode()
 
 double BearingPane::Shown(double azimuth, double elevation) const
 {
-    return IsAzimuth() ? AzimuthView::Current().Shown(azimuth) : elevation;
+    return IsAzimuth() ? m_view.Shown(azimuth) : elevation;
 }
 
 QString BearingPane::AngleText(double azimuth, double elevation) const
 {
-    return IsAzimuth() ? AzimuthView::Current().Text(azimuth, 1) : BearingTexts::Elevation(elevation);
+    return IsAzimuth() ? m_view.Text(azimuth, 1) : BearingTexts::Elevation(elevation);
 }
 
 PaneMargins BearingPane::Margins() const
@@ -208,21 +235,21 @@ void BearingPane::MixColors()
 
 void BearingPane::Rebuild()
 {
+    TakeView();
     QRect const picture = GetPictureRect();
     m_rows = BearingRows({ GetLevelMin(), GetLevelMax(), picture.top(), picture.bottom(), IsAzimuth() });
     MixColors();
     BuildGround();
     m_dirty.SetPicture(picture);
+    HeldPoints const shown = m_held ? *m_held : CurrentPoints();
     m_sparkles.clear();
-    m_first = 0;
+    m_first = shown.first;
+    for (HeldPoints::Point const & point : shown.points)
+        m_sparkles.push_back(SparkleOf(point.measurement, point.step));
     m_bands.clear();
-    if (m_pHistory) {
-        m_first = m_pHistory->GetFirstNumber();
-        for (BearingHistory::Entry const & entry : m_pHistory->GetEntries())
-            m_sparkles.push_back(SparkleOf(entry));
-    }
-    for (int result = 0; result < ConsoleBearings::Count(); ++result)
+    for (int result = 0; result < ResultCount(); ++result)
         m_bands.push_back(BandOf(result));
+    BuildTexts();
     m_dirty.Add(picture);
     PaintDirty();
     update();
@@ -254,19 +281,18 @@ int BearingPane::ToStep(BearingHistory::Entry const & entry) const
     return std::clamp(toInt(m_pHistory->GetAge(entry) * AgeSteps), 0, AgeSteps - 1);
 }
 
-BearingPane::Sparkle BearingPane::SparkleOf(BearingHistory::Entry const & entry) const
+BearingPane::Sparkle BearingPane::SparkleOf(BearingMeasurement const & measurement, int step) const
 {
-    BearingMeasurement const & measurement = entry.measurement;
     int const row = m_rows.RowOf(Shown(measurement.bearing, measurement.elevation));
     int const column = ColumnOf(measurement.frequency);
     QPoint const at = row < 0 || column < 0 || GetPictureRect().isEmpty() ? QPoint(-1, -1) : QPoint(column, row);
-    return { at, toInt(std::round(std::clamp(measurement.quality, 0.0, BestQuality))), ToStep(entry) };
+    return { at, toInt(std::round(std::clamp(measurement.quality, 0.0, BestQuality))), step };
 }
 
 BearingPane::Band BearingPane::BandOf(int index) const
 {
-    BearingResult const & result = *ConsoleBearings::At(index);
-    Band band{ index, index == ConsoleBearings::Selected(), {}, {} };
+    BearingResult const & result = *Result(index);
+    Band band{ index, index == SelectedResult(), {}, {} };
     QRect const picture = GetPictureRect();
     int const middle = ColumnOf(result.GetValue(DirectionFinder::eFrequency));
     double const angle =
@@ -314,6 +340,7 @@ void BearingPane::TakeHistory()
 {
     if (!m_pHistory)
         return;
+    TakeView();
     std::deque<BearingHistory::Entry> const & entries = m_pHistory->GetEntries();
     for (; !m_sparkles.empty() && m_first < m_pHistory->GetFirstNumber(); ++m_first) {
         MarkSparkle(m_sparkles.front());
@@ -322,7 +349,7 @@ void BearingPane::TakeHistory()
     m_first = m_pHistory->GetFirstNumber();
     for (std::size_t i = 0; i < entries.size(); ++i) {
         if (i >= m_sparkles.size()) {
-            m_sparkles.push_back(SparkleOf(entries[i]));
+            m_sparkles.push_back(SparkleOf(entries[i].measurement, ToStep(entries[i])));
         } else {
             int const step = ToStep(entries[i]);
             if (step == m_sparkles[i].step)
@@ -336,9 +363,10 @@ void BearingPane::TakeHistory()
 
 void BearingPane::TakeResults()
 {
+    TakeView();
     std::vector<Band> bands;
     bands.reserve(ConsoleBearings::Most);
-    for (int result = 0; result < ConsoleBearings::Count(); ++result)
+    for (int result = 0; result < ResultCount(); ++result)
         bands.push_back(BandOf(result));
     for (Band const & band : m_bands) {
         if (std::find(bands.begin(), bands.end(), band) == bands.end())
@@ -350,7 +378,7 @@ void BearingPane::TakeResults()
     }
     m_bands = std::move(bands);
     PaintDirty();
-    UpdateTexts();
+    BuildTexts();
 }
 
 void BearingPane::PaintDirty()
@@ -414,8 +442,8 @@ QStringList BearingPane::FlagTexts(int index) const
         GetMarker(index)->GetMarkerName() + QLatin1Char(' ') + NumberTexts::FrequencyWithUnit(frequency, HertzAPixel());
     BearingResult const * nearest = nullptr;
     double distance = 0.0; // Hz
-    for (int i = 0; i < ConsoleBearings::Count(); ++i) {
-        BearingResult const * const result = ConsoleBearings::At(i);
+    for (int i = 0; i < ResultCount(); ++i) {
+        BearingResult const * const result = Result(i);
         double const apart = std::abs(result->GetValue(DirectionFinder::eFrequency) - frequency);
         double const reach = std::max(result->GetValue(DirectionFinder::eBandwidth) / 2.0,
                                       PaneLayout::ToDevice(LeastReach, GetRatio()) * HertzAPixel());
@@ -439,9 +467,9 @@ QStringList BearingPane::ResultTexts(ResultMarker const & marker, bool selected)
              BearingTexts::Quality(marker.GetValue(DirectionFinder::eQuality)) };
 }
 
-QString BearingPane::ReadOut() const
+QString BearingPane::ReadOutOf(int index) const
 {
-    BearingResult const * const result = ConsoleBearings::At(ConsoleBearings::Selected());
+    BearingResult const * const result = Result(index);
     if (!result)
         return {};
     double const quality = result->GetValue(DirectionFinder::eQuality);
@@ -452,17 +480,15 @@ QString BearingPane::ReadOut() const
              QString::number(error, 'f', 1), QString(QChar(0xb0)), BearingTexts::Quality(quality));
 }
 
-QString BearingPane::ModeText() const
+//! Painting alone looks nothing up and measures no text.
+void BearingPane::BuildTexts()
 {
-    AzimuthView const view = AzimuthView::Current();
-    if (!IsAzimuth())
-        return {};
-    return view.IsRelative() ? tr("%1  heading %2").arg(view.Name(), BearingTexts::Bearing(view.north, 0))
-                             : view.Name();
-}
-
-void BearingPane::UpdateTexts()
-{
+    m_readOut = ReadOutOf(SelectedResult());
+    m_modeText = !IsAzimuth() ? QString() : m_view.Name();
+    if (IsAzimuth() && m_view.IsRelative())
+        m_modeText = tr("%1  heading %2").arg(m_modeText, BearingTexts::Bearing(m_view.north, 0));
+    m_readOutWidth = fontMetrics().horizontalAdvance(m_readOut);
+    m_textsWidth = fontMetrics().horizontalAdvance(m_readOut + QStringLiteral("    ") + m_modeText);
     QRect const picture = LogicalPicture();
     update(picture.left(), 0, picture.width(), picture.top());
 }
@@ -472,14 +498,12 @@ void BearingPane::PaintTexts(QPainter & painter) const
 {
     QRect const picture = LogicalPicture();
     QRect const strip(picture.left(), 0, picture.width(), picture.top());
-    QString const text = ReadOut();
-    QString const mode = ModeText();
     painter.setPen(ColorSet::Instance()[IColorBase::eColorReadOut]);
-    if (fontMetrics().horizontalAdvance(text) <= strip.width())
-        painter.drawText(strip, Qt::AlignLeft | Qt::AlignVCenter, text);
+    if (m_readOutWidth <= strip.width())
+        painter.drawText(strip, Qt::AlignLeft | Qt::AlignVCenter, m_readOut);
     painter.setPen(GetColors().text);
-    if (fontMetrics().horizontalAdvance(text + QStringLiteral("    ") + mode) <= strip.width())
-        painter.drawText(strip, Qt::AlignRight | Qt::AlignVCenter, mode);
+    if (m_textsWidth <= strip.width())
+        painter.drawText(strip, Qt::AlignRight | Qt::AlignVCenter, m_modeText);
 }
 
 void BearingPane::paintEvent(QPaintEvent * event)

@@ -2,6 +2,7 @@
 #ifndef ORIM_BEARINGPANE_H
 #define ORIM_BEARINGPANE_H
 
+#include "azimuthview.h"
 #include "bearingaxis.h"
 #include "bearinghistory.h"
 #include "bearingrows.h"
@@ -13,6 +14,7 @@
 
 #include <array>
 #include <deque>
+#include <optional>
 #include <vector>
 
 //! Shows from where signals come, azimuth or elevation over frequency: each result of the direction finder as a band as
@@ -56,13 +58,15 @@ public:
     //! Where the single measurements are; null for none. Borrowed, may die first.
     void SetHistory(BearingHistory * history);
 
-    //! Holds the picture, or takes it up again with all that is known then.
+    //! Holds what is known now, which stays at hand in any other range, size, colour or mode, or takes up what is known
+    //! then.
     void Hold(bool on);
 
     //! What the operator reads of the selected result; empty when none is selected.
-    QString ReadOut() const;
+    QString ReadOut() const { return m_readOut; }
+
     //! What the operator reads at the right of it: the azimuth mode, with the heading while that counts.
-    QString ModeText() const;
+    QString ModeText() const { return m_modeText; }
 
     std::deque<Sparkle> const & GetSparkles() const { return m_sparkles; }
 
@@ -99,9 +103,23 @@ protected:
     void hideEvent(QHideEvent * event) override;
 
 private:
+    //! Measurements that are held, oldest first.
+    struct HeldPoints
+    {
+        struct Point
+        {
+            BearingMeasurement measurement;
+            int step;
+        };
+
+        std::vector<Point> points;
+        quint64 first; // running number
+    };
+
     bool IsAzimuth() const { return m_pAxis->IsCircle(); }
 
     void Follow();
+    bool TakeView();
     void TakeDefaultRange();
     double Shown(double azimuth, double elevation) const;
     QString AngleText(double azimuth, double elevation) const;
@@ -109,14 +127,16 @@ private:
     void BuildGround();
     void TakeHistory();
     void TakeResults();
-    Sparkle SparkleOf(BearingHistory::Entry const & entry) const;
+    HeldPoints CurrentPoints() const;
+    Sparkle SparkleOf(BearingMeasurement const & measurement, int step) const;
     Band BandOf(int result) const;
     void MarkSparkle(Sparkle const & sparkle);
     void MarkBand(Band const & band);
     void PaintDirty();
     void PaintPart(QPainter & painter, QRect const & rect) const;
     void PaintTexts(QPainter & painter) const;
-    void UpdateTexts();
+    void BuildTexts();
+    QString ReadOutOf(int result) const;
     QRect PointRect(QPoint at) const;
     int ToStep(BearingHistory::Entry const & entry) const;
 
@@ -125,9 +145,14 @@ private:
     QMetaObject::Connection m_measured; // while this follows
     ValueFollower m_results;
     ValueFollower m_selection;
-    bool m_held = false;
+    std::optional<HeldPoints> m_held;
     bool m_isShown = false;
-    BearingRows m_rows; // device pixels of the pane
+    AzimuthView m_view; // as all is shown
+    QString m_readOut;
+    QString m_modeText;
+    int m_readOutWidth = 0; // px, as the next
+    int m_textsWidth = 0;   // of both
+    BearingRows m_rows;     // device pixels of the pane
     std::deque<Sparkle> m_sparkles;
     quint64 m_first = 0; // running number of the first one
     std::vector<Band> m_bands;

@@ -172,8 +172,8 @@ BearingPane * ConsoleWindow::AddBearings(BearingAxis::Kind kind, QString const &
 {
     auto * const pane = new BearingPane(kind);
     pane->SetHistory(&m_bearings.History());
-    m_pPanes->AddPane(
-        { pane, name, 2, PaneLevels::eNone, QLatin1String(shownPath), nullptr, [pane](bool on) { pane->Hold(on); } });
+    m_pPanes->AddPane({ pane, name, 2, PaneLevels::eNone, QLatin1String(shownPath), nullptr,
+                        [pane](bool on) { pane->Hold(on); }, false, true });
     return pane;
 }
 
@@ -280,6 +280,7 @@ void ConsoleWindow::FindDirections(std::vector<SimulatedEmitter> emitters, quint
 {
     m_bearings.Find(std::move(emitters), seed);
     m_clock.start();
+    ShowState();
 }
 
 void ConsoleWindow::FitLevelRange()
@@ -394,7 +395,8 @@ void ConsoleWindow::ShowState()
         bool const tellsRate = frame == m_pTimes && m_rate > 0.0;
         QString const running =
             tellsRate ? tr("Running  %1 lines/s").arg(QString::number(m_rate, 'f', 1)) : tr("Running");
-        frame->SetState(playing ? running : standing);
+        bool const isBlind = !m_clock.isValid() && qobject_cast<BearingPane *>(&frame->Pane());
+        frame->SetState(isBlind ? tr("No direction finder") : playing ? running : standing);
     }
 }
 

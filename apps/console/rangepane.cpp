@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -267,10 +268,12 @@ void RangePane::LayRulers()
     QRect const picture = LogicalPicture();
     MarkerRulers::Frame const frame{ m_pictureRect, m_ratio,
                                      picture.adjusted(FlagInset, FlagInset, -FlagInset, -FlagInset), LevelFlagRoom() };
-    MarkerRulers::Source const source{
-        [this](bool level, double value) { return level ? RowOf(value) : ColumnOf(value); },
-        [this](int index) { return TextsOf(index); }, [this](int index) { return KindOf(index); }
-    };
+    int const selected = SelectedResult();
+    MarkerRulers::Source const source{ [this](bool level, double value) {
+                                          return level ? RowOf(value) : ColumnOf(value);
+                                      },
+                                       [this, selected](int index) { return TextsOf(index, selected); },
+                                       [this, selected](int index) { return KindOf(index, selected); } };
     m_rulers.Lay(*this, frame, fontMetrics(), source);
     SetMustRecalcRulers(false);
 }
@@ -286,7 +289,7 @@ bool RangePane::BindResults()
 void RangePane::FollowResults()
 {
     ResultMarkerList * const results = GetResultMarkerList();
-    if (!results)
+    if (!results || m_heldResults)
         return;
     results->SetSelector_ValuePath(QLatin1String(ConsolePaths::SelectedBearing));
     results->Set_ValuePath(QLatin1String(ConsolePaths::Bearings));
@@ -302,20 +305,72 @@ void RangePane::HighlightResult()
         GetResultMarkerList()->Update(list, eItemsChanged);
 }
 
-MarkerRulers::Kind RangePane::KindOf(int index) const
+//! The markers stay where they are while their list is not bound.
+void RangePane::HoldResults(bool on)
+{
+    if (on == m_heldResults.has_value())
+        return;
+    if (!on) {
+        m_heldResults.reset();
+        FollowResults();
+        return;
+    }
+    HeldResults held{ {}, ConsoleBearings::Selected() };
+    for (int i = 0; i < ConsoleBearings::Count(); ++i)
+        held.results.push_back(*ConsoleBearings::At(i));
+    m_heldResults = std::move(held);
+    m_selected.Bind(QString());
+    if (ResultMarkerList * const results = GetResultMarkerList()) {
+        results->Set_ValuePath(QString());
+        results->SetSelector_ValuePath(QString());
+    }
+}
+
+int RangePane::ResultCount() const
+{
+    return m_heldResults ? static_cast<int>(m_heldResults->results.size()) : ConsoleBearings::Count();
+}
+
+BearingResult const * RangePane::Result(int index) const
+{
+    if (!m_heldResults)
+        return ConsoleBearings::At(index);
+    bool const exists = index >= 0 && index < ResultCount();
+    return exists ? &m_heldResults->results[static_cast<std::size_t>(index)] : nullptr;
+}
+
+int RangePane::SelectedResult() const { return m_heldResults ? m_heldResults->selected : ConsoleBearings::Selected(); }
+
+//! Numbers of held results mean nothing among the present ones.
+void RangePane::SelectShown(int result) const
+{
+    BearingResult const * const shown = Result(result);
+    if (!m_heldResults) {
+        ConsoleBearings::Select(result);
+        return;
+    }
+    for (int i = 0; shown && i < ConsoleBearings::Count(); ++i) {
+        if (ConsoleBearings::At(i)->GetText() == shown->GetText()) {
+            ConsoleBearings::Select(i);
+            return;
+        }
+    }
+}
+
+MarkerRulers::Kind RangePane::KindOf(int index, int selected) const
 {
     int const result = ResultHand::ResultOf(index);
     if (result < 0)
         return MarkerRulers::Kind::eMarker;
-    return result == ConsoleBearings::Selected() ? MarkerRulers::Kind::eSelectedResult : MarkerRulers::Kind::eResult;
+    return result == selected ? MarkerRulers::Kind::eSelectedResult : MarkerRulers::Kind::eResult;
 }
 
-QStringList RangePane::TextsOf(int index) const
+QStringList RangePane::TextsOf(int index, int selected) const
 {
     int const result = ResultHand::ResultOf(index);
     auto const * const marker = result < 0 ? nullptr : dynamic_cast<ResultMarker const *>(GetMarker(index));
     if (marker)
-        return ResultTexts(*marker, result == ConsoleBearings::Selected());
+        return ResultTexts(*marker, result == selected);
     return WindowHand::WindowOf(index) < 0 ? FlagTexts(index) : BorderTexts(index);
 }
 
@@ -408,13 +463,16 @@ bool RangePane::TakePress(QMouseEvent const * event)
     int const marker = m_hand.Under(Position(event).toPoint());
     bool const isRuler = marker >= 0 && WindowHand::WindowOf(marker) < 0;
     LifeWatch const life(GetObserverLifetime());
-    bool isResult = !isRuler && m_resultHand.Press(event);
-    if (!isResult && marker < 0 && !life.IsOver() && event->button() == Qt::LeftButton) {
-        int const result = ResultAt(Position(event).toPoint());
-        isResult = result >= 0;
-        if (isResult)
-            ConsoleBearings::Select(result);
+    int result = -1;
+    if (event->button() == Qt::LeftButton) {
+        QPoint const at = Position(event).toPoint();
+        result = isRuler ? -1 : m_resultHand.Under(at);
+        if (result < 0 && marker < 0)
+            result = ResultAt(at);
     }
+    if (result >= 0)
+        SelectShown(result);
+    bool const isResult = result >= 0;
     return life.IsOver() || isResult || m_windowHand.Press(event, marker) || m_hand.Press(event);
 }
 

@@ -10,11 +10,14 @@
 #include "pixelmap.h"
 #include "resulthand.h"
 #include "valuefollower.h"
+#include "valuelist.h"
 #include "windowframes.h"
 #include "windowhand.h"
 #include "windowvalues.h"
 
 #include <array>
+#include <optional>
+#include <vector>
 
 class FrameStats;
 class FrequencyAxis;
@@ -112,6 +115,15 @@ protected:
     virtual double LevelAt(double row) const;
     //! Texts of the flag of a marker; none: it has no flag.
     virtual QStringList FlagTexts(int index) const = 0;
+    //! Holds the results as they are now, or takes up those that are there then. A click on one that is held selects
+    //! its emitter, or nothing when that has gone.
+    void HoldResults(bool on);
+    //! Number of the results that are shown: the present ones, or those that are held.
+    int ResultCount() const;
+    //! One of these; null for a bad index. Holds until the results change.
+    BearingResult const * Result(int index) const;
+    //! Index of the one that is shown as selected; -1 for none.
+    int SelectedResult() const;
     //! Texts of the flag of a result; none here.
     virtual QStringList ResultTexts(ResultMarker const & marker, bool selected) const;
     //! Index of the result that is painted at a place, logical pixels, beside its marker; -1, as here, for none.
@@ -173,11 +185,18 @@ private:
     void LayRulers();
     void HandOn(QMouseEvent const * event);
     bool TakePress(QMouseEvent const * event);
-    MarkerRulers::Kind KindOf(int index) const;
-    QStringList TextsOf(int index) const;
+    MarkerRulers::Kind KindOf(int index, int selected) const;
+    QStringList TextsOf(int index, int selected) const;
     QStringList BorderTexts(int index) const;
     void FollowResults();
     void HighlightResult();
+    void SelectShown(int result) const;
+
+    struct HeldResults
+    {
+        std::vector<BearingResult> results;
+        int selected;
+    };
 
     FrequencyAxis * m_pFrequencyAxis = nullptr; // a child, as the next
     ScaleAxis * m_pLevelScale = nullptr;
@@ -198,6 +217,7 @@ private:
     WindowHand m_windowHand;
     ResultHand m_resultHand;
     ValueFollower m_selected; // number of the selected result
+    std::optional<HeldResults> m_heldResults;
 };
 
 #endif

@@ -4,10 +4,8 @@
 #include "consolebearings.h"
 #include "markerhand.h"
 #include "markerlist.h"
-#include "qtcompat.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 
 #include <cstdlib>
 
@@ -35,15 +33,6 @@ int ResultHand::Under(QPoint at) const
         }
     }
     return best;
-}
-
-bool ResultHand::Press(QMouseEvent const * event)
-{
-    int const result = event->button() == Qt::LeftButton ? Under(Position(event).toPoint()) : -1;
-    if (result < 0)
-        return false;
-    ConsoleBearings::Select(result);
-    return true;
 }
 
 bool ResultHand::KeyPress(QKeyEvent const * event)

@@ -6,9 +6,8 @@
 
 class MarkerList;
 class QKeyEvent;
-class QMouseEvent;
 
-//! The operator's hand on the result markers of a pane: a click on the line or the flag of one selects it, R selects
+//! The operator's hand on the result markers of a pane: it finds the one whose line or flag is clicked at; R selects
 //! the next one, with Shift the one before.
 class ResultHand
 {
@@ -25,9 +24,8 @@ public:
     //! Index of the result at a place, the nearest; -1 for none.
     int Under(QPoint at) const;
 
-    //! Each tells whether the event was for a result.
-    bool Press(QMouseEvent const * event);
-    bool KeyPress(QKeyEvent const * event);
+    //! \return whether the key was for the results.
+    static bool KeyPress(QKeyEvent const * event);
 
 private:
     MarkerList & m_list;

@@ -3,6 +3,7 @@
 
 #include "azimuthdisplayselect.h"
 #include "azimuthview.h"
+#include "bearingtools.h"
 #include "colorset.h"
 #include "consolebearings.h"
 #include "consolevalues.h"
@@ -20,12 +21,11 @@
 #include <limits>
 #include <utility>
 
+using namespace BearingTools;
 using namespace MarkerTools;
 using namespace PaneTools;
 
-using Kind = BearingAxis::Kind;
-
-class tst_BearingPane : public QObject
+class tst_BearingPane : public QObject, private BearingTools::Stage
 {
     Q_OBJECT
 
@@ -33,8 +33,10 @@ private Q_SLOTS:
 
     void initTestCase() { TestStage::HushPopups(); }
 
-    void init();
-    void cleanup();
+    void init() { Begin(); }
+
+    void cleanup() { End(); }
+
     void bandLiesAtItsDirection_data();
     void bandLiesAtItsDirection();
     void bandAcrossTheEndIsDrawnInTwoParts_data();
@@ -46,16 +48,9 @@ private Q_SLOTS:
     void selectedBandCrossesThePicture();
     void pointLiesAtItsMeasurement_data();
     void pointLiesAtItsMeasurement();
-    void pointsHaveTheColorOfTheirQuality();
-    void pointsCanBeToldFromTheGround_data();
-    void pointsCanBeToldFromTheGround();
-    void pointsFadeWithAge();
     void pictureMovesWithTheFrequencies();
     void onlyWhatChangedIsPainted();
     void piecesMakeTheWholePicture();
-    void hiddenPaneFollowsNothing();
-    void heldPaneFollowsNothing();
-    void historyMayEndFirst();
     void clickSelects_data();
     void clickSelects();
     void keysSelect();
@@ -74,65 +69,9 @@ private Q_SLOTS:
     void ticsDivideTheCircle_data();
     void ticsDivideTheCircle();
     void withoutValuesItStillShowsTheMode();
-
-private:
-    BearingPane & Make(Kind kind = Kind::eAzimuth);
-    void Measure(std::vector<BearingMeasurement> const & measurements, double now) const;
-
-    std::unique_ptr<ConsoleValues> m_values;
-    std::unique_ptr<BearingHistory> m_history;
-    std::unique_ptr<BearingPane> m_pane;
 };
 
 namespace {
-
-constexpr double Span = 1e6; // Hz, from 0 on
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double Infinite = std::numeric_limits<double>::infinity();
-
-BearingResult ResultAt(double frequency, double bearing, double elevation = 0.0, double quality = 100.0,
-                       double bandwidth = 0.0)
-{
-    return BearingResult({ bearing, elevation, frequency, quality, -30.0, bandwidth }, QString::number(frequency));
-}
-
-BearingMeasurement SingleAt(double frequency, double bearing, double quality = 100.0)
-{
-    return { frequency, bearing, bearing, quality, -30.0 };
-}
-
-void SetResults(std::vector<BearingResult> results)
-{
-    Tree::Instance()
-        ->FindAs<ValueList<BearingResult>>(QLatin1String(ConsolePaths::Bearings))
-        ->SetEntries(std::move(results), nullptr);
-}
-
-int ColumnIn(BearingPane const & pane, double frequency)
-{
-    QRect const picture = pane.GetPictureRect();
-    return picture.left() + static_cast<int>(frequency / Span * picture.width());
-}
-
-//! Row of a part of the range, from the bottom.
-int RowIn(BearingPane const & pane, double part)
-{
-    QRect const picture = pane.GetPictureRect();
-    return picture.top() + static_cast<int>((1.0 - part) * picture.height());
-}
-
-QColor PixelOf(BearingPane const & pane, int x, int y) { return pane.GetPicture().pixelColor(x, y); }
-
-bool IsNear(QColor const & a, QColor const & b)
-{
-    return std::abs(a.red() - b.red()) <= 2 && std::abs(a.green() - b.green()) <= 2 &&
-           std::abs(a.blue() - b.blue()) <= 2;
-}
-
-QColor ResultColor(bool selected = false)
-{
-    return ColorSet::Instance()[selected ? IColorBase::eColorSelectedResult : IColorBase::eColorResult];
-}
 
 //! The picture without bands.
 QImage EmptyPicture(BearingPane const & pane)
@@ -142,42 +81,6 @@ QImage EmptyPicture(BearingPane const & pane)
 }
 
 } // namespace
-
-void tst_BearingPane::init()
-{
-    AzimuthDisplaySelect::Instance().slotRestoreDefaultPersistant();
-    GuiBase::Instance().UndoStack()->clear();
-    m_values = std::make_unique<ConsoleValues>();
-    m_history = std::make_unique<BearingHistory>();
-}
-
-void tst_BearingPane::cleanup()
-{
-    m_pane.reset();
-    m_history.reset();
-    m_values.reset();
-}
-
-//! A pane that is shown, with a picture of 360 rows.
-BearingPane & tst_BearingPane::Make(Kind kind)
-{
-    m_pane = std::make_unique<BearingPane>(kind);
-    m_pane->SetColors(Colors());
-    m_pane->SetFrequencyRange({ 0.0, Span });
-    m_pane->SetHistory(m_history.get());
-    m_pane->BindResults();
-    m_pane->resize(700, 300);
-    m_pane->Refresh();
-    m_pane->resize(700, 300 + 360 - static_cast<int>(m_pane->GetPictureRect().height() / m_pane->GetRatio()));
-    m_pane->show();
-    m_pane->grab();
-    return *m_pane;
-}
-
-void tst_BearingPane::Measure(std::vector<BearingMeasurement> const & measurements, double now) const
-{
-    m_history->Append(measurements, now);
-}
 
 void tst_BearingPane::bandLiesAtItsDirection_data()
 {
@@ -388,74 +291,6 @@ void tst_BearingPane::pointLiesAtItsMeasurement()
     QVERIFY(pane.GetPicture() == before);
 }
 
-void tst_BearingPane::pointsHaveTheColorOfTheirQuality()
-{
-    BearingPane & pane = Make();
-    std::vector<BearingMeasurement> singles;
-    for (int quality = 0; quality <= 100; quality += 10)
-        singles.push_back(SingleAt(50e3 + 8e3 * quality, 100.5, quality));
-    singles.push_back(SingleAt(905e3, 100.5, 49.6));
-    Measure(singles, 1.0);
-    int const y = pane.GetPictureRect().bottom() - 100;
-    for (int quality = 0; quality <= 100; quality += 10)
-        QCOMPARE(PixelOf(pane, ColumnIn(pane, 50e3 + 8e3 * quality), y), pane.ColorOf(quality));
-    QCOMPARE(PixelOf(pane, ColumnIn(pane, 905e3), y), pane.ColorOf(50));
-    QVERIFY(pane.ColorOf(0) != pane.ColorOf(50));
-    QVERIFY(pane.ColorOf(50) != pane.ColorOf(100));
-    QCOMPARE(pane.ColorOf(-5), pane.ColorOf(0));
-    QCOMPARE(pane.ColorOf(500), pane.ColorOf(100));
-}
-
-void tst_BearingPane::pointsCanBeToldFromTheGround_data()
-{
-    QTest::addColumn<QColor>("ground");
-    QTest::addColumn<QColor>("text");
-    QTest::newRow("white") << QColor(Qt::white) << QColor(Qt::black);
-    QTest::newRow("black") << QColor(Qt::black) << QColor(Qt::white);
-    QTest::newRow("blue") << QColor(0, 0, 40) << QColor(255, 160, 60);
-}
-
-void tst_BearingPane::pointsCanBeToldFromTheGround()
-{
-    QFETCH(QColor, ground);
-    QFETCH(QColor, text);
-    BearingPane & pane = Make();
-    PaneColors colors = Colors();
-    colors.ground = ground;
-    colors.text = text;
-    pane.SetColors(colors);
-    pane.grab();
-    for (int quality = 0; quality <= 100; ++quality) {
-        QColor const color = pane.ColorOf(quality);
-        int const apart = std::max({ std::abs(color.red() - ground.red()), std::abs(color.green() - ground.green()),
-                                     std::abs(color.blue() - ground.blue()) });
-        QVERIFY2(apart > 100, qPrintable(color.name()));
-        QVERIFY2(std::abs(qGray(color.rgb()) - qGray(ground.rgb())) > 35, qPrintable(color.name()));
-    }
-}
-
-void tst_BearingPane::pointsFadeWithAge()
-{
-    constexpr int steps = BearingPane::AgeSteps;
-    BearingPane & pane = Make();
-    QImage const empty = pane.GetPicture();
-    Measure({ SingleAt(305e3, 100.5, 50.0) }, 10.0);
-    int const x = ColumnIn(pane, 305e3);
-    int const y = RowIn(pane, 100.5 / 360.0);
-    QColor const ground = empty.pixelColor(x, y);
-    for (int step = 0; step < steps; ++step) {
-        Measure({}, 10.0 + (step + 0.5) * BearingHistory::Hold / steps);
-        QColor const color = PaneLayout::Mix(ground, pane.ColorOf(50), 1.0 - static_cast<double>(step) / steps);
-        QVERIFY2(IsNear(PixelOf(pane, x, y), color), qPrintable(QString::number(step)));
-        QCOMPARE(pane.GetSparkles()[0].step, step);
-    }
-    Measure({}, 10.0 + BearingHistory::Hold);
-    QCOMPARE(pane.GetSparkles().size(), std::size_t(1));
-    Measure({}, 10.01 + BearingHistory::Hold);
-    QVERIFY(pane.GetSparkles().empty());
-    QVERIFY(pane.GetPicture() == empty);
-}
-
 void tst_BearingPane::pictureMovesWithTheFrequencies()
 {
     BearingPane & pane = Make();
@@ -511,73 +346,6 @@ void tst_BearingPane::piecesMakeTheWholePicture()
     pane.grab();
     QVERIFY(pane.GetPicture() == pieces);
     QVERIFY(pane.GetSparkles().size() > 50);
-}
-
-void tst_BearingPane::hiddenPaneFollowsNothing()
-{
-    BearingPane & pane = Make();
-    Measure({ SingleAt(305e3, 100.5) }, 1.0);
-    pane.hide();
-    quint64 const before = pane.GetPaintedPixels();
-    QImage const picture = pane.GetPicture();
-    Measure({ SingleAt(405e3, 100.5) }, 2.0);
-    SetResults({ ResultAt(505e3, 200.5) });
-    ConsoleBearings::Select(0);
-    QCOMPARE(pane.GetPaintedPixels(), before);
-    QCOMPARE(pane.GetSparkles().size(), std::size_t(1));
-    QVERIFY(pane.GetBands().empty());
-    QVERIFY(pane.GetPicture() == picture);
-    pane.show();
-    QCOMPARE(pane.GetSparkles().size(), std::size_t(2));
-    QCOMPARE(PixelOf(pane, ColumnIn(pane, 405e3), pane.GetPictureRect().bottom() - 100), pane.ColorOf(100));
-    QCOMPARE(PixelOf(pane, ColumnIn(pane, 505e3), pane.GetPictureRect().bottom() - 200), ResultColor(true));
-}
-
-void tst_BearingPane::heldPaneFollowsNothing()
-{
-    BearingPane & pane = Make();
-    Measure({ SingleAt(305e3, 100.5) }, 1.0);
-    pane.Hold(true);
-    QImage const picture = pane.GetPicture();
-    Measure({ SingleAt(405e3, 100.5) }, 2.0);
-    SetResults({ ResultAt(505e3, 200.5) });
-    QVERIFY(pane.GetPicture() == picture);
-    pane.Hold(true);
-    QVERIFY(pane.GetPicture() == picture);
-    Measure({ SingleAt(605e3, 100.5) }, 1.1 + BearingHistory::Hold);
-    pane.Hold(false);
-    QCOMPARE(pane.GetSparkles().size(), std::size_t(2)); // the first one went meanwhile
-    QVERIFY(PixelOf(pane, ColumnIn(pane, 305e3), pane.GetPictureRect().bottom() - 100) != pane.ColorOf(100));
-    QCOMPARE(PixelOf(pane, ColumnIn(pane, 605e3), pane.GetPictureRect().bottom() - 100), pane.ColorOf(100));
-    QCOMPARE(PixelOf(pane, ColumnIn(pane, 505e3), pane.GetPictureRect().bottom() - 200), ResultColor());
-    // held and hidden, it waits for both
-    pane.Hold(true);
-    pane.hide();
-    pane.show();
-    SetResults({});
-    QCOMPARE(pane.GetBands().size(), std::size_t(1));
-    pane.Hold(false);
-    QVERIFY(pane.GetBands().empty());
-}
-
-void tst_BearingPane::historyMayEndFirst()
-{
-    BearingPane & pane = Make();
-    Measure({ SingleAt(305e3, 100.5) }, 1.0);
-    m_history.reset();
-    pane.SetColors(Colors());
-    pane.grab();
-    QVERIFY(pane.GetSparkles().empty());
-    pane.hide();
-    pane.show();
-    pane.SetHistory(nullptr);
-    pane.grab();
-    // another one begins anew
-    m_history = std::make_unique<BearingHistory>();
-    Measure({ SingleAt(505e3, 10.5) }, 1.0);
-    pane.SetHistory(m_history.get());
-    pane.grab();
-    QCOMPARE(pane.GetSparkles().size(), std::size_t(1));
 }
 
 void tst_BearingPane::clickSelects_data()

@@ -7,11 +7,15 @@
 #include "frequencyaxis.h"
 #include "lineplayer.h"
 #include "markertools.h"
+#include "panestack.h"
 #include "panetools.h"
 #include "resultmarker.h"
 #include "spectrumpane.h"
 #include "testmain.h"
+#include "vccaption.h"
 #include "waterfallpane.h"
+
+#include <QPushButton>
 
 #include <cmath>
 
@@ -50,6 +54,8 @@ private Q_SLOTS:
     void singleMeasurementsAreKept();
     void vehicleTellsWhereItPointsTo();
     void panesOfBearingsFollow();
+    void captionsOfBearings_data();
+    void captionsOfBearings();
 
 private:
     static void SetResults(std::vector<BearingResult> results);
@@ -542,6 +548,57 @@ void tst_ConsoleBearings::panesOfBearingsFollow()
     ConsoleValues::Set(ConsolePaths::Span, ToneSource::Rate / 4.0);
     m_window->grab();
     QCOMPARE(m_window->Azimuth().GetFrequencyRange().span, ToneSource::Rate / 4.0);
+}
+
+void tst_ConsoleBearings::captionsOfBearings_data()
+{
+    QTest::addColumn<bool>("azimuth");
+    QTest::newRow("azimuth") << true;
+    QTest::newRow("elevation") << false;
+}
+
+void tst_ConsoleBearings::captionsOfBearings()
+{
+    QFETCH(bool, azimuth);
+    ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, azimuth);
+    ConsoleValues::SetFlag(ConsolePaths::ElevationShown, !azimuth);
+    m_window->grab();
+    BearingPane & pane = azimuth ? m_window->Azimuth() : m_window->Elevation();
+    PaneFrame & frame = *m_window->Splitter().FrameOf(&pane);
+    PaneFrame & other = *m_window->Splitter().FrameOf(&m_window->Spectrum());
+    VCCaption & caption = frame.Caption();
+    // nothing is measured of a recording
+    QCOMPARE(caption.GetCaptionRight(), QStringLiteral("No direction finder"));
+    QVERIFY(other.Caption().GetCaptionRight() != caption.GetCaptionRight());
+    m_window->FindDirections({ EmitterAt(QStringLiteral("A"), 0.625) }, 1);
+    QCOMPARE(caption.GetCaptionRight(), other.Caption().GetCaptionRight());
+    // the range is that of all
+    ConsoleValues::Set(ConsolePaths::Span, ToneSource::Rate / 4.0);
+    m_window->grab();
+    QCOMPARE(caption.GetCaptionLeft(), other.Caption().GetCaptionLeft());
+    // the buttons, and the keys that do the same
+    m_window->Player().Play();
+    auto * const stream = caption.findChild<QPushButton *>(QStringLiteral("StartStopDatastream"));
+    QVERIFY(stream && stream->isVisible());
+    QCOMPARE(caption.GetCaptionRight(), QStringLiteral("Running"));
+    QTest::mouseClick(stream, Qt::LeftButton);
+    QVERIFY(!m_window->Player().IsPlaying());
+    for (PaneFrame const * const each : m_window->Splitter().Frames()) {
+        QCOMPARE(each->Caption().GetStartStopDatastreamButtonState(), false);
+        QCOMPARE(each->Caption().GetCaptionRight(), QStringLiteral("Paused"));
+    }
+    QTest::keyClick(&pane, Qt::Key_Space);
+    QVERIFY(m_window->Player().IsPlaying());
+    QVERIFY(caption.GetStartStopDatastreamButtonState());
+    m_window->Player().Stop();
+    QTest::keyClick(&pane, Qt::Key_H);
+    QVERIFY(frame.IsHeld());
+    QCOMPARE(caption.GetCaptionRight(), QStringLiteral("Held"));
+    QTest::keyClick(&pane, Qt::Key_F11);
+    QVERIFY(m_window->Splitter().GetFull() == &frame);
+    QTest::keyClick(&pane, Qt::Key_F11);
+    QVERIFY(!m_window->Splitter().GetFull());
+    QVERIFY(frame.IsHeld());
 }
 
 ORIM_TEST_MAIN(tst_ConsoleBearings)
