@@ -364,8 +364,12 @@ void tst_axisrangedisplay_entry::everyPairOfNumbers()
     QFETCH(unsigned int, type);
     Stage stage(style, type);
     stage.Show();
-    for (double const a : SpecialDoubles())
-        for (double const b : SpecialDoubles()) {
+    std::vector<double> const numbers = SpecialDoubles();
+    std::size_t const every = TestStage::Sanitized() ? 4 : 1; // one of so many pairs, along the diagonals
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        for (std::size_t j = i % every; j < numbers.size(); j += every) {
+            double const a = numbers[i];
+            double const b = numbers[j];
             stage.Rulers(a, b);
             double const low = stage.ruler1->GetValue();
             double const high = stage.ruler2->GetValue();
