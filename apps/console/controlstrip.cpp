@@ -189,3 +189,17 @@ void ControlStrip::AddControl(QString const & label, QWidget * control)
     layout->addWidget(control);
     m_pLayout->addWidget(cell);
 }
+
+void ControlStrip::EnableWith(QString const & path, std::vector<QWidget *> const & controls, QString const & hint)
+{
+    for (QWidget * const control : controls) {
+        std::size_t const place = m_followers.size();
+        QString const tip = control->toolTip();
+        m_followers.push_back(std::make_unique<ValueFollower>([this, control, place, tip, hint] {
+            bool const isOn = m_followers[place]->Flag(control->isEnabled());
+            control->setEnabled(isOn);
+            control->setToolTip(isOn ? tip : hint);
+        }));
+        m_followers.back()->Bind(path);
+    }
+}

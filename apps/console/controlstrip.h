@@ -50,6 +50,10 @@ public:
     void AddSwitches(QString const & label, std::vector<SwitchForm> const & forms);
     //! Adds any control; without a label it stands alone.
     void AddControl(QString const & label, QWidget * control);
+    //! Lets controls be used while a flag is set only. Without the flag they stay as they are.
+    //! \param controls  children of this, with their tool tips.
+    //! \param hint      tool tip of the controls while they cannot be used.
+    void EnableWith(QString const & path, std::vector<QWidget *> const & controls, QString const & hint);
 
 private:
     FlowLayout * m_pLayout = nullptr;

@@ -30,4 +30,7 @@ void AddPersistenceControls(ControlStrip & strip, std::function<void()> const & 
     button->setToolTip(Text("Clear the persistence"));
     QObject::connect(button, &QToolButton::clicked, button, clear);
     strip.AddControl(QString(), button);
+    auto * const ageing = strip.findChild<QWidget *>(QStringLiteral("ageing"));
+    strip.EnableWith(QLatin1String(ConsolePaths::PersistenceShown), { hold, quality, ageing, button },
+                     Text("The persistence is not shown"));
 }
