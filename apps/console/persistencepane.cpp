@@ -4,7 +4,7 @@
 #include "agedpalette.h"
 #include "ageingcolors.h"
 #include "agescale.h"
-#include "bearingtexts.h"
+#include "azimuthview.h"
 #include "directionfinder.h"
 #include "framestats.h"
 #include "frequencyaxis.h"
@@ -12,6 +12,7 @@
 #include "guicentral.h"
 #include "levelaxis.h"
 #include "numbertexts.h"
+#include "pixelstretch.h"
 #include "resultmarker.h"
 #include "signalquality.h"
 #include "traceraster.h"
@@ -91,14 +92,41 @@ void PersistencePane::MakeImage()
     update();
 }
 
-//! What is set before the first step of a palette would go with it.
+//! What is set before the first step of a palette would go with it. Pixels that never fade have one index each: they
+//! are laid over the new size.
 void PersistencePane::LayImage()
 {
     QSize const size = GetPictureRect().size();
-    if (size == QSize(m_pImage->width(), m_pImage->height()))
+    bool const isNothing = size.isEmpty() || size == QSize(m_pImage->width(), m_pImage->height());
+    if (isNothing)
         return;
+    QImage const before = IsEndless() && m_pImage->GetImage() ? m_pImage->GetImage()->copy() : QImage();
     m_pImage->resize(size.width(), size.height());
     m_pImage->SwitchColors();
+    if (m_pImage->GetImage())
+        PixelStretch::Lay(before, QRectF(QPointF(0.0, 0.0), size), AgedPalette::MarkerEntry, *m_pImage->GetImage());
+}
+
+//! Lays what is held over the present ranges and size.
+void PersistencePane::LayHeld()
+{
+    QSize const size = GetPictureRect().size();
+    m_heldView = QImage();
+    if (m_kept.picture.isNull() || size.isEmpty())
+        return;
+    m_heldView = QImage(size, QImage::Format_Indexed8);
+    if (m_heldView.isNull())
+        return;
+    m_heldView.setColorTable(m_kept.picture.colorTable());
+    std::string const ground = GetBackgroundLine(size.width());
+    for (int y = 0; y < size.height(); ++y)
+        std::copy(ground.begin(), ground.end(), m_heldView.scanLine(y));
+    FrequencyRange const view = GetFrequencyRange();
+    double const columns = size.width() / view.span;                     // a hertz
+    double const rows = size.height() / (GetLevelMax() - GetLevelMin()); // a decibel
+    QRectF const place((m_kept.frequencies.start - view.start) * columns, (GetLevelMax() - m_kept.max) * rows,
+                       m_kept.frequencies.span * columns, (m_kept.max - m_kept.min) * rows);
+    PixelStretch::Lay(m_kept.picture, place, AgedPalette::MarkerEntry, m_heldView);
 }
 
 void PersistencePane::ApplyAgeing() { m_pImage->SetAgeing(m_ageing.Flag(true) && !m_held && !m_hidden.isValid()); }
@@ -121,6 +149,8 @@ void PersistencePane::ShowAges()
 
 bool PersistencePane::IsOff() const { return m_pImage->GetSteps() == 0; }
 
+bool PersistencePane::IsEndless() const { return m_pImage->GetSteps() < 0; }
+
 void PersistencePane::SetSource(double duration)
 {
     m_isLive = !(duration > 0.0);
@@ -131,14 +161,23 @@ void PersistencePane::SetSource(double duration)
 void PersistencePane::Clear()
 {
     m_pImage->Clear(Everything);
+    m_kept = Kept();
+    LayHeld();
     update(LogicalPicture());
 }
 
 void PersistencePane::SetHeld(bool held)
 {
+    if (held == m_held)
+        return;
     m_held = held;
     m_skip = true;
+    m_kept = Kept();
+    if (held && m_pImage->GetImage())
+        m_kept = { m_pImage->GetImage()->copy(), m_imageFrequencies, m_imageMin, m_imageMax };
+    LayHeld();
     ApplyAgeing();
+    update(LogicalPicture());
 }
 
 void PersistencePane::AppendLines(std::vector<std::shared_ptr<SpectrumLine const>> const & lines)
@@ -244,7 +283,7 @@ QStringList PersistencePane::FlagTexts(int index) const
 //! Flags would hide signals: only the selected result has one.
 QStringList PersistencePane::ResultTexts(ResultMarker const & marker, bool selected) const
 {
-    return selected ? QStringList{ BearingTexts::Bearing(marker.GetValue(DirectionFinder::eBearing), 1) }
+    return selected ? QStringList{ AzimuthView::Current().Text(marker.GetValue(DirectionFinder::eBearing), 1) }
                     : QStringList();
 }
 
@@ -258,8 +297,9 @@ void PersistencePane::Rebuild()
     layout.first = picture.top();
     layout.last = picture.bottom();
     m_rowMap = PixelMap(layout);
+    bool const isSameSize = picture.size() == QSize(m_pImage->width(), m_pImage->height());
     bool const isSame = m_imageFrequencies == GetFrequencyRange() && m_imageMin == GetLevelMin() &&
-                        m_imageMax == GetLevelMax() && picture.size() == QSize(m_pImage->width(), m_pImage->height());
+                        m_imageMax == GetLevelMax() && (isSameSize || IsEndless());
     m_imageFrequencies = GetFrequencyRange();
     m_imageMin = GetLevelMin();
     m_imageMax = GetLevelMax();
@@ -267,6 +307,7 @@ void PersistencePane::Rebuild()
     MarkCentre(m_centre);
     if (!isSame)
         m_pImage->Clear(Everything);
+    LayHeld();
     update();
 }
 
@@ -338,8 +379,9 @@ void PersistencePane::paintEvent(QPaintEvent * event)
     painter.save();
     painter.scale(1.0 / GetRatio(), 1.0 / GetRatio());
     PaintGround(painter);
-    if (m_pImage->GetImage())
-        m_expansion.Paint(painter, GetPictureRect().topLeft(), *m_pImage->GetImage());
+    QImage const * const picture = m_heldView.isNull() ? m_pImage->GetImage() : &m_heldView;
+    if (picture)
+        m_expansion.Paint(painter, GetPictureRect().topLeft(), *picture);
     painter.restore();
     m_pImage->ClearDirty();
     PaintOver(painter);

@@ -10,6 +10,7 @@
 #include "valuefollower.h"
 
 #include <QElapsedTimer>
+#include <QImage>
 
 #include <limits>
 #include <memory>
@@ -25,7 +26,7 @@ class LevelAxis;
 //!
 //! The hold time is one of seconds. With 0, off, nothing stays: the picture shows the present line alone. Below 0,
 //! infinite, nothing fades until the picture is cleared. Everything that gives the pixels another meaning clears it:
-//! ranges, size and resolution, hold time and quality steps, and, unless nothing fades, the colours.
+//! ranges, hold time and quality steps, and, unless nothing fades, size, resolution and colours.
 //!
 //! Lines of a live source age by the clock, whether or not there are new ones. Those of a recording age by their
 //! position in it: slower playing ages slower, a pause holds the picture, and a jump back clears it.
@@ -54,15 +55,17 @@ public:
 
     //! Adds lines. Null is ignored. Nothing happens while the pane is hidden or its picture is held.
     void AppendLines(std::vector<std::shared_ptr<SpectrumLine const>> const & lines);
-    //! Forgets all lines.
+    //! Forgets all lines, those of a held picture too.
     void Clear();
-    //! Holds the picture, as the flag of SetAgeing_ValuePath() does.
+    //! Holds the picture. What was shown then stays, in the colours of then, over whichever ranges and size the pane
+    //! has; when it is let go, it goes on where none of them has changed, and anew where one has.
     void SetHeld(bool held);
 
     //! Ages the picture of a live source as the clock does in some time. \param milliseconds  0 or more.
     void Age(qint64 milliseconds);
 
-    //! The picture; row 0 is the topmost of the picture rectangle. It may be another one after each event.
+    //! The picture that takes the lines; row 0 is the topmost of the picture rectangle. It may be another one after
+    //! each event. A held pane shows what it was when it was held.
     AgedImage & GetImage() { return *m_pImage; }
 
     AgeScale & GetAgeScale() { return *m_pAgeScale; }
@@ -90,15 +93,26 @@ protected:
     void hideEvent(QHideEvent * event) override;
 
 private:
+    //! A picture and what its pixels mean.
+    struct Kept
+    {
+        QImage picture; // null while nothing is held
+        FrequencyRange frequencies{ 0.0, 0.0 };
+        double min = 0.0; // dBFS
+        double max = 0.0;
+    };
+
     void MakeImage();
     bool BindAgeing();
     void LayImage();
+    void LayHeld();
     void ApplyAgeing();
     void PaintGround(QPainter & painter);
     void TakeQuality();
     void ShowAges();
     void slotColorsChanged();
     bool IsOff() const;
+    bool IsEndless() const;
     void DrawLine(SpectrumLine const & line);
     void MarkCentre(double frequency);
 
@@ -112,6 +126,8 @@ private:
     FrequencyRange m_imageFrequencies{ 0.0, 0.0 }; // of the pixels, as the next
     double m_imageMin = 0.0;                       // dBFS
     double m_imageMax = 0.0;
+    Kept m_kept;                                                // since the pane is held
+    QImage m_heldView;                                          // the same over the present ranges and size
     double m_centre = std::numeric_limits<double>::quiet_NaN(); // Hz, of the last line
     int m_centreColumn = -1;
     bool m_isLive = true;

@@ -9,6 +9,7 @@
 #include "lineplayer.h"
 #include "markertools.h"
 #include "panetools.h"
+#include "persistencepane.h"
 #include "resortpopupmenu.h"
 #include "spectrumpane.h"
 #include "testmain.h"
@@ -76,6 +77,7 @@ public:
     {
         ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, true);
         ConsoleValues::SetFlag(ConsolePaths::ElevationShown, true);
+        ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, true);
         m_window.resize(1000, 900);
         m_window.show();
         m_window.Values().SetBand({ Start, ToneSource::Rate });
@@ -380,6 +382,8 @@ void tst_AzimuthView::modeSwitchesEveryText()
     QVERIFY(Stage::FlagOf(window.Spectrum(), eFree33).startsWith(first + QLatin1Char('|')));
     QCOMPARE(Stage::FlagOf(window.Spectrum(), eFree33 + 1), second);
     QCOMPARE(Stage::FlagOf(window.Waterfall(), eFree33), first);
+    QCOMPARE(Stage::FlagOf(window.Persistence(), eFree33), first);
+    QCOMPARE(Stage::FlagOf(window.Persistence(), eFree33 + 1), QString());
     QCOMPARE(Stage::FlagOf(window.Azimuth(), eFree33), first + QStringLiteral("|95 %"));
     QCOMPARE(Stage::FlagOf(window.Azimuth(), eFree33 + 1), QString());
     QCOMPARE(Stage::FlagOf(window.Elevation(), eFree33), Degree(QStringLiteral("-4.5*|95 %")));
@@ -416,6 +420,7 @@ void tst_AzimuthView::headingTurnsWhatIsRelative()
     ConsoleValues::Set(ConsolePaths::Heading, 100.0);
     QCOMPARE(Stage::FlagOf(window.Spectrum(), eFree33 + 1), Degree(QStringLiteral("301* rel")));
     QCOMPARE(Stage::FlagOf(window.Waterfall(), eFree33), Degree(QStringLiteral("250.0* rel")));
+    QCOMPARE(Stage::FlagOf(window.Persistence(), eFree33), Degree(QStringLiteral("250.0* rel")));
     QVERIFY(Stage::FlagOf(window.Azimuth(), eYellowX).endsWith(Degree(QStringLiteral("  250.0* rel"))));
     QVERIFY(window.Azimuth().GetBands()[1].line.top() < line);
     QVERIFY(window.Azimuth().ModeText().endsWith(Degree(QStringLiteral("heading 100*"))));

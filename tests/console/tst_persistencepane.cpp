@@ -76,6 +76,8 @@ private Q_SLOTS:
     void otherPixelsClear_data();
     void otherPixelsClear();
     void samePixelsStay();
+    void endlessPictureKeepsItsPixels_data();
+    void endlessPictureKeepsItsPixels();
 
     void recordingAgesByItsPosition();
     void pausedRecordingDoesNotFade();
@@ -88,6 +90,11 @@ private Q_SLOTS:
     void hiddenPaneAgesWhenItIsShown();
     void hiddenRecordingAgesWithItsNextLine();
     void heldPictureStands();
+    void heldPictureOutlivesChanges_data();
+    void heldPictureOutlivesChanges();
+    void heldPictureFollowsTheView();
+    void clearedHeldPictureIsEmpty();
+    void heldPictureGoesOn();
     void flagStopsTheAgeing();
     void heldPictureDoesNotHearTheFlag();
 
@@ -112,6 +119,7 @@ private Q_SLOTS:
 
     void windowHasIt();
     void controlsMoveTheValues();
+    void controlsOfAHiddenPaneAreDisabled();
     void settingsComeBack();
 
 private:
@@ -572,6 +580,57 @@ void tst_PersistencePane::samePixelsStay()
     QCOMPARE(pane.Lit(), lit);
 }
 
+void tst_PersistencePane::endlessPictureKeepsItsPixels_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<long>("quality");
+    QTest::newRow("lower by a row of ranges") << QSize(500, 278) << 1L;
+    QTest::newRow("higher") << QSize(500, 431) << 1L;
+    QTest::newRow("wider") << QSize(777, 300) << 1L;
+    QTest::newRow("narrower") << QSize(333, 300) << 1L;
+    QTest::newRow("larger, by quality") << QSize(777, 431) << 8L;
+    QTest::newRow("smaller, by quality") << QSize(333, 250) << 8L;
+}
+
+//! Lines of hours are not lost by a pane that gets another size.
+void tst_PersistencePane::endlessPictureKeepsItsPixels()
+{
+    QFETCH(QSize, size);
+    QFETCH(long, quality);
+    ConsoleValues::Select(ConsolePaths::Hold, -1);
+    ConsoleValues::Select(ConsolePaths::Quality, quality);
+    Pane pane;
+    pane.AppendLines({ PeakLine(Bins, 16, -90.0, -30.0), Flat(-70.0) });
+    QImage const before = pane.GetImage().GetImage()->copy();
+    int const peak = pane.Index(16 * pane.GetImage().width() / Bins, pane.Row(-30.0));
+    QVERIFY(peak < FirstBackground);
+    pane.resize(size);
+    pane.Refresh();
+    QCOMPARE(QSize(pane.GetImage().width(), pane.Height()), pane.GetPictureRect().size());
+    auto const isNear = [&pane](int x, double level) {
+        int const row = pane.Row(level);
+        return pane.IsLit(x, row) || pane.IsLit(x, row - 1) || pane.IsLit(x, row + 1);
+    };
+    for (int x = 0; x < pane.GetImage().width(); ++x)
+        QVERIFY(isNear(x, -70.0));
+    int const column = 16 * pane.GetImage().width() / Bins;
+    QVERIFY(isNear(column, -30.0));
+    QVERIFY(!isNear(column + 30, -30.0));
+    bool isPeak = false;
+    for (int row = pane.Row(-30.0) - 1; row <= pane.Row(-30.0) + 1; ++row)
+        isPeak = isPeak || pane.Index(column, row) == peak;
+    QVERIFY(isPeak);
+    bool const isLarger = size.width() >= 500 && size.height() >= 300;
+    pane.resize(500, 300);
+    pane.Refresh();
+    if (isLarger)
+        QVERIFY(*pane.GetImage().GetImage() == before); // nothing wanders
+    pane.AppendLines({ Flat(-20.0) });
+    QVERIFY(pane.IsLit(0, pane.Row(-20.0)));
+    pane.Clear();
+    QCOMPARE(pane.Lit(), 0);
+}
+
 void tst_PersistencePane::recordingAgesByItsPosition()
 {
     Pane pane;
@@ -720,6 +779,129 @@ void tst_PersistencePane::heldPictureStands()
     pane.SetHeld(false);
     pane.AppendLines({ Flat(-20.0) });
     QCOMPARE(pane.Lit(), 2 * pane.GetImage().width());
+}
+
+void tst_PersistencePane::heldPictureOutlivesChanges_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::newRow("zoom of the frequencies") << 0;
+    QTest::newRow("pan and back") << 1;
+    QTest::newRow("another band and back") << 2;
+    QTest::newRow("levels") << 3;
+    QTest::newRow("higher") << 4;
+    QTest::newRow("much smaller") << 5;
+    QTest::newRow("hold time") << 6;
+    QTest::newRow("quality") << 7;
+    QTest::newRow("colours") << 8;
+    QTest::newRow("hidden and shown") << 9;
+}
+
+//! What is held is there to be looked at closely.
+void tst_PersistencePane::heldPictureOutlivesChanges()
+{
+    QFETCH(int, what);
+    Pane pane;
+    pane.AppendLines({ Flat(-50.0) });
+    QColor const trace = QColor(pane.Color(0, pane.Row(-50.0)));
+    pane.SetHeld(true);
+    auto const tune = [&pane](double start, double span) {
+        pane.SetFrequencyRange({ start, span });
+        pane.grab();
+    };
+    std::array<std::function<void()>, 10> const changes{ {
+        [&tune] { tune(16.0, 8.0); },
+        [&tune] {
+            tune(40.0, Bins);
+            tune(0.0, Bins);
+        },
+        [&tune] {
+            tune(1e6, 1e6);
+            tune(0.0, Bins);
+        },
+        [&pane] { pane.SetLevelRange(-70.0, -40.0); },
+        [&pane] { pane.resize(500, 410); },
+        [&pane] { pane.resize(270, 150); },
+        [] { ConsoleValues::Select(ConsolePaths::Hold, 10); },
+        [] { ConsoleValues::Select(ConsolePaths::Quality, 4); },
+        [] { ColorSet::Instance().Load(1); },
+        [&pane] {
+            pane.hide();
+            pane.show();
+        },
+    } };
+    changes[static_cast<std::size_t>(what)]();
+    QImage const image = Rendered(pane);
+    QRect const picture = pane.GetPictureRect();
+    int const row =
+        picture.top() + TraceRaster::RowOf({ pane.GetLevelMin(), pane.GetLevelMax(), picture.height() }, -50.0);
+    for (int const x : { picture.left() + 1, picture.left() + picture.width() / 3, picture.right() - 1 }) {
+        bool isThere = false;
+        for (int y = row - 1; y <= row + 1; ++y)
+            isThere = isThere || image.pixelColor(x, y) == trace;
+        QVERIFY(isThere);
+        QVERIFY(image.pixelColor(x, row + 9) != trace);
+    }
+}
+
+void tst_PersistencePane::heldPictureFollowsTheView()
+{
+    Pane pane;
+    pane.AppendLines({ PeakLine(Bins, 16, -80.0, -20.0) });
+    QImage const before = Rendered(pane);
+    QColor const trace = QColor(pane.Color(0, pane.Row(-80.0)));
+    pane.SetHeld(true);
+    QVERIFY(Rendered(pane) == before);
+    // in the quarter from bin 16 on, four times as wide, the right half of the peak stands at the left
+    pane.SetFrequencyRange({ 16.0, 16.0 });
+    QImage const zoomed = Rendered(pane);
+    QRect const picture = pane.GetPictureRect();
+    int const bin = picture.width() / 16;
+    int const high = picture.top() + pane.Row(-20.0);
+    QCOMPARE(zoomed.pixelColor(picture.left() + bin / 4, high), trace);
+    QVERIFY(zoomed.pixelColor(picture.left() + 3 * bin, high) != trace);
+    QCOMPARE(zoomed.pixelColor(picture.left() + 3 * bin, picture.top() + pane.Row(-80.0)), trace);
+    // beside what was held there is nothing
+    pane.SetFrequencyRange({ 0.0, 2.0 * Bins });
+    QImage const wide = Rendered(pane);
+    int const low = picture.top() + pane.Row(-80.0);
+    QCOMPARE(wide.pixelColor(picture.left() + picture.width() / 4, low), trace);
+    QVERIFY(wide.pixelColor(picture.left() + picture.width() * 3 / 4, low) != trace);
+    pane.SetFrequencyRange({ 0.0, Bins });
+    QVERIFY(Rendered(pane) == before);
+}
+
+void tst_PersistencePane::clearedHeldPictureIsEmpty()
+{
+    Pane pane;
+    pane.AppendLines({ Flat(-50.0) });
+    QColor const trace = QColor(pane.Color(0, pane.Row(-50.0)));
+    pane.SetHeld(true);
+    pane.Clear();
+    QImage const image = Rendered(pane);
+    QRect const picture = pane.GetPictureRect();
+    QVERIFY(image.pixelColor(picture.left() + 1, picture.top() + pane.Row(-50.0)) != trace);
+}
+
+void tst_PersistencePane::heldPictureGoesOn()
+{
+    Pane pane;
+    pane.AppendLines({ Flat(-50.0) });
+    QColor const trace = QColor(pane.Color(0, pane.Row(-50.0)));
+    QRect const picture = pane.GetPictureRect();
+    auto const shown = [&](double level) {
+        return Rendered(pane).pixelColor(picture.left() + 1, picture.top() + pane.Row(level)) == trace;
+    };
+    pane.SetHeld(true);
+    pane.SetHeld(false);
+    pane.AppendLines({ Flat(-20.0) });
+    QVERIFY(shown(-50.0) && shown(-20.0));
+    pane.SetHeld(true);
+    pane.SetFrequencyRange({ 0.0, Bins / 2.0 });
+    QVERIFY(shown(-50.0));
+    pane.SetHeld(false); // it could not be gone on with
+    QVERIFY(!shown(-50.0));
+    pane.AppendLines({ Flat(-20.0) });
+    QVERIFY(shown(-20.0));
 }
 
 void tst_PersistencePane::flagStopsTheAgeing()
@@ -1102,6 +1284,23 @@ void tst_PersistencePane::controlsMoveTheValues()
     QVERIFY(!isEmpty());
     clear->click();
     QVERIFY(isEmpty());
+}
+
+void tst_PersistencePane::controlsOfAHiddenPaneAreDisabled()
+{
+    g_values.reset();
+    ConsoleWindow window(std::make_unique<LinePlayer>(std::make_unique<ToneSource>()), QStringLiteral("tone"));
+    for (char const * name : { "hold", "quality", "ageing", "clearPersistence" }) {
+        auto const * const control = window.findChild<QWidget *>(QLatin1String(name));
+        QVERIFY(control);
+        QVERIFY(!control->isEnabled());
+        QCOMPARE(control->toolTip(), QStringLiteral("The persistence is not shown"));
+        ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, true);
+        QVERIFY(control->isEnabled());
+        QVERIFY(control->toolTip() != QStringLiteral("The persistence is not shown"));
+        ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, false);
+        QVERIFY(!control->isEnabled());
+    }
 }
 
 void tst_PersistencePane::settingsComeBack()
