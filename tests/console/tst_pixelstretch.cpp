@@ -28,7 +28,8 @@ QImage RowOf(QByteArray const & digits)
     QImage image(static_cast<int>(digits.size()), 1, QImage::Format_Indexed8);
     image.setColorCount(256);
     for (int x = 0; x < image.width(); ++x)
-        image.setPixel(x, 0, digits[x] == '.' ? Ground : static_cast<unsigned int>(digits[x] - '0'));
+        image.setPixel(
+            x, 0, digits[x] == '.' ? static_cast<unsigned int>(Ground) : static_cast<unsigned int>(digits[x] - '0'));
     return image;
 }
 
