@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "consolebearings.h"
 
+#include "azimuthdisplayselect.h"
 #include "bearingpane.h"
 #include "colorset.h"
 #include "consolewindow.h"
 #include "frequencyaxis.h"
+#include "guibase.h"
 #include "lineplayer.h"
 #include "markertools.h"
 #include "panestack.h"
@@ -15,6 +17,7 @@
 #include "vccaption.h"
 #include "waterfallpane.h"
 
+#include <QApplication>
 #include <QPushButton>
 
 #include <cmath>
@@ -56,6 +59,8 @@ private Q_SLOTS:
     void panesOfBearingsFollow();
     void captionsOfBearings_data();
     void captionsOfBearings();
+    void windowGoneWithBearings_data();
+    void windowGoneWithBearings();
 
 private:
     static void SetResults(std::vector<BearingResult> results);
@@ -599,6 +604,50 @@ void tst_ConsoleBearings::captionsOfBearings()
     QTest::keyClick(&pane, Qt::Key_F11);
     QVERIFY(!m_window->Splitter().GetFull());
     QVERIFY(frame.IsHeld());
+}
+
+void tst_ConsoleBearings::windowGoneWithBearings_data()
+{
+    QTest::addColumn<int>("deed");
+    QTest::newRow("as it is") << 0;
+    QTest::newRow("both held") << 1;
+    QTest::newRow("one full") << 2;
+    QTest::newRow("the menu of a scale open") << 3;
+    QTest::newRow("the values gone ahead") << 4;
+    QTest::newRow("held, and the values gone ahead") << 5;
+}
+
+void tst_ConsoleBearings::windowGoneWithBearings()
+{
+    QFETCH(int, deed);
+    ConsoleValues::SetFlag(ConsolePaths::AzimuthShown, true);
+    ConsoleValues::SetFlag(ConsolePaths::ElevationShown, true);
+    SetResults({ ResultAt(QStringLiteral("A"), 0.25), ResultAt(QStringLiteral("B"), 0.75) });
+    ConsoleBearings::Select(1);
+    m_window->grab();
+    if (deed == 1 || deed == 5) {
+        m_window->Splitter().FrameOf(&m_window->Azimuth())->SetHeld(true);
+        m_window->Splitter().FrameOf(&m_window->Elevation())->SetHeld(true);
+    } else if (deed == 2) {
+        m_window->Splitter().SetFull(m_window->Splitter().FrameOf(&m_window->Azimuth()));
+    } else if (deed == 3) {
+        QTest::keyClick(&m_window->Azimuth().GetLevelScale(), Qt::Key_Menu);
+        QVERIFY(QApplication::activePopupWidget());
+    }
+    if (deed >= 4) {
+        for (char const * const path : { ConsolePaths::Bearings, ConsolePaths::SelectedBearing, ConsolePaths::Heading,
+                                         ConsolePaths::AzimuthMin, ConsolePaths::ElevationMax })
+            QVERIFY(Tree::Instance()->Remove(QLatin1String(path)));
+        m_window->grab();
+        QVERIFY(deed == 4 || !m_window->Azimuth().ReadOut().isEmpty());
+    }
+    m_window.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!QApplication::activePopupWidget());
+    AzimuthDisplaySelect::Instance().Select(10);
+    GuiBase::Instance().emit_signalColorsChanged();
+    AzimuthDisplaySelect::Instance().slotRestoreDefaultPersistant();
+    QVERIFY(!Tree::Instance()->Find(QLatin1String(ConsolePaths::Bearings)));
 }
 
 ORIM_TEST_MAIN(tst_ConsoleBearings)
