@@ -275,6 +275,7 @@ void RangePane::LayRulers()
                                        [this, selected](int index) { return TextsOf(index, selected); },
                                        [this, selected](int index) { return KindOf(index, selected); } };
     m_rulers.Lay(*this, frame, fontMetrics(), source);
+    m_frames.Lay(picture, fontMetrics());
     SetMustRecalcRulers(false);
 }
 

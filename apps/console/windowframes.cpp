@@ -98,7 +98,6 @@ void WindowFrames::PlaceLabels(QRect const & picture, QFontMetrics const & metri
 
 void WindowFrames::Paint(QPainter & painter, QRect const & picture)
 {
-    Lay(picture, painter.fontMetrics());
     for (Frame const & frame : m_frames) {
         QColor tint = ColorSet::Instance()[ColorOf(frame.focused)];
         tint.setAlpha(frame.focused ? FocusTint : Tint);

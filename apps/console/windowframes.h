@@ -39,19 +39,21 @@ public:
 
     ClientWindowVector & GetWindows() { return m_windows; }
 
-    //! The frames as they were painted last.
+    //! Lays the frames and their labels where the windows are now. To be done when one of them changed, or the picture.
+    void Lay(QRect const & picture, QFontMetrics const & metrics);
+
+    //! The frames as they were laid last.
     std::vector<Frame> const & Get() const { return m_frames; }
 
-    //! Window with its label at a place, as it was painted last; -1 for none.
+    //! Window with its label at a place, as it was laid last; -1 for none.
     int LabelAt(QPoint at) const;
 
     //! Paints what lies below the markers.
     void Paint(QPainter & painter, QRect const & picture);
-    //! Paints the labels of what Paint() painted. \param ground, text  colours of that of a window without the focus.
+    //! Paints the labels. \param ground, text  colours of that of a window without the focus.
     void PaintLabels(QPainter & painter, QColor const & ground, QColor const & text) const;
 
 private:
-    void Lay(QRect const & picture, QFontMetrics const & metrics);
     void PlaceLabels(QRect const & picture, QFontMetrics const & metrics);
 
     MarkerList & m_list;
