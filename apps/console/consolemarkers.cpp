@@ -45,6 +45,7 @@ constexpr std::array<MarkerRow, 5> MarkerRows{ {
       ConsolePaths::Time2, ConsolePaths::Time2Shown },
 } };
 
+constexpr int LeastRows = 4;   // of a picture on which two times stand apart
 constexpr double Apart = 0.02; // of the span: two markers are placed at least as far from each other
 
 bool IsLevel(MarkerRow const & row) { return row.kind == eLevelMarker; }
@@ -160,7 +161,7 @@ void ConsoleMarkers::PlaceTime(std::size_t row)
     WaterfallImage const & image = m_pWaterfall->GetImage();
     double const time = ConsoleValues::Get(marker.path);
     bool const isInView = time >= image.Stamp(image.Filled() - 1) && time <= image.Stamp(0);
-    if (image.Filled() == 0 || (m_placed[row] && isInView))
+    if (image.Filled() < LeastRows || (m_placed[row] && isInView))
         return;
     m_placed[row] = true;
     int const quarters = marker.id == Time1 ? 3 : 1;

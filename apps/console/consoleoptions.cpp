@@ -28,7 +28,7 @@ constexpr std::array<OptionRow, 17> OptionRows{ {
     { "rate", "NUMBER", "Lines a second, 1 to 200." },
     { "range", "MIN:MAX", "Level range in dBFS, for example -120:0." },
     { "colors", "SET", "Colour set: day, night or contrast." },
-    { "markers", nullptr, "Show the markers, placed on the highest signals." },
+    { "markers", nullptr, "Show the markers: on the highest signals and on two times." },
     { "windows", nullptr, "Mark the five highest signals with windows." },
     { "panes", "NAMES", "Show more panes: persistence, azimuth and elevation, or some of them." },
     { "size", "WxH", "Size of the window, for example 1280x800." },

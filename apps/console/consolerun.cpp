@@ -101,7 +101,8 @@ void ConsoleRun::ApplyOptions()
         ColorSet::Instance().Load(static_cast<int>(*m_options.colors));
     ConsoleValues::Set(ConsolePaths::Speed, m_options.speed);
     for (char const * const shown :
-         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown }) {
+         { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown,
+           ConsolePaths::Time1Shown, ConsolePaths::Time2Shown }) {
         if (m_options.markers)
             ConsoleValues::SetFlag(shown, true);
     }

@@ -31,6 +31,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QTimerEvent>
 #include <QToolButton>
 #include <QUndoStack>
@@ -45,7 +46,9 @@ constexpr QSize StartSize(1100, 760);
 constexpr double Megahertz = 1e6;
 constexpr double MillisecondsASecond = 1e3;
 constexpr double Kilohertz = 1e3;
-constexpr double FullScale = 0.0; // dBFS
+constexpr double FullScale = 0.0;     // dBFS
+constexpr double Microseconds = 1e6;  // a second
+constexpr int LeastTimedHeight = 100; // px, of the pane with rows, above its range displays
 
 } // namespace
 
@@ -157,7 +160,7 @@ void ConsoleWindow::BuildPanes()
     m_pPanes->AddPane({ m_pPersistence, tr("Persistence"), 2, PaneLevels::eRows,
                         QLatin1String(ConsolePaths::PersistenceShown),
                         [this](PaneLines const & lines) { m_pPersistence->AppendLines(lines); },
-                        [this](bool held) { m_pPersistence->SetHeld(held); }, false, true });
+                        [this](bool held) { m_pPersistence->SetHeld(held); }, true, true });
     m_pTimes = m_pPanes->AddPane({ m_pWaterfall, tr("Waterfall"), 3, PaneLevels::eColors, QString(),
                                    [this](PaneLines const & lines) { m_pWaterfall->AppendLines(lines); }, nullptr, true,
                                    true });
@@ -173,7 +176,7 @@ BearingPane * ConsoleWindow::AddBearings(BearingAxis::Kind kind, QString const &
     auto * const pane = new BearingPane(kind);
     pane->SetHistory(&m_bearings.History());
     m_pPanes->AddPane({ pane, name, 2, PaneLevels::eNone, QLatin1String(shownPath), nullptr,
-                        [pane](bool on) { pane->Hold(on); }, false, true });
+                        [pane](bool on) { pane->Hold(on); }, true, true });
     return pane;
 }
 
@@ -243,7 +246,9 @@ void ConsoleWindow::BuildRanges()
     m_pTimeRange = m_pTimes->Ranges().Add(
         { &m_pWaterfall->GetTimeAxis(), "timeRange", AxisRangeDisplay::StyleHorizontal | AxisRangeDisplay::StyleTime,
           ConsolePaths::TimeLower, ConsolePaths::TimeUpper, ConsolePaths::Time1Shown, ConsolePaths::Time2Shown });
-    m_pTimeRange->SetFormatStringForFixedSize(QStringLiteral("hh:mm:ss"));
+    m_pTimes->Ranges().SetLeastHeight(LeastTimedHeight);
+    connect(&m_pTimes->Ranges(), &RangeBar::signalShown, this, &ConsoleWindow::slotRangeShown);
+    m_pTimeRange->SetFormatStringForFixedSize(m_timeFormat);
     m_pTimeRange->SetCaption(&m_pTimes->Caption());
     for (char const * const shown : { ConsolePaths::Time1Shown, ConsolePaths::Time2Shown }) {
         m_followers.push_back(std::make_unique<ValueFollower>([this] { slotTimes(); })); // after the display
@@ -349,6 +354,7 @@ void ConsoleWindow::slotLines()
     m_pWindows->slotLineShown();
     if (m_clock.isValid())
         m_bearings.Take(*m_batch.back(), static_cast<double>(m_clock.elapsed()) / MillisecondsASecond);
+    ShowSpans(m_batch.back()->time);
     m_stats.AddWork(clock.nsecsElapsed());
 }
 
@@ -372,13 +378,42 @@ void ConsoleWindow::slotPlay(bool play)
 //! The caption tells the times of the rows, but those of the markers while their range is read out.
 void ConsoleWindow::slotTimes()
 {
-    if (m_pTimeRange && !m_pTimeRange->isHidden() && m_pTimes->Ranges().isVisible())
+    QString const format = m_pWaterfall->TimeFormat();
+    if (m_pTimeRange && format != m_timeFormat) {
+        m_timeFormat = format;
+        m_pTimeRange->SetFormatStringForFixedSize(format);
+    }
+    if (m_pTimeRange && !m_pTimeRange->isHidden())
         return;
     WaterfallImage const & image = m_pWaterfall->GetImage();
     if (image.Filled() > 0)
         m_pTimes->SetTimes(image.Stamp(image.Filled() - 1), image.Stamp(0));
     else
         m_pTimes->SetTimes(0.0, 0.0);
+}
+
+//! The caption follows the display at once, also while no rows come.
+void ConsoleWindow::slotRangeShown()
+{
+    if (!m_pTimeRange->isHidden())
+        m_pTimeRange->ShowValues();
+    slotTimes();
+}
+
+//! The times that panes without rows show: from the hold time before the newest line on.
+void ConsoleWindow::ShowSpans(double newest)
+{
+    double const hold = static_cast<double>(ConsoleValues::GetKey(ConsolePaths::Hold));
+    for (PaneFrame * const frame : m_pPanes->Frames()) {
+        bool const isPersistence = &frame->Pane() == m_pPersistence;
+        bool const hasSpan =
+            isPersistence ? hold > 0.0 : &frame->Pane() == m_pAzimuth || &frame->Pane() == m_pElevation;
+        double const span = isPersistence ? hold : BearingHistory::Hold;
+        if (hasSpan)
+            frame->TakeTimes(newest - span * Microseconds, newest);
+        else if (isPersistence)
+            frame->TakeTimes(0.0, 0.0);
+    }
 }
 
 //! Tells everywhere whether the data stream plays. A recording is played as a ring: only one that pauses stands at its
@@ -417,4 +452,19 @@ void ConsoleWindow::timerEvent(QTimerEvent * event)
         ShowFigures();
     else
         QMainWindow::timerEvent(event);
+}
+
+//! A key that none of the panes got means the one at hand.
+void ConsoleWindow::keyPressEvent(QKeyEvent * event)
+{
+    bool const isPlain = event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
+    PaneFrame * const frame = isPlain ? m_pPanes->AtHand() : nullptr;
+    if (frame && event->key() == Qt::Key_F11)
+        m_pPanes->SetFull(m_pPanes->GetFull() ? nullptr : frame);
+    else if (frame && event->key() == Qt::Key_H)
+        frame->SetHeld(!frame->IsHeld());
+    else if (isPlain && event->key() == Qt::Key_Space)
+        slotPlay(!m_pPlayer->IsPlaying());
+    else
+        QMainWindow::keyPressEvent(event);
 }

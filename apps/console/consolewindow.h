@@ -33,7 +33,8 @@ class SpectrumPane;
 class StatusLine;
 class WaterfallPane;
 
-//! The operator screen: spectrum over waterfall, fed by a player, with its controls.
+//! The operator screen: panes over each other, fed by a player, with its controls. F11, H and Space do with the
+//! pane at hand what they do in a pane.
 class ConsoleWindow : public QMainWindow
 {
     Q_OBJECT
@@ -84,6 +85,7 @@ public:
 
 protected:
     void timerEvent(QTimerEvent * event) override;
+    void keyPressEvent(QKeyEvent * event) override;
 
 private:
     void BuildControls();
@@ -100,6 +102,8 @@ private:
     void slotColorsChanged();
     void slotPlay(bool play);
     void slotTimes();
+    void slotRangeShown();
+    void ShowSpans(double newest);
     void ShowState();
     void ShowFigures();
 
@@ -122,7 +126,8 @@ private:
     PersistencePane * m_pPersistence = nullptr;
     WaterfallPane * m_pWaterfall = nullptr;
     AxisRangeDisplay * m_pTimeRange = nullptr;
-    PaneFrame * m_pTimes = nullptr; // the frame whose caption tells the times of the waterfall
+    QString m_timeFormat = QStringLiteral("hh:mm:ss"); // of its times
+    PaneFrame * m_pTimes = nullptr;                    // the frame whose caption tells the times of the waterfall
     BearingPane * m_pAzimuth = nullptr;
     BearingPane * m_pElevation = nullptr;
     PositionBar * m_pPosition = nullptr;

@@ -20,13 +20,20 @@ namespace {
 constexpr int FontSize = 8;  // points
 constexpr int Spare = 5;     // px, of the caption above and below its texts
 constexpr int ButtonGap = 4; // px
+constexpr int TextGap = 20;  // px, of the caption around each text
 
-int CaptionHeight()
+//! The widest texts in the middle and at the right.
+char const * const WidestTimes = "0000-00-00 00:00:00 - 00:00:00  [00:00:00]";
+char const * const WidestState = "Running  000.0 lines/s";
+
+QFont CaptionFont()
 {
     QFont font;
     font.setPointSize(FontSize);
-    return QFontMetrics(font).height() + Spare;
+    return font;
 }
+
+int CaptionHeight() { return QFontMetrics(CaptionFont()).height() + Spare; }
 
 unsigned int CaptionStyle(PaneForm const & form)
 {
@@ -52,8 +59,10 @@ PaneFrame::PaneFrame(PaneForm const & form, QWidget * parent)
     m_pRanges = new RangeBar(this);
     layout->addWidget(m_pRanges);
     SetFull(false);
-    if (!m_pRangePane)
+    if (!m_pRangePane) {
+        m_pCaption->SetCaptionLeft(m_form.name);
         return;
+    }
     ShowBand();
     connect(&m_pRangePane->GetFrequencyAxis(), &AxisBase::signalRangeChanged, this, &PaneFrame::ShowBand);
     m_pRangePane->installEventFilter(this);
@@ -120,6 +129,12 @@ void PaneFrame::SetTimes(double oldest, double newest)
         m_pCaption->SetCaptionCenter(QString());
 }
 
+void PaneFrame::TakeTimes(double oldest, double newest)
+{
+    if (!m_held)
+        SetTimes(oldest, newest);
+}
+
 void PaneFrame::SetPlaying(bool playing)
 {
     m_playing = playing;
@@ -136,14 +151,30 @@ void PaneFrame::SetFull(bool full)
     button->setAccessibleName(text);
 }
 
-//! The middle and the span of the pane, as exactly as its pixels tell them apart.
-void PaneFrame::ShowBand()
+//! The name, the middle and the span of the pane, as exactly as its pixels tell them apart.
+QString PaneFrame::BandText(bool span) const
 {
     FrequencyRange const range = m_pRangePane->GetFrequencyRange();
     double const step = range.span / std::max(1, m_pRangePane->GetPictureRect().width());
-    QString const text = tr("%1  span %2")
-                             .arg(NumberTexts::FrequencyWithUnit(range.start + range.span / 2.0, step))
-                             .arg(NumberTexts::FrequencyWithUnit(range.span, step));
+    QString const middle = NumberTexts::FrequencyWithUnit(range.start + range.span / 2.0, step);
+    return span ? tr("%1  %2  span %3").arg(m_form.name, middle, NumberTexts::FrequencyWithUnit(range.span, step))
+                : tr("%1  %2").arg(m_form.name, middle);
+}
+
+//! As much as leaves room for the other texts: a caption with too little of it drops all but one.
+void PaneFrame::ShowBand()
+{
+    QFontMetrics const metrics(CaptionFont());
+    int room = m_pRangePane->width() - metrics.horizontalAdvance(QLatin1String(WidestState)) - 2 * TextGap;
+    for (QPushButton const * const button : m_pCaption->findChildren<QPushButton *>())
+        room -= button->sizeHint().width();
+    if (m_form.hasTimes)
+        room -= metrics.horizontalAdvance(QLatin1String(WidestTimes)) + TextGap;
+    QString text = BandText(true);
+    if (metrics.horizontalAdvance(text) > room)
+        text = BandText(false);
+    if (metrics.horizontalAdvance(text) > room)
+        text = m_form.name;
     if (text != m_pCaption->GetCaptionLeft())
         m_pCaption->SetCaptionLeft(text);
 }

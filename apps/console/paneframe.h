@@ -41,8 +41,8 @@ struct PaneForm
     bool hasDatastream = false;               // the caption has the button of the data stream
 };
 
-//! A pane of the console under its caption. At the left stand the middle and the span of what the pane shows, at the
-//! right its state, in the middle of a pane with rows the times of these.
+//! A pane of the console under its caption. At the left stand the name of the pane and, as far as there is room, the
+//! middle and the span of what it shows, at the right its state, in the middle the time span of what it shows.
 //!
 //! The stop button holds the picture while the data goes on: what arrives meanwhile does not reach the pane. The full
 //! button and a double click on the caption ask for all the room, the data stream button asks to play or to pause. With
@@ -77,6 +77,8 @@ public:
     void SetState(QString const & state);
     //! Times of the oldest and the newest row, us since 1970; what is not above 0 shows none.
     void SetTimes(double oldest, double newest);
+    //! The same, unless the picture is held: it keeps its times.
+    void TakeTimes(double oldest, double newest);
     //! Whether the data stream plays, as its button shows it.
     void SetPlaying(bool playing);
     //! Whether the pane has all the room, as the tool tip of the full button tells it.
@@ -101,6 +103,7 @@ private:
     void BuildCaption();
     void ShowBand();
     void ShowState();
+    QString BandText(bool span) const;
     void GiveRoom();
     void Zoom(int key);
 

@@ -4,15 +4,21 @@
 #include "rangepane.h"
 #include "valuefollower.h"
 
+#include <QApplication>
+
 #include <algorithm>
 
 PaneStack::PaneStack(QWidget * parent) : QSplitter(Qt::Vertical, parent)
 {
     setObjectName(QStringLiteral("splitter"));
     setChildrenCollapsible(false);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget * now) { Use(FrameOf(now)); });
 }
 
-PaneStack::~PaneStack() = default;
+PaneStack::~PaneStack()
+{
+    QObject::disconnect(qApp, nullptr, this, nullptr); // the frames lose the focus when this is no stack any more
+}
 
 PaneFrame * PaneStack::AddPane(PaneForm const & form)
 {
@@ -22,6 +28,8 @@ PaneFrame * PaneStack::AddPane(PaneForm const & form)
     m_frames.push_back(frame);
     connect(frame, &PaneFrame::signalFull, this, [this, frame] { SetFull(frame == m_pFull ? nullptr : frame); });
     connect(frame, &PaneFrame::signalPlay, this, &PaneStack::signalPlay);
+    connect(frame, &PaneFrame::signalFull, this, [this, frame] { Use(frame); });
+    connect(frame, &PaneFrame::signalHeld, this, [this, frame] { Use(frame); });
     m_followers.push_back(nullptr);
     if (!form.shownPath.isEmpty()) {
         m_followers.back() = std::make_unique<ValueFollower>([this] {
@@ -40,6 +48,27 @@ PaneFrame * PaneStack::FrameOf(QWidget const * widget) const
             return frame;
     }
     return nullptr;
+}
+
+void PaneStack::Use(PaneFrame * frame)
+{
+    if (frame)
+        m_pUsed = frame;
+}
+
+PaneFrame * PaneStack::AtHand() const
+{
+    auto const first = [this](auto const & isMeant) {
+        auto const place = std::find_if(m_frames.begin(), m_frames.end(), isMeant);
+        return place == m_frames.end() ? nullptr : *place;
+    };
+    if (m_pFull)
+        return m_pFull;
+    if (PaneFrame * const frame = first([](PaneFrame const * each) { return each->isVisible() && each->underMouse(); }))
+        return frame;
+    if (m_pUsed && m_pUsed->isVisible())
+        return m_pUsed;
+    return first([](PaneFrame const * each) { return each->isVisible(); });
 }
 
 std::vector<RangePane *> PaneStack::RangePanes() const

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QPointer>
 #include <QSplitter>
 
 #include <memory>
@@ -44,6 +45,10 @@ public:
 
     PaneFrame * GetFull() const { return m_pFull; }
 
+    //! Frame that a key means which none of them got: the one that has all the room, else that under the mouse, else
+    //! the one used last, else the topmost that is shown; null when none is.
+    PaneFrame * AtHand() const;
+
     //! Shows in every caption whether the data stream plays.
     void SetPlaying(bool playing);
 
@@ -57,12 +62,14 @@ Q_SIGNALS:
 private:
     bool IsWanted(std::size_t index) const;
     void ShowFrames();
+    void Use(PaneFrame * frame);
 
     std::vector<PaneFrame *> m_frames;                       // children
     std::vector<std::unique_ptr<ValueFollower>> m_followers; // of the flags, one a frame; null without one
     PaneFrame * m_pFull = nullptr;
-    QByteArray m_state; // before one had all the room
-    QList<int> m_sizes; // at that time, px; what a pane asks for that was not shown
+    QPointer<PaneFrame> m_pUsed; // last
+    QByteArray m_state;          // before one had all the room
+    QList<int> m_sizes;          // at that time, px; what a pane asks for that was not shown
 };
 
 #endif

@@ -57,6 +57,12 @@ AxisRangeDisplay * RangeBar::Add(Range const & range)
     return display;
 }
 
+void RangeBar::SetLeastHeight(int height)
+{
+    m_leastHeight = height;
+    ShowDisplays();
+}
+
 void RangeBar::SetRoom(QSize const & room, int left, int right)
 {
     m_room = room;
@@ -67,9 +73,10 @@ void RangeBar::SetRoom(QSize const & room, int left, int right)
 
 void RangeBar::ShowDisplays()
 {
-    int free = m_room.height() < LeastPaneHeight ? 0 : m_room.width() - m_left - m_right;
+    int free = m_room.height() < m_leastHeight ? 0 : m_room.width() - m_left - m_right;
     m_pLayout->setContentsMargins(m_left, 0, m_right, 0);
     bool isAnyShown = false;
+    bool isOther = false;
     for (Entry const & entry : m_entries) {
         bool const isWanted = entry.firstShown->Flag(false) && entry.secondShown->Flag(false);
         bool const isShown = isWanted && free >= LeastWidth;
@@ -78,8 +85,11 @@ void RangeBar::ShowDisplays()
             QSignalBlocker const quiet(button);
             button->setChecked(isWanted);
         }
+        isOther = isOther || entry.display->isHidden() == isShown;
         entry.display->setVisible(isShown);
         isAnyShown = isAnyShown || isShown;
     }
     setVisible(isAnyShown);
+    if (isOther)
+        Q_EMIT signalShown();
 }

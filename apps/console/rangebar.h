@@ -42,8 +42,15 @@ public:
     //! Adds a display at the right. \return the display, which belongs to this.
     AxisRangeDisplay * Add(Range const & range);
 
+    //! Height that pane and row need together, px; LeastPaneHeight at the start.
+    void SetLeastHeight(int height);
+
     //! Takes the room over that pane and row have together, and where the picture stands in it, px.
     void SetRoom(QSize const & room, int left, int right);
+
+Q_SIGNALS:
+    //! A display was shown or hidden.
+    void signalShown();
 
 private:
     struct Entry
@@ -58,7 +65,8 @@ private:
     QHBoxLayout * m_pLayout;
     std::vector<Entry> m_entries;
     QSize m_room;
-    int m_left = 0; // px, of the margins
+    int m_leastHeight = LeastPaneHeight; // px
+    int m_left = 0;                      // px, of the margins
     int m_right = 0;
 };
 

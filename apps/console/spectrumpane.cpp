@@ -56,6 +56,10 @@ void SpectrumPane::SetLine(std::shared_ptr<SpectrumLine const> line)
     if (!line)
         return;
     m_line = std::move(line);
+    if (window()->isVisible() && !isVisible()) { // behind another pane: whoever looks at it has it painted
+        AskForRebuild();
+        return;
+    }
     Refresh();
     PaintPicture();
 }

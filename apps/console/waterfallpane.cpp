@@ -2,6 +2,7 @@
 #include "waterfallpane.h"
 
 #include "azimuthview.h"
+#include "consolevalues.h"
 #include "datetime.h"
 #include "directionfinder.h"
 #include "framestats.h"
@@ -21,7 +22,8 @@
 
 namespace {
 
-constexpr int FlagSpare = 16; // px, around the text of a flag
+constexpr int FlagSpare = 16;  // px, around the text of a flag
+constexpr double Second = 1e6; // us
 
 } // namespace
 
@@ -35,6 +37,8 @@ WaterfallPane::WaterfallPane(QWidget * parent)
     setAccessibleName(tr("Waterfall"));
     m_levelColors.SetColors(LevelGradients::CurrentSet());
     connect(&GuiBase::Instance(), &GuiBase::signalColorsChanged, this, &WaterfallPane::slotColorsChanged);
+    GuiBase::Instance().GetTimeZone(); // stands in the tree from now on
+    m_zone.Bind(QLatin1String(ConsolePaths::TimeZone));
 }
 
 WaterfallPane::~WaterfallPane() = default;
@@ -107,12 +111,19 @@ void WaterfallPane::GetCurrentStartStop(int direction, double & start, double & 
     stop = m_pTimeAxis->Stop();
 }
 
+QString WaterfallPane::TimeFormat() const
+{
+    int const apart = m_image.Filled() - 1;
+    bool const isFine = apart > 0 && m_image.Stamp(0) - m_image.Stamp(apart) < apart * Second;
+    return isFine ? QStringLiteral("hh:mm:ss.zzz") : QStringLiteral("hh:mm:ss");
+}
+
 //! At the right, where signals are covered as briefly as anywhere.
 QRect WaterfallPane::LevelFlagRoom() const
 {
     QRect const picture = LogicalPicture();
-    int const width = std::min(fontMetrics().horizontalAdvance(QStringLiteral("T1 00:00:00")) + FlagSpare,
-                               std::max(0, picture.width()));
+    QString const widest = Orim::DateTime(0ULL).toString(QStringLiteral("'T1 '") + TimeFormat());
+    int const width = std::min(fontMetrics().horizontalAdvance(widest) + FlagSpare, std::max(0, picture.width()));
     return { picture.right() + 1 - width, picture.top(), width, picture.height() };
 }
 
@@ -121,7 +132,7 @@ QStringList WaterfallPane::FlagTexts(int index) const
     if ((GetMarkerSpecial(index) & eSpecialY) != 0) {
         Orim::DateTime const time(toInt<unsigned long long>(GetMarkerValue(index)));
         return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') +
-                 time.toString(QStringLiteral("hh:mm:ss"), GuiBase::Instance().GetTimeZoneValue()) };
+                 time.toString(TimeFormat(), GuiBase::Instance().GetTimeZoneValue()) };
     }
     QString const value = NumberTexts::FrequencyWithUnit(GetMarkerValue(index), HertzAPixel());
     return { GetMarker(index)->GetMarkerName() + QLatin1Char(' ') + value };
@@ -177,8 +188,11 @@ bool WaterfallPane::IsTimeMarked() const
                        [](Marker const * marker) { return (marker->GetSpecial() & eSpecialY) != 0; });
 }
 
+//! Behind another pane that has all the room nobody reads them.
 void WaterfallPane::TellTimes()
 {
+    if (window()->isVisible() && !isVisible())
+        return;
     std::vector<double> times(static_cast<std::size_t>(m_image.Filled()));
     for (std::size_t row = 0; row < times.size(); ++row)
         times[row] = m_image.Stamp(static_cast<int>(row));
@@ -186,6 +200,12 @@ void WaterfallPane::TellTimes()
     if (IsTimeMarked())
         SetMustRecalcRulers(true); // the lines move with their rows
     Q_EMIT signalTimes();
+}
+
+void WaterfallPane::showEvent(QShowEvent * event)
+{
+    RangePane::showEvent(event);
+    TellTimes();
 }
 
 void WaterfallPane::CountPainted(qint64 nanoseconds)

@@ -5,6 +5,7 @@
 #include "levelcolors.h"
 #include "rangepane.h"
 #include "spectrumline.h"
+#include "valuefollower.h"
 #include "waterfallimage.h"
 
 #include <memory>
@@ -40,6 +41,9 @@ public:
 
     quint64 GetRowsPainted() const { return m_rowsPainted; }
 
+    //! How times are written that tell one row from the next, as Orim::DateTime takes it.
+    QString TimeFormat() const;
+
     //! Along y, times.
     void GetCurrentStartStop(int direction, double & start, double & stop) override;
 
@@ -61,6 +65,7 @@ protected:
     QStringList FlagTexts(int index) const override;
     QStringList ResultTexts(ResultMarker const & marker, bool selected) const override;
     void paintEvent(QPaintEvent * event) override;
+    void showEvent(QShowEvent * event) override;
 
 private:
     WaterfallImage::Colorer Colorer();
@@ -83,6 +88,7 @@ private:
     std::vector<QRgb> m_pixels;
     quint64 m_rowsAppended = 0;
     quint64 m_rowsPainted = 0;
+    ValueFollower m_zone{ [this] { RepairDrawing(); } }; // the flags are in it
 };
 
 #endif

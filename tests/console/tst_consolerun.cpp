@@ -109,7 +109,8 @@ void tst_ConsoleRun::markersAreShown()
                                              : QStringLiteral("--verbose --seconds 60")));
         QVERIFY(run.Start());
         for (char const * const path :
-             { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown })
+             { ConsolePaths::Marker1Shown, ConsolePaths::Marker2Shown, ConsolePaths::LevelMarkerShown,
+               ConsolePaths::Time1Shown, ConsolePaths::Time2Shown })
             QCOMPARE(ConsoleValues::GetFlag(path), wanted);
     }
 }

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void captionTellsTheBand_data();
     void captionTellsTheBand();
     void bandFollowsTheWidth();
+    void narrowCaptionKeepsTheName_data();
+    void narrowCaptionKeepsTheName();
     void paneWithoutARangeHasNoBand();
     void buttonsOfAForm_data();
     void buttonsOfAForm();
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void keysOfTheCaptionAreHeard();
     void timesStandInTheMiddle();
     void timesFollowTheZone();
+    void heldPaneKeepsItsTimes();
     void noTimesNoText_data();
     void noTimesNoText();
     void wheelZoomsAboutTheMiddle();
@@ -56,6 +59,7 @@ private Q_SLOTS:
     void flagEndsTheFullSize();
     void hiddenPaneTakesNoRoom();
     void frameOfAWidget();
+    void frameAtHand();
     void focusGoesToTheFullPane();
     void everyCaptionShowsThePlaying();
 };
@@ -125,9 +129,9 @@ void tst_PaneFrame::captionTellsTheBand_data()
     QTest::addColumn<double>("start");
     QTest::addColumn<double>("span");
     QTest::addColumn<QString>("text");
-    QTest::newRow("some megahertz") << 868.15e6 << 1.6e6 << "868.950 MHz  span 1.600 MHz";
-    QTest::newRow("some kilohertz") << 99.995e6 << 10e3 << "100.00000 MHz  span 10.00 kHz";
-    QTest::newRow("around zero") << -1000.0 << 2000.0 << "0 Hz  span 2.000 kHz";
+    QTest::newRow("some megahertz") << 868.15e6 << 1.6e6 << "Spectrum  868.950 MHz  span 1.600 MHz";
+    QTest::newRow("some kilohertz") << 99.995e6 << 10e3 << "Spectrum  100.00000 MHz  span 10.00 kHz";
+    QTest::newRow("around zero") << -1000.0 << 2000.0 << "Spectrum  0 Hz  span 2.000 kHz";
 }
 
 void tst_PaneFrame::captionTellsTheBand()
@@ -150,9 +154,32 @@ void tst_PaneFrame::bandFollowsTheWidth()
     frame.resize(3000, 300);
     frame.show();
     static_cast<SpectrumPane &>(frame.Pane()).SetFrequencyRange({ 100e6, 1.2e6 });
-    QCOMPARE(frame.Caption().GetCaptionLeft(), QStringLiteral("100.6000 MHz  span 1.2000 MHz"));
-    frame.resize(500, 300);
-    QTRY_COMPARE(frame.Caption().GetCaptionLeft(), QStringLiteral("100.600 MHz  span 1.200 MHz"));
+    QCOMPARE(frame.Caption().GetCaptionLeft(), QStringLiteral("Spectrum  100.6000 MHz  span 1.2000 MHz"));
+    frame.resize(600, 300);
+    QTRY_COMPARE(frame.Caption().GetCaptionLeft(), QStringLiteral("Spectrum  100.600 MHz  span 1.200 MHz"));
+}
+
+void tst_PaneFrame::narrowCaptionKeepsTheName_data()
+{
+    QTest::addColumn<bool>("times");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("wide") << false << 1500 << "Spectrum  100.5000 MHz  span 1.0000 MHz";
+    QTest::newRow("wide with times") << true << 1500 << "Spectrum  100.5000 MHz  span 1.0000 MHz";
+    QTest::newRow("narrow") << false << 240 << "Spectrum";
+    QTest::newRow("narrow with times") << true << 420 << "Spectrum";
+}
+
+void tst_PaneFrame::narrowCaptionKeepsTheName()
+{
+    QFETCH(bool, times);
+    QFETCH(int, width);
+    Counted counted(times);
+    PaneFrame frame(counted.form);
+    frame.resize(width, 300);
+    frame.show();
+    static_cast<SpectrumPane &>(frame.Pane()).SetFrequencyRange({ 100e6, 1e6 });
+    QTEST(frame.Caption().GetCaptionLeft(), "text");
 }
 
 void tst_PaneFrame::paneWithoutARangeHasNoBand()
@@ -161,7 +188,7 @@ void tst_PaneFrame::paneWithoutARangeHasNoBand()
     PaneFrame frame(form);
     frame.resize(400, 200);
     frame.show();
-    QCOMPARE(frame.Caption().GetCaptionLeft(), QString());
+    QCOMPARE(frame.Caption().GetCaptionLeft(), QStringLiteral("Plain"));
     frame.WheelUp(); // nothing to zoom
     frame.TakeLines(OneLine());
     frame.SetHeld(true);
@@ -355,6 +382,23 @@ void tst_PaneFrame::timesStandInTheMiddle()
     QCOMPARE(frame.Caption().GetCaptionCenter(), QStringLiteral("2026-10-22 12:00:01 - 12:01:06  [01:05]"));
 }
 
+void tst_PaneFrame::heldPaneKeepsItsTimes()
+{
+    Counted counted(true);
+    PaneFrame frame(counted.form);
+    frame.TakeTimes(Noon, Noon + 4e6);
+    QString const held = QStringLiteral("2026-10-22 12:00:00 - 12:00:04  [00:04]");
+    QCOMPARE(frame.Caption().GetCaptionCenter(), held);
+    frame.SetHeld(true);
+    frame.TakeTimes(Noon + 9e6, Noon + 13e6);
+    QCOMPARE(frame.Caption().GetCaptionCenter(), held);
+    frame.TakeTimes(0.0, 0.0);
+    QCOMPARE(frame.Caption().GetCaptionCenter(), held);
+    frame.SetHeld(false);
+    frame.TakeTimes(0.0, 0.0);
+    QCOMPARE(frame.Caption().GetCaptionCenter(), QString());
+}
+
 void tst_PaneFrame::timesFollowTheZone()
 {
     Counted counted(true);
@@ -536,6 +580,28 @@ void tst_PaneFrame::frameOfAWidget()
     QVERIFY(!panes.stack.FrameOf(&stranger));
     QVERIFY(!panes.stack.FrameOf(nullptr));
     QVERIFY(panes.stack.RangePanes().empty());
+}
+
+void tst_PaneFrame::frameAtHand()
+{
+    Stack panes;
+    QCOMPARE(panes.stack.AtHand(), panes.frames[0]); // the topmost
+    panes.frames[1]->SetHeld(true);
+    QCOMPARE(panes.stack.AtHand(), panes.frames[1]); // the one used
+    panes.frames[0]->setAttribute(Qt::WA_UnderMouse);
+    QCOMPARE(panes.stack.AtHand(), panes.frames[0]);
+    panes.stack.SetFull(panes.frames[1]);
+    QCOMPARE(panes.stack.AtHand(), panes.frames[1]);
+    panes.stack.SetFull(nullptr);
+    panes.frames[0]->setAttribute(Qt::WA_UnderMouse, false);
+    panes.stack.activateWindow();
+    panes.frames[0]->Pane().setFocus();
+    QTRY_COMPARE(panes.stack.AtHand(), panes.frames[0]); // which had the focus last
+    Flag(true);
+    panes.frames[2]->SetHeld(true);
+    QCOMPARE(panes.stack.AtHand(), panes.frames[2]);
+    Flag(false);
+    QCOMPARE(panes.stack.AtHand(), panes.frames[0]); // a hidden one is none
 }
 
 void tst_PaneFrame::focusGoesToTheFullPane()

@@ -31,7 +31,9 @@ private Q_SLOTS:
     void shownWhereThereIsRoom_data();
     void shownWhereThereIsRoom();
     void sizeIsThatOfTheRow();
+    void leastHeightIsSet();
     void secondDisplayGivesWay();
+    void shownIsToldOnce();
     void releasedButtonHidesTheMarkers();
     void textsAreAsFineAsThePixels();
 };
@@ -256,6 +258,34 @@ void tst_RangeBar::shownWhereThereIsRoom()
     QCOMPARE(bar.bar->isVisible(), shown);
     bar.bar->SetRoom(QSize(1000, 400), 50, 70);
     QVERIFY(bar.bar->isVisible());
+}
+
+void tst_RangeBar::leastHeightIsSet()
+{
+    Bar bar;
+    Show(true, true);
+    bar.bar->SetRoom(QSize(1000, 90), 50, 70);
+    QVERIFY(!bar.bar->isVisible());
+    bar.bar->SetLeastHeight(90);
+    QVERIFY(bar.bar->isVisible());
+    bar.bar->SetRoom(QSize(1000, 89), 50, 70);
+    QVERIFY(!bar.bar->isVisible());
+}
+
+void tst_RangeBar::shownIsToldOnce()
+{
+    Bar bar;
+    QSignalSpy const told(bar.bar, &RangeBar::signalShown);
+    Show(true, false);
+    QCOMPARE(told.count(), 0);
+    Show(true, true);
+    QCOMPARE(told.count(), 1);
+    bar.bar->SetRoom(QSize(900, 400), 50, 70);
+    QCOMPARE(told.count(), 1);
+    bar.bar->SetRoom(QSize(900, 20), 50, 70);
+    QCOMPARE(told.count(), 2);
+    Show(false, false);
+    QCOMPARE(told.count(), 2);
 }
 
 void tst_RangeBar::secondDisplayGivesWay()
