@@ -51,6 +51,13 @@ private Q_SLOTS:
     void heldPaneStandsWhileOthersGoOn();
     void fullSizeByKey_data();
     void fullSizeByKey();
+    void keysOutsideReachThePaneAtHand_data();
+    void keysOutsideReachThePaneAtHand();
+    void keyLeavesWhatAButtonMadeFull();
+    void hiddenPanesRest();
+    void everyPaneTellsItsTimes();
+    void persistenceThatKeepsTellsNoTimes_data();
+    void persistenceThatKeepsTellsNoTimes();
     void spanIsThatOfTheRows();
     void spanFollowsTheZone();
     void clearedRowsHaveNoSpan();
@@ -58,7 +65,12 @@ private Q_SLOTS:
     void entryMovesTheMarkers();
     void centerButtonHidesTheMarkers();
     void rangesStandBelowThePictures();
+    void rangesStandBelowFivePanes();
     void timeMarkersStandOnRows();
+    void timeMarkersWaitForRows();
+    void timeFlagsFollowTheZone();
+    void timesAreAsFineAsTheRows();
+    void captionFollowsTheTimeRange();
     void timeMarkerIsDragged();
     void captionTellsTheTimesOfTheMarkers();
     void entryMovesTheTimes();
@@ -76,7 +88,8 @@ private:
     PaneFrame & FrameOf(QString const & name);
     QPushButton * ButtonOf(QString const & frame, char const * name);
     QWidget & PaneOf(bool spectrum);
-    void Rows(int count);
+    void Rows(int count, double apart = 1e6);
+    QString TextOf(int marker);
 
     std::unique_ptr<ConsoleWindow> m_window;
 };
@@ -100,17 +113,28 @@ void ShowTimes(bool on)
 
 } // namespace
 
-//! Has the waterfall show rows a second apart from noon on.
-void tst_ConsolePanes::Rows(int count)
+//! Has the waterfall show rows from noon on. \param apart  us.
+void tst_ConsolePanes::Rows(int count, double apart)
 {
     m_window->Waterfall().Clear();
     SpectrumLine line(*PaneTools::LineOf(0.0, std::vector<double>(16, -50.0)));
     PaneLines lines;
     for (int row = 0; row < count; ++row) {
-        line.time = PaneTools::Noon + row * 1e6;
+        line.time = PaneTools::Noon + row * apart;
         lines.push_back(std::make_shared<SpectrumLine>(line));
     }
     m_window->Waterfall().AppendLines(lines);
+}
+
+//! Flag of a marker in the waterfall as it is painted; empty without one.
+QString tst_ConsolePanes::TextOf(int marker)
+{
+    m_window->grab();
+    for (MarkerRulers::Ruler const & ruler : m_window->Waterfall().GetRulers()) {
+        if (ruler.index == marker)
+            return ruler.texts.join(QLatin1Char('|'));
+    }
+    return {};
 }
 
 void tst_ConsolePanes::init()
@@ -305,7 +329,117 @@ void tst_ConsolePanes::fullSizeByKey()
     QCOMPARE(m_window->Splitter().GetFull(), &frame);
 }
 
+void tst_ConsolePanes::keysOutsideReachThePaneAtHand_data()
+{
+    QTest::addColumn<QString>("focus"); // empty: the window
+    QTest::newRow("in a number") << "centre";
+    QTest::newRow("in a switch") << "marker1";
+    QTest::newRow("nowhere") << "";
+}
+
+void tst_ConsolePanes::keysOutsideReachThePaneAtHand()
+{
+    QFETCH(QString, focus);
+    PaneOf(false).setFocus();
+    QWidget * const outside = focus.isEmpty() ? m_window.get() : m_window->findChild<QWidget *>(focus);
+    QVERIFY(outside);
+    outside->setFocus();
+    auto const press = [outside](int key) { QTest::keyClick(outside, Qt::Key(key)); };
+    press(Qt::Key_F11);
+    QCOMPARE(m_window->Splitter().GetFull(), &FrameOf(Waterfall)); // it was used last
+    press(Qt::Key_F11);
+    QVERIFY(!m_window->Splitter().GetFull());
+    FrameOf(Waterfall).setAttribute(Qt::WA_UnderMouse, false);
+    FrameOf(Spectrum).setAttribute(Qt::WA_UnderMouse);
+    press(Qt::Key_F11);
+    QCOMPARE(m_window->Splitter().GetFull(), &FrameOf(Spectrum));
+    press(Qt::Key_F11);
+    QVERIFY(!m_window->Splitter().GetFull());
+    if (focus == QLatin1String("centre"))
+        return; // a number takes letters and blanks
+    FrameOf(Waterfall).setAttribute(Qt::WA_UnderMouse, false);
+    FrameOf(Spectrum).setAttribute(Qt::WA_UnderMouse);
+    press(Qt::Key_H);
+    QVERIFY(FrameOf(Spectrum).IsHeld() && !FrameOf(Waterfall).IsHeld());
+    press(Qt::Key_H);
+    QVERIFY(!FrameOf(Spectrum).IsHeld());
+    if (focus.isEmpty()) {
+        press(Qt::Key_Space);
+        QVERIFY(!m_window->Player().IsPlaying());
+        press(Qt::Key_Space);
+        QVERIFY(m_window->Player().IsPlaying());
+    }
+}
+
+void tst_ConsolePanes::keyLeavesWhatAButtonMadeFull()
+{
+    auto * const centre = m_window->findChild<QWidget *>(QStringLiteral("centre"));
+    centre->setFocus();
+    QTest::mouseClick(ButtonOf(Spectrum, "Waterfall only"), Qt::LeftButton);
+    QCOMPARE(m_window->Splitter().GetFull(), &FrameOf(Spectrum));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F11);
+    QVERIFY(FrameOf(Spectrum).isVisible() && FrameOf(Waterfall).isVisible());
+}
+
+void tst_ConsolePanes::hiddenPanesRest()
+{
+    WaterfallPane & waterfall = m_window->Waterfall();
+    Rows(50);
+    m_window->Splitter().SetFull(&FrameOf(Spectrum));
+    QString const before = FrameOf(Waterfall).Caption().GetCaptionCenter();
+    QSignalSpy const told(&waterfall, &WaterfallPane::signalTimes);
+    Rows(100);
+    QCOMPARE(told.count(), 0);
+    QCOMPARE(FrameOf(Waterfall).Caption().GetCaptionCenter(), before);
+    m_window->Splitter().SetFull(nullptr);
+    QVERIFY(FrameOf(Waterfall).Caption().GetCaptionCenter().contains(QStringLiteral(" - 12:01:39")));
+    QCOMPARE(waterfall.GetImage().Stamp(0), PaneTools::Noon + 99e6);
+    QImage const trace = PaneTools::Rendered(m_window->Spectrum());
+    m_window->Splitter().SetFull(&FrameOf(Waterfall));
+    m_window->Spectrum().SetLine(PaneTools::PeakLine(64, 8, -100.0, -20.0));
+    m_window->Splitter().SetFull(nullptr);
+    m_window->grab();
+    QVERIFY(PaneTools::Rendered(m_window->Spectrum()) != trace); // the newest line is caught up with
+}
+
 // Times
+
+void tst_ConsolePanes::everyPaneTellsItsTimes()
+{
+    for (char const * const path :
+         { ConsolePaths::PersistenceShown, ConsolePaths::AzimuthShown, ConsolePaths::ElevationShown })
+        ConsoleValues::SetFlag(path, true);
+    quint64 const taken = m_window->Figures().taken;
+    m_window->Start();
+    QTRY_VERIFY(m_window->Figures().taken > taken);
+    for (PaneFrame * const frame : m_window->Splitter().Frames()) {
+        VCCaption const & caption = frame->Caption();
+        QVERIFY2(caption.GetCaptionLeft().startsWith(frame->Form().name), qPrintable(caption.GetCaptionLeft()));
+        if (frame == &FrameOf(Waterfall) || frame == &FrameOf(Spectrum))
+            continue;
+        QVERIFY2(caption.GetCaptionCenter().endsWith(QStringLiteral("  [00:04]")),
+                 qPrintable(caption.GetCaptionCenter()));
+    }
+    QCOMPARE(FrameOf(Spectrum).Caption().GetCaptionCenter(), QString()); // a line has no span
+}
+
+void tst_ConsolePanes::persistenceThatKeepsTellsNoTimes_data()
+{
+    QTest::addColumn<long>("hold");
+    QTest::newRow("off") << 0L;
+    QTest::newRow("infinite") << -1L;
+}
+
+void tst_ConsolePanes::persistenceThatKeepsTellsNoTimes()
+{
+    QFETCH(long, hold);
+    ConsoleValues::SetFlag(ConsolePaths::PersistenceShown, true);
+    m_window->Start();
+    auto const center = [this] { return FrameOf(QStringLiteral("persistencePaneFrame")).Caption().GetCaptionCenter(); };
+    QTRY_VERIFY(!center().isEmpty());
+    ConsoleValues::Select(ConsolePaths::Hold, hold);
+    QTRY_VERIFY(center().isEmpty());
+}
 
 void tst_ConsolePanes::spanIsThatOfTheRows()
 {
@@ -449,6 +583,20 @@ void tst_ConsolePanes::rangesStandBelowThePictures()
 
 // Times of markers
 
+void tst_ConsolePanes::rangesStandBelowFivePanes()
+{
+    for (char const * const path :
+         { ConsolePaths::PersistenceShown, ConsolePaths::AzimuthShown, ConsolePaths::ElevationShown })
+        ConsoleValues::SetFlag(path, true);
+    ShowMarkers(true);
+    ShowTimes(true);
+    for (QSize const size : { QSize(1280, 800), QSize(1100, 760) }) {
+        m_window->resize(size);
+        for (QString const & name : { QStringLiteral("frequencyRange"), QStringLiteral("timeRange") })
+            QTRY_VERIFY(FrameOf(Waterfall).findChild<AxisRangeDisplay *>(name)->isVisible());
+    }
+}
+
 void tst_ConsolePanes::timeMarkersStandOnRows()
 {
     WaterfallImage const & image = m_window->Waterfall().GetImage();
@@ -475,9 +623,72 @@ void tst_ConsolePanes::timeMarkersStandOnRows()
             continue;
         QCOMPARE(image.Stamp(ruler.line), earlier);
         QString const time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(earlier / 1e3), Qt::UTC)
-                                 .toString(QStringLiteral("hh:mm:ss"));
+                                 .toString(QStringLiteral("hh:mm:ss.zzz"));
         QCOMPARE(ruler.texts, QStringList{ QStringLiteral("T1 ") + time });
     }
+}
+
+void tst_ConsolePanes::timeMarkersWaitForRows()
+{
+    auto * const markers = m_window->findChild<ConsoleMarkers *>();
+    QVERIFY(markers);
+    Rows(1);
+    ShowTimes(true);
+    Rows(8);
+    markers->slotLineShown();
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Time1), PaneTools::Noon + 1e6);
+    QCOMPARE(ConsoleValues::Get(ConsolePaths::Time2), PaneTools::Noon + 5e6);
+}
+
+void tst_ConsolePanes::timeFlagsFollowTheZone()
+{
+    Rows(100);
+    ShowTimes(true);
+    ConsoleValues::Set(ConsolePaths::Time1, PaneTools::Noon + 40e6);
+    QCOMPARE(TextOf(ConsoleMarkers::Time1), QStringLiteral("T1 12:00:40"));
+    ValueSelection * const zone = GuiBase::Instance().GetTimeZone();
+    zone->Select(3600L, nullptr);
+    QCOMPARE(TextOf(ConsoleMarkers::Time1), QStringLiteral("T1 13:00:40"));
+    zone->Select(0L, nullptr);
+    QCOMPARE(TextOf(ConsoleMarkers::Time1), QStringLiteral("T1 12:00:40"));
+}
+
+void tst_ConsolePanes::timesAreAsFineAsTheRows()
+{
+    Rows(100, 40e3);
+    ShowTimes(true);
+    ConsoleValues::Set(ConsolePaths::Time1, PaneTools::Noon + 40e3);
+    ConsoleValues::Set(ConsolePaths::Time2, PaneTools::Noon + 1.2e6);
+    QCOMPARE(TextOf(ConsoleMarkers::Time1), QStringLiteral("T1 12:00:00.040"));
+    QCoreApplication::processEvents();
+    auto const first = [this] {
+        return FrameOf(Waterfall)
+            .findChild<AxisRangeDisplay *>(QStringLiteral("timeRange"))
+            ->findChild<VCLabel *>(QStringLiteral("First Ruler"))
+            ->text()
+            .trimmed();
+    };
+    QCOMPARE(first(), QStringLiteral("12:00:00.040"));
+    Rows(100);
+    QCOMPARE(first(), QStringLiteral("12:00:00"));
+    QCOMPARE(TextOf(ConsoleMarkers::Time2), QStringLiteral("T2 12:00:01"));
+}
+
+void tst_ConsolePanes::captionFollowsTheTimeRange()
+{
+    Rows(100);
+    VCCaption const & caption = FrameOf(Waterfall).Caption();
+    QString const rows = caption.GetCaptionCenter();
+    ShowTimes(true);
+    ConsoleValues::Set(ConsolePaths::Time1, PaneTools::Noon + 40e6);
+    ConsoleValues::Set(ConsolePaths::Time2, PaneTools::Noon + 20e6);
+    QString const marked = QStringLiteral("2026-10-22 12:00:20 - 12:00:40  [00:20]");
+    QCOMPARE(caption.GetCaptionCenter(), marked);
+    RangeBar & bar = FrameOf(Waterfall).Ranges();
+    bar.SetRoom(QSize(1000, 50), 50, 50); // too low for a display
+    QCOMPARE(caption.GetCaptionCenter(), rows);
+    bar.SetRoom(QSize(1000, 400), 50, 50);
+    QCOMPARE(caption.GetCaptionCenter(), marked);
 }
 
 void tst_ConsolePanes::timeMarkerIsDragged()
