@@ -122,7 +122,7 @@ QString WaterfallPane::TimeFormat() const
 QRect WaterfallPane::LevelFlagRoom() const
 {
     QRect const picture = LogicalPicture();
-    QString const widest = Orim::DateTime(0ULL).toString(QStringLiteral("'T1 '") + TimeFormat());
+    QString const widest = QStringLiteral("T1 ") + Orim::DateTime(0ULL).toString(TimeFormat());
     int const width = std::min(fontMetrics().horizontalAdvance(widest) + FlagSpare, std::max(0, picture.width()));
     return { picture.right() + 1 - width, picture.top(), width, picture.height() };
 }
