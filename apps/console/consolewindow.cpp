@@ -46,9 +46,9 @@ constexpr QSize StartSize(1100, 760);
 constexpr double Megahertz = 1e6;
 constexpr double MillisecondsASecond = 1e3;
 constexpr double Kilohertz = 1e3;
-constexpr double FullScale = 0.0;     // dBFS
-constexpr double Microseconds = 1e6;  // a second
-constexpr int LeastTimedHeight = 100; // px, of the pane with rows, above its range displays
+constexpr double FullScale = 0.0;    // dBFS
+constexpr double Microseconds = 1e6; // a second
+constexpr int LeastTimedHeight = 80; // px, of the pane with rows, above its range displays
 
 } // namespace
 

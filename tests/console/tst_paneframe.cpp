@@ -484,7 +484,10 @@ void tst_PaneFrame::geometry()
     frame.resize(600, 300);
     QTRY_COMPARE(frame.Pane().width(), 600);
     QImage const picture = Rendered(frame.Caption());
-    QVERIFY(picture.pixel(1, 1) != picture.pixel(300, 9) || picture.allGray());
+    bool isWritten = false;
+    for (int x = 1; x < picture.width() / 2; ++x)
+        isWritten = isWritten || picture.pixel(x, picture.height() / 2) != picture.pixel(1, 1);
+    QVERIFY(isWritten);
     QVERIFY(static_cast<SpectrumPane &>(frame.Pane()).GetPictureRect().width() > 300);
 }
 
@@ -585,6 +588,8 @@ void tst_PaneFrame::frameOfAWidget()
 void tst_PaneFrame::frameAtHand()
 {
     Stack panes;
+    for (PaneFrame * const frame : panes.frames)
+        frame->setAttribute(Qt::WA_UnderMouse, false);
     QCOMPARE(panes.stack.AtHand(), panes.frames[0]); // the topmost
     panes.frames[1]->SetHeld(true);
     QCOMPARE(panes.stack.AtHand(), panes.frames[1]); // the one used
@@ -599,8 +604,14 @@ void tst_PaneFrame::frameAtHand()
     QTRY_COMPARE(panes.stack.AtHand(), panes.frames[0]); // which had the focus last
     Flag(true);
     panes.frames[2]->SetHeld(true);
+    auto const leave = [&panes] { // whatever came to lie under the mouse
+        for (PaneFrame * const frame : panes.frames)
+            frame->setAttribute(Qt::WA_UnderMouse, false);
+    };
+    leave();
     QCOMPARE(panes.stack.AtHand(), panes.frames[2]);
     Flag(false);
+    leave();
     QCOMPARE(panes.stack.AtHand(), panes.frames[0]); // a hidden one is none
 }
 
