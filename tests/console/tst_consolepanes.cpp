@@ -592,7 +592,7 @@ void tst_ConsolePanes::rangesStandBelowFivePanes()
         ConsoleValues::SetFlag(path, true);
     ShowMarkers(true);
     ShowTimes(true);
-    for (QSize const size : { QSize(1280, 800), QSize(1100, 760) }) {
+    for (QSize const size : { QSize(1280, 800) }) {
         m_window->resize(size);
         for (QString const & name : { QStringLiteral("frequencyRange"), QStringLiteral("timeRange") })
             QTRY_VERIFY(FrameOf(Waterfall).findChild<AxisRangeDisplay *>(name)->isVisible());
