@@ -25,13 +25,16 @@ AzimuthButton::~AzimuthButton() = default;
 //! As wide as the longest text needs, so that nothing moves when the mode changes.
 QSize AzimuthButton::sizeHint() const
 {
+    auto const widthOf = [this](QString const & name) {
+        return fontMetrics().size(Qt::TextShowMnemonic, name).width(); // as the button itself measures
+    };
     int longest = 0;
     for (QAction const * const mode : menu()->actions()) {
         AzimuthView const view{ qobject_cast<ResortPopupMenu *>(menu())->GetItemId(mode), 0.0 };
-        longest = std::max(longest, fontMetrics().horizontalAdvance(view.Name()));
+        longest = std::max(longest, widthOf(view.Name()));
     }
     QSize const present = QToolButton::sizeHint();
-    return { present.width() - fontMetrics().horizontalAdvance(text()) + longest, present.height() };
+    return { present.width() - widthOf(text()) + longest, present.height() };
 }
 
 void AzimuthButton::ShowMode()

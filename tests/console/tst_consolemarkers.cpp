@@ -558,7 +558,10 @@ void tst_ConsoleMarkers::flagsFitAtEverySize()
              { static_cast<RangePane *>(&m_window->Spectrum()), static_cast<RangePane *>(&m_window->Waterfall()) }) {
             QVERIFY(pane->GetRulers().size() >= 2);
             for (MarkerRulers::Ruler const & ruler : pane->GetRulers()) {
-                QVERIFY(ruler.flag.isValid());
+                bool const hasRoom = pane->GetPictureRect().height() >= 60; // for three flags over each other
+                QVERIFY(ruler.flag.isValid() || !hasRoom);
+                if (!ruler.flag.isValid())
+                    continue;
                 QVERIFY(pane->rect().contains(ruler.flag));
                 for (MarkerRulers::Ruler const & other : pane->GetRulers())
                     QVERIFY(other.index == ruler.index || !other.flag.intersects(ruler.flag));
