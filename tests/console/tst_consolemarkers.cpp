@@ -572,7 +572,8 @@ void tst_ConsoleMarkers::flagsFitAtEverySize()
         if (qobject_cast<TimeAxis *>(axis) || !axis->isVisible())
             continue; // the one has labels once a second has passed, the other once it is shown
         std::vector<QRect> const labels = axis->GetLabelRects();
-        QVERIFY(labels.size() >= 3); // the unit is one of them
+        bool const isLow = axis->height() < 60 && !qobject_cast<FrequencyAxis *>(axis);
+        QVERIFY(labels.size() >= (isLow ? 1U : 3U)); // the unit is one of them
         for (std::size_t i = 0; i < labels.size(); ++i) {
             QVERIFY(axis->rect().contains(labels[i]));
             for (std::size_t other = 0; other < i; ++other)
