@@ -138,7 +138,8 @@ private:
     {
         if (m_count++ != m_when)
             return;
-        if (isInQt && (m_target == eCaption || m_target == eParent || m_target == eButton || m_target == ePopup))
+        if ((isInQt || m_isHiding) &&
+            (m_target == eCaption || m_target == eParent || m_target == eButton || m_target == ePopup))
             m_isDue = true;
         else
             Delete();
@@ -218,6 +219,15 @@ private:
             QTest::mouseClick(button, Qt::LeftButton);
     }
 
+    //! Qt 5 hands the focus back while it hides the popup, and goes on with the popup: it goes afterwards.
+    void HidePopup()
+    {
+        m_isHiding = std::strcmp(qVersion(), "6") < 0;
+        if (QWidget * const popup = m_pBar->GetContextMenu())
+            popup->hide();
+        m_isHiding = false;
+    }
+
     void Step(int step, int round)
     {
         switch (step) {
@@ -278,9 +288,7 @@ private:
         case 20:
             return Send(QContextMenuEvent(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5)));
         case 21:
-            if (QWidget * const popup = m_pBar->GetContextMenu())
-                popup->hide();
-            return;
+            return HidePopup();
         case 22:
             return m_pBar->slotRunning(round != 0);
         default:
@@ -293,6 +301,7 @@ private:
     int m_when;
     int m_count = 0;
     bool m_isDue = false;
+    bool m_isHiding = false;
     QPointer<QWidget> m_pParent;
     QPointer<CaptionProbe> m_pBar;
     std::unique_ptr<Consumer> m_pConsumer;
