@@ -126,7 +126,9 @@ private:
         connect(bar, &VCCaption::OnTopButtonClick, this, heard);
         connect(bar, &VCCaption::CaptionDoubleClick, this, heard);
         connect(bar, &VCCaption::signalFullButtonClick, this, heard);
-        connect(bar, &VCCaption::FocusSet, this, heard);
+        // Qt 5 gives the focus while it opens or hides a popup, and goes on with the popup and the bar
+        bool const isQt5 = std::strcmp(qVersion(), "6") < 0;
+        connect(bar, &VCCaption::FocusSet, this, [this, isQt5] { Count(isQt5 && !m_isFocusSent); });
         connect(bar, &VCCaption::Stop, this, heard);
         connect(bar, &VCCaption::Start, this, heard);
         connect(bar, &VCCaption::si_stopButtonStateChanged, this, heard);
@@ -138,8 +140,7 @@ private:
     {
         if (m_count++ != m_when)
             return;
-        if ((isInQt || m_isHiding) &&
-            (m_target == eCaption || m_target == eParent || m_target == eButton || m_target == ePopup))
+        if (isInQt && (m_target == eCaption || m_target == eParent || m_target == eButton || m_target == ePopup))
             m_isDue = true;
         else
             Delete();
@@ -219,13 +220,11 @@ private:
             QTest::mouseClick(button, Qt::LeftButton);
     }
 
-    //! Qt 5 hands the focus back while it hides the popup, and goes on with the popup: it goes afterwards.
-    void HidePopup()
+    void Focus(QEvent::Type type)
     {
-        m_isHiding = std::strcmp(qVersion(), "6") < 0;
-        if (QWidget * const popup = m_pBar->GetContextMenu())
-            popup->hide();
-        m_isHiding = false;
+        m_isFocusSent = true;
+        Send(QFocusEvent(type));
+        m_isFocusSent = false;
     }
 
     void Step(int step, int round)
@@ -250,9 +249,9 @@ private:
         case 6:
             return Wheel(-120);
         case 7:
-            return Send(QFocusEvent(QEvent::FocusIn));
+            return Focus(QEvent::FocusIn);
         case 8:
-            return Send(QFocusEvent(QEvent::FocusOut));
+            return Focus(QEvent::FocusOut);
         case 9:
             return Mouse(QEvent::MouseButtonPress, 5);
         case 10:
@@ -288,7 +287,9 @@ private:
         case 20:
             return Send(QContextMenuEvent(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5)));
         case 21:
-            return HidePopup();
+            if (QWidget * const popup = m_pBar->GetContextMenu())
+                popup->hide();
+            return;
         case 22:
             return m_pBar->slotRunning(round != 0);
         default:
@@ -301,7 +302,7 @@ private:
     int m_when;
     int m_count = 0;
     bool m_isDue = false;
-    bool m_isHiding = false;
+    bool m_isFocusSent = false;
     QPointer<QWidget> m_pParent;
     QPointer<CaptionProbe> m_pBar;
     std::unique_ptr<Consumer> m_pConsumer;
