@@ -119,10 +119,10 @@ void StoreFile::Sweep(QString const & target)
 {
     QFileInfo const info(target);
     QDir folder(info.absolutePath());
-    QStringList const names =
-        folder.entryList({ info.fileName() + QLatin1String(".??????") }, QDir::Files | QDir::NoSymLinks);
-    for (QString const & name : names)
-        if (LooksTemporary(name.right(6)))
+    QString const start = info.fileName() + QLatin1Char('.');
+    // No name filters: they match by regular expressions, which Qt 5 cannot do any more while the process ends.
+    for (QString const & name : folder.entryList(QDir::Files | QDir::NoSymLinks))
+        if (name.startsWith(start) && LooksTemporary(name.mid(start.size())))
             folder.remove(name);
 }
 

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void sweeps_data();
     void sweeps();
     void sweepsOnlyBesideTheTarget();
+    void sweepsByTheNameAsItStands();
     void locksAgainstAnother();
     void lockOfAMissingFolder();
     void lockLeavesNothing();
@@ -168,6 +169,7 @@ void tst_StoreFile::sweeps_data()
     row("f.aBcDe1", false);
     row("f.aBc.eF", false);
     row("f.corrupt.aBcDeF", false);
+    row("F.aBcDeF", false);
     row("g.aBcDeF", false);
     row("ff.aBcDeF", false);
     row("faBcDeF", false);
@@ -194,6 +196,17 @@ void tst_StoreFile::sweepsOnlyBesideTheTarget()
     QVERIFY(QFileInfo::exists(At("f.aBcDeF")));
     QVERIFY(QFileInfo::exists(At("f.aBcDeG")));
     QVERIFY(QFileInfo::exists(At("sub/f.aBcDeF")));
+}
+
+void tst_StoreFile::sweepsByTheNameAsItStands()
+{
+    QVERIFY(Put(At("f[1]*.aBcDeF"), "x"));
+    QVERIFY(Put(At("f1.aBcDeF"), "x"));
+    QVERIFY(Put(At("f1*.aBcDeF"), "x"));
+    StoreFile::Sweep(At("f[1]*"));
+    QVERIFY(!QFileInfo::exists(At("f[1]*.aBcDeF")));
+    QVERIFY(QFileInfo::exists(At("f1.aBcDeF")));
+    QVERIFY(QFileInfo::exists(At("f1*.aBcDeF")));
 }
 
 void tst_StoreFile::locksAgainstAnother()
