@@ -29,11 +29,14 @@ private Q_SLOTS:
 
 namespace {
 
-//! A store whose texts the test sees and sets.
+//! The store in force while it lives, whose texts the test sees and sets. The one before comes back after it: static
+//! objects write while the process ends, and not into a file.
 class Store : public ICfg
 {
 public:
-    ~Store() override { Persistant::SetStore(nullptr); }
+    Store() { Persistant::SetStore(this); }
+
+    ~Store() override { Persistant::SetStore(m_pBefore); }
 
     QString ReadString(QString const & key, QString const & fallback) override
     {
@@ -44,6 +47,9 @@ public:
     void WriteString(QString const & key, QString const & text) override { texts[key] = text; }
 
     std::map<QString, QString> texts;
+
+private:
+    ICfg * m_pBefore = Persistant::Store();
 };
 
 std::unique_ptr<Store> g_store;
@@ -61,7 +67,6 @@ std::unique_ptr<ConsoleWindow> Window()
 void tst_ConsoleSettings::init()
 {
     g_store = std::make_unique<Store>();
-    Persistant::SetStore(g_store.get());
     ColorSet::Instance().Load(0);
 }
 

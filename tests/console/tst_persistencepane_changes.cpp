@@ -735,6 +735,7 @@ void tst_PersistencePaneChanges::controlsOfAHiddenPaneAreDisabled()
 void tst_PersistencePaneChanges::settingsComeBack()
 {
     g_values.reset();
+    ICfg * const before = Persistant::Store();
     MemoryCfg store;
     Persistant::SetStore(&store);
     auto const make = [] {
@@ -755,7 +756,7 @@ void tst_PersistencePaneChanges::settingsComeBack()
     QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Hold), -1L);
     QCOMPARE(ConsoleValues::GetKey(ConsolePaths::Quality), 4L);
     QVERIFY(ConsoleValues::GetFlag(ConsolePaths::Ageing)); // a picture that stood would puzzle the next day
-    Persistant::SetStore(nullptr);
+    Persistant::SetStore(before);
 }
 
 ORIM_TEST_MAIN(tst_PersistencePaneChanges)
