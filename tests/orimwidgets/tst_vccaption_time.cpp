@@ -441,6 +441,10 @@ void tst_vccaption_time::timeLeftBesideASpan()
     bar.SetWFTimeLeft(time);
     QCOMPARE(bar.GetCaptionLeft(), QStringLiteral("2023-11-14 22:13:33"));
     QVERIFY(bar.GetCaptionCenter().startsWith(QStringLiteral("2023-11-14 22:13:20.000... 13:33.500")));
+    bar.SetCaptionLeft(QStringLiteral("mark"));
+    bar.SetTimeCaption(0.0, Start);
+    bar.SetWFTimeLeft(time); // the same second, whatever the span tells
+    QCOMPARE(bar.GetCaptionLeft(), QStringLiteral("mark"));
 }
 
 void tst_vccaption_time::timeLeftStamps_data()
